@@ -1,0 +1,45 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "shell/form.h"
+
+#include <QCloseEvent>
+#include <QMdiSubWindow>
+#include <algorithm>
+
+namespace dosmara {
+
+Form::Form(const QString& name) {
+  setObjectName(name);
+  setAttribute(Qt::WA_DeleteOnClose);
+  LoadedForms.push_back(this);
+}
+
+Form::~Form() { LeaveLoadedForms(); }
+
+void Form::closeEvent(QCloseEvent* event) {
+  if (LeaveLoadedForms()) {
+    Unload();
+  }
+  QWidget::closeEvent(event);
+}
+
+// Returns whether the form was still loaded.
+bool Form::LeaveLoadedForms() {
+  return std::erase(LoadedForms, static_cast<LoadedForm*>(this)) > 0;
+}
+
+QPoint FormCentrePosition(QSize main, QSize form) {
+  return {qRound(main.width() * 0.85 / 2 - form.width() / 2.0 + FromTwips(100)),
+          qRound(main.height() / 2.0 - form.height() / 2.0 - FromTwips(80))};
+}
+
+void FormCentre(Form& form) {
+  auto* frame = qobject_cast<QMdiSubWindow*>(form.parentWidget());
+  if (frame == nullptr) {
+    return;
+  }
+  frame->resize(frame->sizeHint().boundedTo(frame->parentWidget()->size()));
+  const QPoint place = FormCentrePosition(frame->window()->size(), frame->size());
+  frame->move(std::max(place.x(), 0), std::max(place.y(), 0));
+}
+
+}  // namespace dosmara
