@@ -23,9 +23,7 @@ void Form::closeEvent(QCloseEvent* event) {
 }
 
 // Returns whether the form was still loaded.
-bool Form::LeaveLoadedForms() {
-  return std::erase(LoadedForms, static_cast<LoadedForm*>(this)) > 0;
-}
+bool Form::LeaveLoadedForms() { return std::erase(LoadedForms, static_cast<LoadedForm*>(this)) > 0; }
 
 QPoint FormCentrePosition(QSize main, QSize form) {
   return {qRound(main.width() * 0.85 / 2 - form.width() / 2.0 + FromTwips(100)),
