@@ -8,22 +8,25 @@
 //   Offset  Width  Name         From        Meaning
 //        0      1  AddrLo       index file  address, opaque to the tool
 //        1      1  AddrHi       index file  address, opaque to the tool
-//        2      1  Control      index file  low nibble: data length less one; high nibble as the board wants
-//        it 3      1  Period       index file  low nibble: polling period N; high nibble: its countdown 4 1
-//        Subscribers  0           number of subscriptions 5      1  Flags        0           Arrived 1, Due
-//        2, Wanted 4, OneShot 32 and 64, WritePending 128 6      1  Bank         index file  third address
-//        byte, opaque to the tool 7      4  Value        index file  value, least significant byte first
+//        2      1  Control      index file  low nibble: data length less one; high nibble: as the board wants
+//        3      1  Period       index file  low nibble: polling period N; high nibble: its countdown
+//        4      1  Subscribers  0           number of subscriptions
+//        5      1  Flags        0           Arrived 1, Due 2, Wanted 4, OneShot 32 and 64, WritePending 128
+//        6      1  Bank         index file  third address byte, opaque to the tool
+//        7      4  Value        index file  value, least significant byte first
 //       11     12  Padding      blanks      read only as the upper bytes of a value wider than four
 //
 // What each operation does:
 //
-//   Operation         Node                     Flags                                 Stops the program
-//   ParamSubscribe    NodeIndex; no-op absent  OR 6                                  index 0, 256th
-//   subscriber ParamUnsubscribe  NodeIndex; no-op absent  AND 248 when the last one leaves      - ParamPut
-//   NodeIndex, also absent   (OR 134) AND 254                      index 0, negative, 2^31 and up ParamGet
-//   explicit                 -                                     - ParamIsFresh      explicit - -
+//   Operation         Node                     Flags                   Stops the program
+//   ParamSubscribe    NodeIndex, if present    OR 6                    index 0, 256th subscriber
+//   ParamUnsubscribe  NodeIndex, if present    AND 248 by the last     -
+//   ParamPut          NodeIndex, even absent   (OR 134) AND 254        index 0, value below 0 or from 2^31 up
+//   ParamGet          explicit                 -                       -
+//   ParamIsFresh      explicit                 -                       -
 //
-// An index above kLastRecord stops the program in each of them.
+// Any of them also stops the program at an index that is below 0 or above kLastRecord, and at a node that
+// is none. On an absent node the two that need a present one do nothing, whatever the index.
 #pragma once
 
 #include <cstddef>

@@ -1,0 +1,51 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "link/notification.h"
+
+#include <algorithm>
+#include <cstddef>
+
+#include "store/parameter_table.h"
+
+namespace dosmara {
+
+std::vector<LoadedForm*> LoadedForms;
+
+namespace {
+
+constexpr std::size_t kFirstTold = 2;
+
+// `place` is where the form stood when the arrival began, and where it normally still stands.
+bool IsStillLoaded(const LoadedForm* form, std::size_t place) {
+  if (place < LoadedForms.size() && LoadedForms[place] == form) return true;
+  return std::ranges::find(LoadedForms, form) != LoadedForms.end();
+}
+
+}  // namespace
+
+double ReplyValue(const Bytes& reply) {
+  double value = 0;
+  for (std::size_t i = reply.size(); i-- > 0;) value = value * 256 + reply[i];
+  return value;
+}
+
+void NotifyForms(std::int32_t index, const Bytes& reply) {
+  const double value = ReplyValue(reply);
+  // Told are the forms that were loaded when the value arrived, as far as they still are.
+  const std::vector<LoadedForm*> forms = LoadedForms;
+  // Each form finds the node of the exchange, also when the form before it wrote to another node; the scan
+  // goes on where the last of such forms has moved it.
+  const std::uint8_t node = NodeIndex;
+  std::uint8_t next_node = node;
+  for (std::size_t i = kFirstTold; i < forms.size(); ++i) {
+    if (!IsStillLoaded(forms[i], i)) continue;
+    NodeIndex = node;
+    try {
+      forms[i]->SLabelChange(index, value);
+    } catch (...) {  // a form in trouble is its own affair
+    }
+    if (NodeIndex != node) next_node = NodeIndex;
+  }
+  NodeIndex = next_node;
+}
+
+}  // namespace dosmara
