@@ -1,0 +1,46 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "machine/audit.h"
+
+#include "machine/main_board_records.h"
+
+namespace machine {
+namespace {
+
+constexpr std::uint32_t kClear = 1;
+constexpr std::uint32_t kClearAll = 8;
+
+struct Counters {
+  int node;
+  int first;
+  int last;
+  bool for_life;
+};
+constexpr Counters kCounters[] = {
+    {0, 107, 122, false},  // coins by channel
+    {0, 123, 123, true},   // vends
+    {0, 124, 126, false},  // vends, free vends, tests
+    {0, 127, 127, true},   // takings
+    {0, 128, 131, false},  // takings, discounts, overpay, jugs
+    {0, 332, 332, true},   // overpay
+    {0, 336, 338, false},  // preselections
+    {1, 60, 147, false},   // paid, free, jug and test vends by selection
+    {2, 71, 214, false},   // paid, free and test vends by position
+    {3, 71, 214, false},
+};
+
+}  // namespace
+
+void Audit::OnWrite(int node, int record) {
+  if (node != 0 || record != kCommandRecord || dispenser_.busy()) return;
+  const std::uint32_t command = boards_[0].Get(kCommandRecord);
+  if (command != kClear && command != kClearAll) return;
+  for (const Counters& counters : kCounters) {
+    if (counters.for_life && command != kClearAll) continue;
+    if (!presence_.IsPresent(counters.node)) continue;
+    for (int n = counters.first; n <= counters.last; ++n) {
+      boards_[static_cast<std::size_t>(counters.node)].Set(n, 0);
+    }
+  }
+}
+
+}  // namespace machine

@@ -1,0 +1,52 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "machine/board_files.h"
+
+#include <fstream>
+#include <iterator>
+#include <string>
+
+namespace machine {
+namespace {
+
+constexpr std::size_t kSmallRow = 5;
+constexpr std::size_t kFullRow = 9;
+
+Bytes ReadWhole(const std::filesystem::path& path) {
+  std::ifstream file(path, std::ios::binary);
+  if (!file) throw FileError(path.string() + ": cannot be read");
+  return Bytes(std::istreambuf_iterator<char>(file), {});
+}
+
+Address AddressOf(const std::uint8_t* row) {
+  return {.bank = row[4], .high = row[1], .low = row[0], .control = row[2]};
+}
+
+[[noreturn]] void RefuseRow(const std::filesystem::path& path, std::size_t row) {
+  throw FileError(path.string() + ": row " + std::to_string(row + 1) + " lies at an address already taken");
+}
+
+}  // namespace
+
+Boards LoadBoards(const std::filesystem::path& directory) {
+  Boards boards;
+  for (std::size_t node = 0; node < boards.size(); ++node) {
+    const BoardKind& kind = kBoardKinds[node];
+    const auto small_path = directory / kind.small_file;
+    const Bytes small = ReadWhole(small_path);
+    for (std::size_t row = 0; row < small.size() / kSmallRow; ++row) {
+      if (!boards[node].AddIdentification(AddressOf(&small[row * kSmallRow]))) RefuseRow(small_path, row);
+    }
+    const auto full_path = directory / (std::string(kind.full_file) + ".inx");
+    const Bytes full = ReadWhole(full_path);
+    for (std::size_t row = 0; row < full.size() / kFullRow; ++row) {
+      const std::uint8_t* bytes = &full[row * kFullRow];
+      std::uint32_t value = 0;
+      for (int i = 0; i < 4; ++i) value |= std::uint32_t{bytes[5 + i]} << (8 * i);
+      if (!boards[node].AddRecord(AddressOf(bytes), value)) RefuseRow(full_path, row);
+    }
+    boards[node].SetIdentity(kind.identity);
+  }
+  return boards;
+}
+
+}  // namespace machine

@@ -1,0 +1,118 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "machine/machine.h"
+
+#include <algorithm>
+#include <numeric>
+#include <string>
+#include <utility>
+
+namespace machine {
+namespace {
+
+using namespace std::chrono_literals;
+
+// From the end of a request to the start of its reply: the main board by itself, and with a board behind it.
+constexpr Time kDirectTurnaround = 1ms;
+constexpr Time kForwardedTurnaround = 3ms;
+
+// A tool gives up after one second.
+constexpr Time kLateTurnaround = 1200ms;
+
+// From switch-on to the first reply.
+constexpr Time kStartUp = 2s;
+
+constexpr Address kPortTest{};
+
+}  // namespace
+
+Machine::Machine(Boards boards, std::uint32_t seed, FrameLog log)
+    : boards_(std::move(boards)), faults_(seed), log_(std::move(log)) {}
+
+void Machine::Receive(std::span<const std::uint8_t> bytes) {
+  for (const std::uint8_t byte : bytes) {
+    const Time end = incoming_.Carry(now());
+    schedule_.At(end, [this, byte, end] { TakeByte(byte, end - kCharTime); });
+  }
+}
+
+std::vector<SentByte> Machine::TakeSent() { return std::exchange(sent_, {}); }
+
+void Machine::Restart() {
+  log_.Note(now(), "restart");
+  schedule_.Clear();
+  reader_ = {};
+  incoming_ = {};
+  outgoing_ = {};
+  ready_at_ = now() + kStartUp;
+  for (Concern* concern : concerns_) concern->OnRestart();
+}
+
+void Machine::Write(int node, int record, std::uint32_t value) {
+  board(node).Set(record, value);
+  for (Concern* concern : concerns_) concern->OnWrite(node, record);
+}
+
+void Machine::TakeByte(std::uint8_t byte, Time begin) {
+  if (begin - last_byte_ >= kSilentTime) reader_.Silence();
+  last_byte_ = now();
+  reader_.Push(byte);
+  TakeRequests();
+  schedule_.In(kSilentTime, [this] {
+    if (incoming_.free_at() > last_byte_ || now() - last_byte_ < kSilentTime) return;
+    reader_.Silence();
+    TakeRequests();
+  });
+}
+
+void Machine::TakeRequests() {
+  const Bytes dropped = reader_.TakeDropped();
+  traffic_.dropped_bytes += static_cast<unsigned>(dropped.size());
+  log_.Dropped(now(), dropped);
+  while (const auto request = reader_.TakeRequest()) Handle(*request);
+}
+
+void Machine::Handle(const Request& request) {
+  Cell* cell = board(request.node).Find(request.address);
+  ++traffic_.requests;
+  log_.In(now(), request, cell);
+  if (muted_ || now() < ready_at_ || !presence_.IsPresent(request.node)) return;
+  const bool port_test = request.node == 0 && !request.write && request.address == kPortTest;
+  if (cell == nullptr && !port_test) return;
+  if (faults_.Strikes(Fault::kSilence)) return;
+  const Bytes reply = faults_.Damage(Answer(request, cell));
+  const bool late = faults_.Strikes(Fault::kLate);
+  if (faults_.Strikes(Fault::kLost)) return;
+
+  const Time turnaround = request.node == 0 ? kDirectTurnaround : kForwardedTurnaround;
+  schedule_.In(late ? kLateTurnaround : turnaround, [this, request, cell, reply] {
+    log_.Out(now(), request, cell, reply);
+    ++traffic_.replies;
+    Send(reply);
+  });
+}
+
+// A write is answered by twice the check of its request, a read by the data and their sum. The port test,
+// which reads address 0 of node 0, is answered like a value of one byte that is 0.
+Bytes Machine::Answer(const Request& request, Cell* cell) {
+  if (request.write) {
+    cell->bytes.fill(0);
+    std::copy(request.data.begin(), request.data.end(), cell->bytes.begin());
+    if (!cell->identification) {
+      for (Concern* concern : concerns_) concern->OnWrite(request.node, cell->number);
+    }
+    return {static_cast<std::uint8_t>(2 * request.check)};
+  }
+  Bytes reply(request.address.length(), 0);
+  if (cell != nullptr) std::copy_n(cell->bytes.begin(), reply.size(), reply.begin());
+  reply.push_back(static_cast<std::uint8_t>(std::accumulate(reply.begin(), reply.end(), 0u)));
+  return reply;
+}
+
+void Machine::Send(const Bytes& bytes) {
+  for (const std::uint8_t byte : bytes) {
+    const Time end = outgoing_.Carry(now());
+    schedule_.At(end, [this, byte, end] { sent_.push_back({end, byte}); });
+  }
+}
+
+}  // namespace machine
