@@ -1,0 +1,85 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "data/caption_file.h"
+
+#include "tools/table_test.h"
+
+namespace dosmara {
+namespace {
+
+const std::string kHeader = "line|Italiano|English\n";
+
+class CaptionFileCheck : public TableTest {
+ protected:
+  std::vector<Language> Read(const std::string& text) { return ReadCaptions(Table(text)); }
+  std::string Mistake(const std::string& text) {
+    return Complaint([&] { Read(text); });
+  }
+};
+
+TEST_F(CaptionFileCheck, GivesEveryLanguageItsColumn) {
+  const auto languages = Read(kHeader + "1|Esci|Exit\n2|Tempi|Times\n");
+  ASSERT_EQ(languages.size(), 2u);
+  EXPECT_EQ(languages[0].name, "Italiano");
+  EXPECT_EQ(languages[0].lines, (std::vector<std::string>{"Esci", "Tempi"}));
+  EXPECT_EQ(languages[1].name, "English");
+  EXPECT_EQ(languages[1].lines, (std::vector<std::string>{"Exit", "Times"}));
+}
+
+TEST_F(CaptionFileCheck, LeavesALineWithoutARowEmptyButPresent) {
+  EXPECT_EQ(Read(kHeader + "1|a|b\n3|c|d\n")[0].lines, (std::vector<std::string>{"a", "", "c"}));
+}
+
+TEST_F(CaptionFileCheck, KeepsABlankAtTheEndOfACaption) {
+  EXPECT_EQ(Read(kHeader + "1|Abil.sens.zeth |Sensor\n")[0].lines[0], "Abil.sens.zeth ");
+}
+
+TEST_F(CaptionFileCheck, CountsTheCodesOfARangeFromZeroInThreeDigits) {
+  const auto lines = Read(kHeader + "1-101|Allarme {code}|Alarm {code}\n")[1].lines;
+  ASSERT_EQ(lines.size(), 101u);
+  EXPECT_EQ(lines[0], "Alarm 000");
+  EXPECT_EQ(lines[17], "Alarm 017");
+  EXPECT_EQ(lines[100], "Alarm 100");
+}
+
+TEST_F(CaptionFileCheck, LetsARowOfOneLineOverrideARangeBeforeOrAfterIt) {
+  const auto lines = Read(kHeader + "1|Primo|First\n1-3|A {code}|A {code}\n3|Terzo|Third\n")[1].lines;
+  EXPECT_EQ(lines, (std::vector<std::string>{"First", "A 001", "Third"}));
+}
+
+TEST_F(CaptionFileCheck, RefusesADoubledLine) {
+  EXPECT_EQ(Mistake(kHeader + "7|a|b\n8|a|b\n7|a|b\n"), "t.tsv:4: line 7 stands in line 2 already");
+  EXPECT_EQ(Mistake(kHeader + "1-5|a|b\n4-8|a|b\n"), "t.tsv:3: line 4 stands in line 2 already");
+}
+
+TEST_F(CaptionFileCheck, RefusesACaptionMissingInOneLanguage) {
+  EXPECT_EQ(Mistake(kHeader + "7||b\n"), "t.tsv:2: Italiano is missing");
+  EXPECT_EQ(Mistake(kHeader + "7|a|\n"), "t.tsv:2: English is missing");
+  EXPECT_EQ(Mistake(kHeader + "7|a\n"), "t.tsv:2: has 2 cells");
+}
+
+TEST_F(CaptionFileCheck, RefusesALineBeyondTheCaptionTable) {
+  EXPECT_EQ(Mistake(kHeader + "650|a|b\n"), "");
+  EXPECT_EQ(Mistake(kHeader + "651|a|b\n"), "t.tsv:2: line '651' is no number from 1 to 650");
+  EXPECT_EQ(Mistake(kHeader + "0|a|b\n"), "t.tsv:2: line '0' is no number from 1 to 650");
+}
+
+TEST_F(CaptionFileCheck, RefusesAnOverlongCaptionByItsCharactersNotItsBytes) {
+  std::string sixty;
+  for (int i = 0; i < 60; ++i) sixty += "è";
+  EXPECT_EQ(Mistake(kHeader + "7|" + sixty + "|b\n"), "");
+  EXPECT_EQ(Mistake(kHeader + "7|" + sixty + "e|b\n"), "t.tsv:2: Italiano has more than 60 characters");
+}
+
+TEST_F(CaptionFileCheck, RefusesAMarkerThatSomeLanguagesLack) {
+  EXPECT_EQ(Mistake(kHeader + "7|;-- Tempi|Times\n"), "t.tsv:2: is a marker in some languages only");
+  EXPECT_EQ(Mistake(kHeader + "7|Tempi|;-- Times\n"), "t.tsv:2: is a marker in some languages only");
+  EXPECT_EQ(Mistake(kHeader + "7|;-- Tempi|;-- Times\n"), "");
+}
+
+TEST_F(CaptionFileCheck, RefusesATableWithoutItsHeaderOrRows) {
+  EXPECT_EQ(Mistake("1|a|b\n2|a|b\n"), "t.tsv:1: the first row must be 'line' and the languages");
+  EXPECT_EQ(Mistake(kHeader), "t.tsv:1: has no captions");
+}
+
+}  // namespace
+}  // namespace dosmara
