@@ -22,3 +22,33 @@ function(dosmara_test name)
     PROPERTIES LABELS ${arg_LABEL} TIMEOUT 120
     ENVIRONMENT "QT_QPA_PLATFORM=offscreen" ${arg_PROPERTIES})
 endfunction()
+
+# dosmara_fuzz(<name> SOURCES ... [LINK ...] [RUNS n])
+# A fuzz target, a function LLVMFuzzerTestOneInput. With DOSMARA_FUZZ it becomes a libFuzzer program, otherwise
+# one with a small driver of its own that replays the same mutations each time. Either way a short run of
+# RUNS inputs is a CTest entry. Files in tests/fuzz/corpus/<name>/ are the seeds, if there are any.
+function(dosmara_fuzz name)
+  cmake_parse_arguments(arg "" "RUNS" "SOURCES;LINK" ${ARGN})
+  if(NOT arg_RUNS)
+    set(arg_RUNS 20000)
+  endif()
+  add_executable(${name} ${arg_SOURCES})
+  target_include_directories(${name} PRIVATE ${PROJECT_SOURCE_DIR}/tests)
+  target_link_libraries(${name} PRIVATE ${arg_LINK})
+  set(seeds ${PROJECT_SOURCE_DIR}/tests/fuzz/corpus/${name})
+  if(NOT IS_DIRECTORY ${seeds})
+    set(seeds "")
+  endif()
+  if(DOSMARA_FUZZ)
+    target_link_options(${name} PRIVATE -fsanitize=fuzzer)
+    file(MAKE_DIRECTORY ${CMAKE_BINARY_DIR}/corpus/${name})
+    # The first folder takes the inputs that libFuzzer finds.
+    add_test(NAME fuzz.${name}
+      COMMAND ${name} -runs=${arg_RUNS} -seed=1 ${CMAKE_BINARY_DIR}/corpus/${name} ${seeds})
+  else()
+    target_sources(${name} PRIVATE ${PROJECT_SOURCE_DIR}/tests/fuzz/driver.cpp)
+    add_test(NAME fuzz.${name} COMMAND ${name} ${arg_RUNS} ${seeds})
+  endif()
+  set_tests_properties(fuzz.${name} PROPERTIES LABELS fuzz TIMEOUT 120
+    ENVIRONMENT "QT_QPA_PLATFORM=offscreen")
+endfunction()

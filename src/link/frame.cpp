@@ -39,9 +39,7 @@ Bytes EncodeRequest(const Request& request) {
   return frame;
 }
 
-Bytes PortTestFrame() {
-  return Bytes(5, 0);
-}
+Bytes PortTestFrame() { return Bytes(5, 0); }
 
 bool IsGoodReadReply(std::span<const std::uint8_t> taken, std::size_t n) {
   return Sum(taken.first(n)) == taken.back();

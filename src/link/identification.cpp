@@ -157,12 +157,9 @@ BoardIdentity BoardIdentify(int node) {
     int factor;
   };
   int presence = 0;
-  const Read reads[] = {{kEntryPresence, &presence, 1},
-                        {kEntryFileNumber, &board.file_number, 1},
-                        {kEntryRevision, &board.revision, 1},
-                        {kEntryBoardCode, &board.board_code, 1},
-                        {kEntryTypeLow, &board.board_type, 1},
-                        {kEntryTypeHigh, &board.board_type, 256}};
+  const Read reads[] = {{kEntryPresence, &presence, 1},        {kEntryFileNumber, &board.file_number, 1},
+                        {kEntryRevision, &board.revision, 1},  {kEntryBoardCode, &board.board_code, 1},
+                        {kEntryTypeLow, &board.board_type, 1}, {kEntryTypeHigh, &board.board_type, 256}};
   for (const Read& read : reads) {
     const std::optional<std::uint8_t> reply = SendIdentRead(node, read.entry);
     if (!reply) return board;
@@ -181,7 +178,8 @@ void ParamLoadIndex(const std::filesystem::path& folder) {
   for (int node = 0; node < kNodeCount; ++node) {
     const BoardIdentity board = BoardIdentify(node);
     if (!NodePresent[node]) continue;
-    LoadOrEnd(LoadFullIndex, folder, FullIndexName(board.board_type, board.revision, board.file_number), node);
+    LoadOrEnd(LoadFullIndex, folder, FullIndexName(board.board_type, board.revision, board.file_number),
+              node);
   }
   Host().DisableTimer(LinkTimer::Timer2);
   NodeIndex = 0;

@@ -93,9 +93,7 @@ void BeginExchange(ParamRec& record) {
   }
 }
 
-bool IsWrite() {
-  return ExchControl >= kWriteBit;
-}
+bool IsWrite() { return ExchControl >= kWriteBit; }
 
 // Sends the request again because of a bad reply.
 void RepeatRequest() {

@@ -76,9 +76,9 @@ void InitNodeTables() {
 }
 
 void InitModelNames() {
-  constexpr const char* kNames[] = {"Kelmar",         "Lumeno",      "Corvane",          "Zeth",
-                                    "Lumeno S",       "Corvane S",   "Brevo",            "Galdo",
-                                    "Lumeno Nord EU", "Zeth Kestra", "Lumeno S Nord EU", "Corvane Plus"};
+  constexpr const char* kNames[] = {
+      "Kelmar", "Lumeno", "Corvane",        "Zeth",        "Lumeno S",         "Corvane S",
+      "Brevo",  "Galdo",  "Lumeno Nord EU", "Zeth Kestra", "Lumeno S Nord EU", "Corvane Plus"};
   static_assert(std::size(kNames) == std::size(ModelNames));
   std::ranges::copy(kNames, ModelNames);
 }
