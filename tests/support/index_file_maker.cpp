@@ -11,9 +11,7 @@ namespace {
 
 constexpr int kIdentPage = 0xFF;
 
-std::uint8_t Byte(int value) {
-  return static_cast<std::uint8_t>(value);
-}
+std::uint8_t Byte(int value) { return static_cast<std::uint8_t>(value); }
 
 }  // namespace
 

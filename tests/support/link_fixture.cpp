@@ -31,9 +31,7 @@ LinkFixture::LinkFixture() {
   LoadedForms = {&main_window_, &frm_ser_, &form_};
 }
 
-LinkFixture::~LinkFixture() {
-  LoadedForms.clear();
-}
+LinkFixture::~LinkFixture() { LoadedForms.clear(); }
 
 void LinkFixture::Records(int node, int count, RecordPlan plan) {
   NodeRecordCount[node] = static_cast<std::int16_t>(count);

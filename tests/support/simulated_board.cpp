@@ -5,9 +5,7 @@ namespace dosmara {
 
 namespace {
 
-std::uint8_t LowByte(std::uint64_t value) {
-  return static_cast<std::uint8_t>(value & 0xFF);
-}
+std::uint8_t LowByte(std::uint64_t value) { return static_cast<std::uint8_t>(value & 0xFF); }
 
 int NodeOfLetter(std::uint8_t letter) {
   switch (letter) {

@@ -21,9 +21,7 @@ void VirtualHost::Send(const Bytes& bytes, microseconds delay) {
   for (std::size_t i = 0; i < bytes.size(); ++i) to_tool_.push_back({start + WireTime(i + 1), bytes[i]});
 }
 
-void VirtualHost::At(microseconds when, std::function<void()> what) {
-  calls_.emplace(when, std::move(what));
-}
+void VirtualHost::At(microseconds when, std::function<void()> what) { calls_.emplace(when, std::move(what)); }
 
 void VirtualHost::RunFor(microseconds time) {
   const microseconds end = now_ + time;
@@ -146,8 +144,8 @@ VirtualHost::Next VirtualHost::FindNext(bool world_only) const {
   for (std::size_t i = 0; i < timers_.size(); ++i) {
     const Timer& timer = timers_[i];
     if (!timer.enabled) continue;
-    const bool before_other_timer = next.source == Source::kTimer && timer.due == next.time &&
-                                    timer.order < timers_[next.timer].order;
+    const bool before_other_timer =
+        next.source == Source::kTimer && timer.due == next.time && timer.order < timers_[next.timer].order;
     if (before_other_timer) {
       next.timer = i;
     } else {
