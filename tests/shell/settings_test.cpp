@@ -62,7 +62,7 @@ TEST_F(SettingsTest, SetsPort1WhenBothFilesAreMissing) {
 TEST_F(SettingsTest, PassesOverAnOwnFileThatIsDamaged) {
   for (const char* text :
        {"", "Com=3", "Com=\nLingua=English\n", "Com=3 \nLingua=English\n", "\n\n", "Com=0\nLingua=English\n",
-        "Com=5\nLingua=English\n", "\x01\xFF\x00garbage", "Com=x\nLingua=English"}) {
+        "Com=5\nLingua=English\n", "\x01\xFFgarbage", "Com=x\nLingua=English"}) {
     SCOPED_TRACE(text);
     Own(text);
     settings_ = SettingsOf(folder_.program());

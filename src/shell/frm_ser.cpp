@@ -1,0 +1,224 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "shell/frm_ser.h"
+
+#include <QCoreApplication>
+#include <QDeadlineTimer>
+#include <QFileInfo>
+#include <QThread>
+#include <filesystem>
+
+#include "link/identification.h"
+#include "link/link_engine.h"
+#include "shell/msg_box.h"
+#include "shell/serial_names.h"
+#include "store/failure.h"
+
+namespace dosmara {
+
+namespace {
+
+constexpr std::chrono::milliseconds kTryAgainInterval(200);
+
+// Number for the message box of an open that failed. A device in use and one that the user may not open
+// give the same error; the file's permissions tell them apart.
+int OpenErrorNumber(QSerialPort::SerialPortError error, const QString& path) {
+  switch (error) {
+    case QSerialPort::DeviceNotFoundError:
+      return kErrorInvalidPort;
+    case QSerialPort::PermissionError: {
+      const QFileInfo device(path);
+      return device.isReadable() && device.isWritable() ? kErrorPortBusy : kErrorPermissionDenied;
+    }
+    default:
+      return kErrorDeviceUnavailable;
+  }
+}
+
+}  // namespace
+
+FrmSer::FrmSer(Settings& settings, StatusBar& status_bar)
+    : Form("FrmSer"), settings_(settings), status_bar_(status_bar) {
+  setFixedSize(0, 0);
+  serial_.setBaudRate(QSerialPort::Baud19200);
+  serial_.setReadBufferSize(kInputBufferBytes);
+  connect(&serial_, &QSerialPort::errorOccurred, this, &FrmSer::OnError);
+  connect(&serial_, &QSerialPort::readyRead, this, &FrmSer::OnReadyRead);
+  for (int i = 0; i < kLinkTimerCount; ++i) {
+    timers_[i].setObjectName(QString("Timer%1").arg(i + 1));
+    timers_[i].setTimerType(Qt::PreciseTimer);
+    timers_[i].setInterval(kLinkTimerInterval[i]);
+    connect(&timers_[i], &QTimer::timeout, this, [i] { TimerEvent(static_cast<LinkTimer>(i)); });
+  }
+  try_again_.setInterval(kTryAgainInterval);
+  connect(&try_again_, &QTimer::timeout, this, &FrmSer::TryAgain);
+}
+
+FrmSer::~FrmSer() {
+  // A port that closes in its destructor must not reach a form that is half gone.
+  serial_.disconnect(this);
+}
+
+void FrmSer::Load() {
+  status_bar_.MakePanels();
+  LinkAttach(*this);
+  LinkStart(std::filesystem::path(settings_.folder.toStdU16String()));
+}
+
+void FrmSer::Unload() {
+  for (QTimer& timer : timers_) {
+    timer.stop();
+  }
+  ClosePort();
+  unloaded_ = true;
+}
+
+int FrmSer::OpenPort(int port) {
+  ClosePort();
+  port_ = port;
+  device_ = DeviceOfPort(settings_.folder, port);
+  return OpenDevice();
+}
+
+void FrmSer::ClosePort() {
+  try_again_.stop();
+  CloseDevice();
+}
+
+// The device keeps its name even if others have moved up in the system's list since; only a port that had no
+// device yet is looked up again.
+void FrmSer::ReopenPort() {
+  ClosePort();
+  if (device_.isEmpty()) {
+    device_ = DeviceOfPort(settings_.folder, port_);
+  }
+  if (OpenDevice() != 0) {
+    try_again_.start();
+  }
+}
+
+int FrmSer::OpenDevice() {
+  const QString path = ResolveDevice(device_);
+  if (path.isEmpty()) {
+    return kErrorInvalidPort;
+  }
+  serial_.setPortName(path);
+  if (!serial_.open(QIODevice::ReadWrite)) {
+    return OpenErrorNumber(serial_.error(), path);
+  }
+  // The system has kept what arrived while nobody listened.
+  serial_.clear(QSerialPort::Input);
+  return 0;
+}
+
+void FrmSer::CloseDevice() {
+  lost_ = false;
+  if (serial_.isOpen()) {
+    serial_.close();
+  }
+}
+
+// A device that has gone raises errors without end until it is closed, so the first one counts. It must not
+// be closed from inside the event that reports the error.
+void FrmSer::OnError(QSerialPort::SerialPortError error) {
+  const bool fatal = error == QSerialPort::ReadError || error == QSerialPort::WriteError ||
+                     error == QSerialPort::ResourceError || error == QSerialPort::UnknownError;
+  if (fatal && serial_.isOpen() && !lost_) {
+    lost_ = true;
+    QMetaObject::invokeMethod(this, &FrmSer::LoseDevice, Qt::QueuedConnection);
+  }
+}
+
+void FrmSer::LoseDevice() {
+  if (lost_) {
+    CloseDevice();
+    try_again_.start();
+  }
+}
+
+// The request that was under way left with the device, so its time-out is at hand: there is no use in waiting
+// for the rest of the second.
+void FrmSer::TryAgain() {
+  if (OpenDevice() != 0) {
+    return;
+  }
+  try_again_.stop();
+  if (timers_[static_cast<int>(LinkTimer::Timer2)].isActive()) {
+    TimerEvent(LinkTimer::Timer2);
+  }
+}
+
+void FrmSer::Output(std::span<const std::uint8_t> frame) {
+  if (serial_.isOpen()) {
+    serial_.write(reinterpret_cast<const char*>(frame.data()), static_cast<qint64>(frame.size()));
+    serial_.flush();
+  }
+}
+
+std::size_t FrmSer::InputCount() const { return static_cast<std::size_t>(serial_.bytesAvailable()); }
+
+Bytes FrmSer::TakeInput() {
+  const QByteArray input = serial_.readAll();
+  return {input.begin(), input.end()};
+}
+
+void FrmSer::OnReadyRead() {
+  if (!waiting_) {
+    ReceiveEvent();
+  }
+}
+
+void FrmSer::EnableTimer(LinkTimer timer) {
+  QTimer& enabled = timers_[static_cast<int>(timer)];
+  if (!enabled.isActive()) {
+    enabled.start();
+  }
+}
+
+void FrmSer::DisableTimer(LinkTimer timer) { timers_[static_cast<int>(timer)].stop(); }
+
+void FrmSer::ShowLamp(int panel, int image) { status_bar_.ShowLamp(panel, image); }
+
+void FrmSer::ClearStatusText() { status_bar_.ClearText(); }
+
+std::chrono::microseconds FrmSer::Now() const {
+  return std::chrono::duration_cast<std::chrono::microseconds>(
+      std::chrono::steady_clock::now().time_since_epoch());
+}
+
+void FrmSer::WaitBlocking(std::chrono::milliseconds time) {
+  waiting_ = true;
+  for (QDeadlineTimer deadline(time, Qt::PreciseTimer); !deadline.hasExpired();) {
+    const bool collects = serial_.isOpen() && !lost_ && InputCount() < kInputBufferBytes;
+    const int left = qMax(1, static_cast<int>(deadline.remainingTime()));
+    if (!collects) {
+      QThread::msleep(static_cast<unsigned long>(left));
+    } else {
+      serial_.waitForReadyRead(left);
+    }
+  }
+  waiting_ = false;
+}
+
+void FrmSer::PumpEvents() {
+  QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
+  if (unloaded_) {
+    throw ProgramEnds();
+  }
+}
+
+BoxAnswer FrmSer::MsgBox(const std::string& text, const std::string& title, BoxStyle style) {
+  return dosmara::MsgBox(QString::fromStdString(text), QString::fromStdString(title), style);
+}
+
+void FrmSer::TickPort(int port, bool ticked) {
+  if (port >= kFirstPort && port <= kLastPort) {
+    settings_.mnuCox[port] = ticked;
+    emit PortTicksChanged();
+  }
+}
+
+int FrmSer::ReadSettingsPort() { return ReadOwnPort(settings_); }
+
+void FrmSer::WriteDefaultPort() { dosmara::WriteDefaultPort(settings_); }
+
+}  // namespace dosmara

@@ -1,0 +1,74 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// The hidden form that owns the serial port and the five timers of the link engine.
+#pragma once
+
+#include <QSerialPort>
+#include <QTimer>
+#include <array>
+
+#include "link/host.h"
+#include "shell/form.h"
+#include "shell/settings.h"
+#include "shell/status_bar.h"
+
+namespace dosmara {
+
+// What the link engine needs, over a real device. A device that vanishes while it is in use is closed at the
+// first error and opened again by its name as soon as it is back; nothing runs meanwhile but a slow timer.
+class FrmSer : public Form, public LinkHost {
+  Q_OBJECT
+
+ public:
+  // `settings` and `status_bar` must outlive the form.
+  FrmSer(Settings& settings, StatusBar& status_bar);
+  ~FrmSer() override;
+
+  // Makes the panels of the status bar and starts the link: port, boards, index files, Timer1. Throws
+  // ProgramEnds after the operator has been told why, or has closed the program.
+  void Load() override;
+  // Stops the timers and closes the port for good.
+  void Unload() override;
+
+  int OpenPort(int port) override;
+  void ClosePort() override;
+  void ReopenPort() override;
+  void Output(std::span<const std::uint8_t> frame) override;
+  std::size_t InputCount() const override;
+  Bytes TakeInput() override;
+  void EnableTimer(LinkTimer timer) override;
+  void DisableTimer(LinkTimer timer) override;
+  void ShowLamp(int panel, int image) override;
+  void ClearStatusText() override;
+  std::chrono::microseconds Now() const override;
+  void WaitBlocking(std::chrono::milliseconds time) override;
+  void PumpEvents() override;
+  BoxAnswer MsgBox(const std::string& text, const std::string& title, BoxStyle style) override;
+  void TickPort(int port, bool ticked) override;
+  int ReadSettingsPort() override;
+  void WriteDefaultPort() override;
+
+ signals:
+  // The ticks of the ports in the settings have changed.
+  void PortTicksChanged();
+
+ private:
+  int OpenDevice();
+  void CloseDevice();
+  void OnError(QSerialPort::SerialPortError error);
+  void OnReadyRead();
+  void LoseDevice();
+  void TryAgain();
+
+  Settings& settings_;
+  StatusBar& status_bar_;
+  QSerialPort serial_;
+  std::array<QTimer, kLinkTimerCount> timers_;
+  QTimer try_again_;       // runs while a device that is wanted is not there
+  int port_ = 0;           // port in use
+  QString device_;         // its name; empty while the system has no such device
+  bool lost_ = false;      // the open device has failed and waits to be closed
+  bool waiting_ = false;   // inside WaitBlocking: input only collects
+  bool unloaded_ = false;  // the program is ending
+};
+
+}  // namespace dosmara

@@ -1,0 +1,102 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "shell/main_menu.h"
+
+#include <QMenu>
+#include <array>
+#include <utility>
+
+#include "shell/caption_table.h"
+
+namespace dosmara {
+
+namespace {
+
+constexpr int kDeepestLevel = 3;
+
+void ShowTick(QAction& entry, bool ticked) {
+  entry.setCheckable(true);
+  entry.setChecked(ticked);
+}
+
+// The text of an entry that shows `name` letter by letter.
+QString Literal(QString name) { return name.replace('&', "&&"); }
+
+}  // namespace
+
+MainMenu::MainMenu(QMenuBar& bar, std::function<void(const MenuRow&)> click,
+                   std::function<void(QMenu&)> fill_windows)
+    : click_(std::move(click)) {
+  const std::span<const MenuRow> rows = MenuTable();
+  std::array<QWidget*, kDeepestLevel + 1> parents = {&bar};  // of the entries one level deeper
+  for (std::size_t i = 0; i < rows.size(); ++i) {
+    const MenuRow& row = rows[i];
+    const bool has_entries = i + 1 < rows.size() && rows[i + 1].level > row.level;
+    const bool opens_menu = has_entries || row.act == MenuAct::kWindowList;
+    QAction* entry = MakeEntry(row, *parents[row.level - 1], opens_menu);
+    entries_.push_back(entry);
+    parents[row.level] = entry->menu();
+    if (row.act == MenuAct::kWindowList) {
+      QMenu* windows = entry->menu();
+      QObject::connect(windows, &QMenu::aboutToShow, windows, [=] { fill_windows(*windows); });
+    }
+  }
+}
+
+QAction* MainMenu::MakeEntry(const MenuRow& row, QWidget& parent, bool opens_menu) {
+  QAction* entry;
+  if (opens_menu) {
+    auto* menu = new QMenu(&parent);
+    menu->setObjectName(row.name);
+    entry = menu->menuAction();
+  } else {
+    entry = new QAction(&parent);
+    QObject::connect(entry, &QAction::triggered, &parent, [this, &row] { click_(row); });
+  }
+  entry->setObjectName(row.name);
+  entry->setText(row.caption);
+  entry->setMenuRole(QAction::NoRole);
+  parent.addAction(entry);
+  return entry;
+}
+
+void MainMenu::InitMessaggi() {
+  const std::span<const MenuRow> rows = MenuTable();
+  for (std::size_t i = 0; i < rows.size(); ++i) {
+    if (rows[i].line != 0) {
+      const QString caption = Caption(rows[i].line);
+      entries_[i]->setText(caption.isEmpty() ? rows[i].caption : caption);
+    }
+  }
+}
+
+void MainMenu::ApplyHidingRules(int model) {
+  const std::span<const MenuRow> rows = MenuTable();
+  for (std::size_t i = 0; i < rows.size(); ++i) {
+    if (rows[i].hidden != nullptr) {
+      entries_[i]->setVisible(!rows[i].hidden(model));
+    }
+  }
+}
+
+void MainMenu::ShowTicks(const Settings& settings) {
+  const std::span<const MenuRow> rows = MenuTable();
+  for (std::size_t i = 0; i < rows.size(); ++i) {
+    if (rows[i].act == MenuAct::kLanguage) {
+      const LanguageEntry& language = settings.smnuLingue[rows[i].index];
+      entries_[i]->setText(Literal(language.caption));
+      entries_[i]->setVisible(language.shown);
+      ShowTick(*entries_[i], language.ticked);
+    } else if (rows[i].act == MenuAct::kPort) {
+      ShowTick(*entries_[i], settings.mnuCox[rows[i].index]);
+    }
+  }
+}
+
+void MainMenu::Enable(const std::function<bool(const MenuRow&)>& enabled) {
+  const std::span<const MenuRow> rows = MenuTable();
+  for (std::size_t i = 0; i < rows.size(); ++i) {
+    entries_[i]->setEnabled(enabled(rows[i]));
+  }
+}
+
+}  // namespace dosmara

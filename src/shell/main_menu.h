@@ -1,0 +1,39 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// The menus of the main window, built from MenuTable.
+#pragma once
+
+#include <QAction>
+#include <QMenuBar>
+#include <functional>
+#include <vector>
+
+#include "shell/menu_table.h"
+#include "shell/settings.h"
+
+namespace dosmara {
+
+class MainMenu {
+ public:
+  // Fills `bar`. `click` hears of every click on an entry that does something; `fill_windows` fills the list
+  // of open windows each time before it shows.
+  MainMenu(QMenuBar& bar, std::function<void(const MenuRow&)> click,
+           std::function<void(QMenu&)> fill_windows);
+
+  // Sets the captions from the language. An empty line leaves an entry its own caption, so that a poor
+  // language file cannot hide the way to another.
+  void InitMessaggi();
+  // Shows or hides the entries that only some models have.
+  void ApplyHidingRules(int model);
+  // Shows the languages' names and all ticks as the settings have them.
+  void ShowTicks(const Settings& settings);
+  // Enables each entry for which `enabled` is true.
+  void Enable(const std::function<bool(const MenuRow&)>& enabled);
+
+ private:
+  QAction* MakeEntry(const MenuRow& row, QWidget& parent, bool opens_menu);
+
+  std::function<void(const MenuRow&)> click_;
+  std::vector<QAction*> entries_;  // one for each row of MenuTable
+};
+
+}  // namespace dosmara

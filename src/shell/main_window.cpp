@@ -1,0 +1,200 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "shell/main_window.h"
+
+#include <QCloseEvent>
+#include <QCoreApplication>
+#include <QDir>
+#include <QMdiSubWindow>
+#include <QProcess>
+#include <QScreen>
+#include <QShortcut>
+#include <algorithm>
+
+#include "link/identification.h"
+#include "shell/loaded_forms.h"
+#include "shell/text_file.h"
+#include "store/failure.h"
+#include "store/index_files.h"
+
+namespace dosmara {
+
+namespace {
+
+constexpr QSize kFirstSize(1200, 760);
+const QString kLauncher = QStringLiteral("DOSMARA.EXE");
+
+QMdiSubWindow* FrameOf(const Form& form) { return qobject_cast<QMdiSubWindow*>(form.parentWidget()); }
+
+void BringForward(Form& form) {
+  if (QMdiSubWindow* frame = FrameOf(form)) {
+    frame->show();
+    static_cast<QMdiArea*>(frame->mdiArea())->setActiveSubWindow(frame);
+    form.InitMessaggi();
+  }
+}
+
+}  // namespace
+
+MDIForm1::MDIForm1(const Settings& settings, std::span<const FormEntry> forms)
+    : settings_(settings),
+      forms_(forms),
+      area_(new MdiBackground),
+      status_bar_(new StatusBar),
+      frm_ser_(nullptr),
+      menu_(
+          *menuBar(), [this](const MenuRow& row) { Click(row); }, [this](QMenu& m) { FillWindowList(m); }) {
+  setObjectName("MDIForm1");
+  LoadedForms.push_back(this);
+  frm_ser_ = new FrmSer(settings_, *status_bar_);
+  frm_ser_->setParent(this);
+  setCentralWidget(area_);
+  setStatusBar(status_bar_);
+  resize(kFirstSize.boundedTo(screen()->availableSize()));
+  EnableMenu(false);
+  connect(frm_ser_, &FrmSer::PortTicksChanged, this, [this] { menu_.ShowTicks(settings_); });
+  connect(area_, &QMdiArea::subWindowActivated, this, [](QMdiSubWindow* frame) {
+    if (auto* form = frame != nullptr ? dynamic_cast<Form*>(frame->widget()) : nullptr) {
+      form->InitMessaggi();
+    }
+  });
+  auto* to_menu = new QShortcut(Qt::Key_F10, this);
+  connect(to_menu, &QShortcut::activated, this,
+          [this] { menuBar()->setActiveAction(menuBar()->actions().constFirst()); });
+}
+
+MDIForm1::~MDIForm1() {
+  // The area still activates windows while it goes down.
+  area_->disconnect(this);
+  std::erase(LoadedForms, static_cast<LoadedForm*>(this));
+}
+
+void MDIForm1::Load() {
+  QDir::setCurrent(settings_.folder);
+  InitModelNames();
+  ReadSettings(settings_);
+  if (!FillLanguageMenu(settings_.folder, settings_.smnuLingue)) {
+    throw ProgramEnds();
+  }
+  InitNodeTables();
+  show();
+  menu_.InitMessaggi();
+  menu_.ShowTicks(settings_);
+  // The search for the port delivers no events: the window has to be painted before it begins.
+  QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
+  frm_ser_->Load();
+  ApplyHidingRules();
+  EnableMenu(true);
+  setWindowTitle(QCoreApplication::applicationName());
+}
+
+void MDIForm1::ApplyHidingRules() { menu_.ApplyHidingRules(ModelCode); }
+
+// Until the link runs a form would subscribe records that are not there yet, and a change of port would take
+// the line from under the identification.
+void MDIForm1::EnableMenu(bool running) {
+  menu_.Enable([this, running](const MenuRow& row) {
+    const bool has_form = std::any_of(forms_.begin(), forms_.end(), [&row](const FormEntry& entry) {
+      return row.form != nullptr && QString(entry.name) == row.form;
+    });
+    const bool needs_link = row.form != nullptr || row.act == MenuAct::kPort;
+    return (row.form == nullptr || has_form) && (running || !needs_link);
+  });
+}
+
+void MDIForm1::Click(const MenuRow& row) {
+  switch (row.act) {
+    case MenuAct::kUnloadAndShowForm:
+      UnloadDataForms();
+      ShowForm(row.form);
+      break;
+    case MenuAct::kShowForm:
+      ShowForm(row.form);
+      break;
+    case MenuAct::kExit:
+      Exit();
+      break;
+    case MenuAct::kLanguage:
+      ChangeLanguage(row.index);
+      break;
+    case MenuAct::kPort:
+      ChangePort(row.index);
+      break;
+    case MenuAct::kNone:
+    case MenuAct::kWindowList:
+      break;
+  }
+}
+
+void MDIForm1::ShowForm(const char* name) {
+  if (Form* open = FindForm(name)) {
+    FrameOf(*open)->showNormal();
+    BringForward(*open);
+    return;
+  }
+  for (const FormEntry& entry : forms_) {
+    if (QString(entry.name) == name) {
+      Form* form = entry.create();
+      QMdiSubWindow* frame = area_->addSubWindow(form);
+      form->Load();
+      form->show();
+      frame->show();
+    }
+  }
+}
+
+void MDIForm1::ChangeLanguage(int index) {
+  ChooseLanguage(settings_.folder, settings_.smnuLingue, index);
+  menu_.InitMessaggi();
+  menu_.ShowTicks(settings_);
+  WriteSettings(settings_);
+  const std::vector<LoadedForm*> forms = LoadedForms;
+  for (LoadedForm* loaded : forms) {
+    if (auto* form = dynamic_cast<Form*>(loaded)) {
+      BringForward(*form);
+    }
+  }
+}
+
+void MDIForm1::ChangePort(int port) {
+  try {
+    LinkOpenPort(port);
+  } catch (const ProgramEnds&) {
+    StopLink();
+    QCoreApplication::exit();
+  }
+}
+
+void MDIForm1::FillWindowList(QMenu& menu) {
+  menu.clear();
+  for (QMdiSubWindow* frame : area_->subWindowList()) {
+    QAction* entry = menu.addAction(frame->windowTitle());
+    entry->setCheckable(true);
+    entry->setChecked(frame == area_->activeSubWindow());
+    connect(entry, &QAction::triggered, frame, [this, frame] { area_->setActiveSubWindow(frame); });
+  }
+}
+
+void MDIForm1::StopLink() {
+  ended_ = true;
+  frm_ser_->Unload();
+}
+
+void MDIForm1::Exit() {
+  if (ended_) {
+    return;
+  }
+  StopLink();
+  QDir::setCurrent(settings_.folder + "/..");
+  const QString launcher = FindFile(QDir::currentPath(), kLauncher);
+  if (!launcher.isEmpty()) {
+    QProcess::startDetached(launcher, {}, QDir::currentPath());
+  }
+  QCoreApplication::exit();
+}
+
+void MDIForm1::closeEvent(QCloseEvent* event) {
+  Exit();
+  event->accept();
+}
+
+}  // namespace dosmara

@@ -1,0 +1,17 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// The area of the child forms, with a still picture behind them.
+#pragma once
+
+#include <QMdiArea>
+
+namespace dosmara {
+
+class MdiBackground : public QMdiArea {
+ public:
+  MdiBackground();
+
+ protected:
+  void paintEvent(QPaintEvent* event) override;
+};
+
+}  // namespace dosmara
