@@ -1,0 +1,37 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "controls/entry_box.h"
+
+#include <QFocusEvent>
+
+namespace dosmara {
+
+EntryBox::EntryBox(QWidget* parent, QString* saved_text)
+    : QLineEdit(parent), saved_text_(saved_text != nullptr ? saved_text : &own_saved_text_) {
+  setAlignment(Qt::AlignRight);
+  connect(this, &QLineEdit::returnPressed, this, [this] { emit Confirmed(text()); });
+}
+
+void EntryBox::ShowText(const QString& text) {
+  setText(text);
+  *saved_text_ = text;
+}
+
+void EntryBox::Restore() { setText(*saved_text_); }
+
+// The box's own context menu takes the focus for a moment: that is neither arriving nor leaving.
+void EntryBox::focusInEvent(QFocusEvent* event) {
+  if (event->reason() != Qt::PopupFocusReason) {
+    *saved_text_ = text();
+    clear();
+  }
+  QLineEdit::focusInEvent(event);
+}
+
+void EntryBox::focusOutEvent(QFocusEvent* event) {
+  if (event->reason() != Qt::PopupFocusReason) {
+    Restore();
+  }
+  QLineEdit::focusOutEvent(event);
+}
+
+}  // namespace dosmara

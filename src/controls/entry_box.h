@@ -1,0 +1,38 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// The box into which a value is typed.
+#pragma once
+
+#include <QLineEdit>
+
+namespace dosmara {
+
+// A box that lies over a shown value. On focus it keeps its text and empties itself; when it is left, the
+// kept text comes back, so that an entry which nobody confirmed leaves no trace. Only Enter confirms.
+class EntryBox : public QLineEdit {
+  Q_OBJECT
+
+ public:
+  // `saved_text` is where the text is kept: a field of the form that all its boxes share, or nullptr for one
+  // of the box's own. It must outlive the box.
+  explicit EntryBox(QWidget* parent, QString* saved_text = nullptr);
+
+  // Shows a text that has come from the machine; it is also the text to come back to.
+  void ShowText(const QString& text);
+
+  // Brings the kept text back.
+  void Restore();
+
+ signals:
+  // Enter has been pressed on this text.
+  void Confirmed(const QString& text);
+
+ protected:
+  void focusInEvent(QFocusEvent* event) override;
+  void focusOutEvent(QFocusEvent* event) override;
+
+ private:
+  QString own_saved_text_;
+  QString* saved_text_;
+};
+
+}  // namespace dosmara

@@ -1,0 +1,51 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// A slider switch with two positions.
+#pragma once
+
+#include <QAbstractButton>
+#include <QRect>
+
+namespace dosmara {
+
+// Where the parts of a switch lie: the words of both positions with the track between them.
+struct SwitchGeometry {
+  QRect text[2];
+  QRect track;
+  QRect knob;
+};
+
+// Lays a switch of `size` out, with room for two words of the given widths; a width of 0 leaves no room.
+SwitchGeometry LayOutSwitch(QSize size, int width_of_text_0, int width_of_text_1, int position);
+
+// A switch whose position is 0 or 1. Driven by click, by Space, and by Left and Right.
+class TwoPositionSwitch : public QAbstractButton {
+  Q_OBJECT
+
+ public:
+  explicit TwoPositionSwitch(QWidget* parent);
+
+  int Position() const { return isChecked() ? 1 : 0; }
+  // Anything but 0 is position 1. Setting the position that it has raises no change event.
+  void SetPosition(int position) { setChecked(position != 0); }
+
+  // The words beside the positions: "No,Yes", with or without a comma behind the last one.
+  void SetPositionTexts(const QString& texts);
+
+  QSize sizeHint() const override;
+  QSize minimumSizeHint() const override { return sizeHint(); }
+
+ signals:
+  // The position has changed, by the operator or by the program.
+  void Changed(int position);
+
+ protected:
+  void keyPressEvent(QKeyEvent* event) override;
+  void paintEvent(QPaintEvent* event) override;
+
+ private:
+  void Describe();
+
+  QString text_[2];
+};
+
+}  // namespace dosmara

@@ -1,0 +1,79 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// One value of the machine on a form: caption, value, box and bar.
+#pragma once
+
+#include <QGridLayout>
+#include <QObject>
+#include <functional>
+#include <optional>
+
+#include "controls/bar.h"
+#include "controls/echo_mark.h"
+#include "controls/entry_box.h"
+#include "controls/field_label.h"
+
+namespace dosmara {
+
+// What tells one row's controls from another's.
+struct ValueRowSetup {
+  QString caption_name;  // objectNames of the four controls
+  QString value_name;
+  QString box_name;
+  QString bar_name;
+  int min = 0;  // what the bar can hold
+  int max = 0;
+  int large_change = 1;
+  int length = 0;  // characters that fit into the box
+  // What a confirmed text makes the bar's value; nothing when the text is bad.
+  std::function<std::optional<int>(const QString& text)> parse;
+  QString* saved_text = nullptr;      // as of EntryBox
+  bool closed_box_stays = false;      // a closed row's box is disabled instead of hidden
+  bool restore_from_label = false;    // a bad entry brings back the shown value, not the kept text
+};
+
+// The four controls of a row and what they do to each other. The box lies exactly over the value: with the
+// box hidden the operator reads the value, with the box shown he types over it. A good entry moves the bar;
+// it is the bar's change event that tells the form. A row starts closed.
+class ValueRow : public QObject {
+  Q_OBJECT
+
+ public:
+  // The controls become children of `parent`.
+  ValueRow(QWidget* parent, ValueRowSetup setup);
+
+  FieldLabel& caption() { return *caption_; }
+  FieldLabel& value() { return *value_; }
+  EntryBox& box() { return *box_; }
+  Bar& bar() { return *bar_; }
+  EchoMark& echo() { return *echo_; }
+
+  // Lays the controls into five columns of `grid`: caption, value and box, bar, mark.
+  void PlaceIn(QGridLayout& grid, int row, int column);
+
+  // Sets the caption, which is also what the box and the bar are called by a screen reader.
+  void SetCaption(const QString& text);
+
+  // The value label has been given a new text: the box follows it, and so does the text it keeps.
+  void TakeValueText();
+
+  // Opens the row for changes or closes it: the bar and the box, not the labels.
+  void SetOpen(bool open);
+
+  // Enables or disables the caption and the value.
+  void SetLabelsEnabled(bool enabled);
+
+  // Takes the row off the form.
+  void Withdraw();
+
+ private:
+  void Confirm(const QString& text);
+
+  ValueRowSetup setup_;
+  FieldLabel* caption_;
+  FieldLabel* value_;
+  EntryBox* box_;
+  Bar* bar_;
+  EchoMark* echo_;
+};
+
+}  // namespace dosmara

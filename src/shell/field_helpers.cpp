@@ -1,0 +1,53 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "shell/field_helpers.h"
+
+#include <QLocale>
+#include <cmath>
+
+namespace dosmara {
+
+namespace {
+
+constexpr int kMostDecimals = 3;
+// Digits that a number is sure to have in decimal; the ones behind them are noise of its binary form.
+constexpr int kDecimalDigits = 15;
+
+double InDecimal(double value) { return QString::number(value, 'g', kDecimalDigits).toDouble(); }
+
+bool IsLeapYear(int year) { return (year % 4 == 0 && year % 100 != 0) || year % 400 == 0; }
+
+}  // namespace
+
+QString FormatDecimals(double value, int decimals) {
+  if (decimals < 0 || decimals > kMostDecimals) {
+    return {};
+  }
+  const double unit = std::pow(10, decimals);
+  const double units = std::round(InDecimal(value * unit)) + 0.0;  // the sum makes 0 of -0
+  QString text = QString::number(units / unit, 'f', decimals);
+  return text.replace('.', QLocale().decimalPoint());
+}
+
+void BindScrollText(QLabel& text, Bar& scroll, double value) {
+  scroll.SetValue(scroll.Clamped(value));
+  text.setText(QString::number(value, 'g', kDecimalDigits));
+}
+
+void BindScrollTenths(QLabel& text, Bar& scroll, double value) { BindScrollDecimals(text, scroll, value, 1); }
+
+void BindScrollDecimals(QLabel& text, Bar& scroll, double value, int decimals) {
+  scroll.SetValue(scroll.Clamped(value));
+  text.setText(FormatDecimals(value / std::pow(10, decimals), decimals));
+}
+
+int DayNumber(int day, int month, int year) {
+  constexpr int kDaysBefore[] = {0, 31, 59, 90, 120, 151, 181, 212, 243, 273, 304, 334};
+  int days = (year - 1900) * 365 + 1;
+  for (int leap = 1900; leap < year; leap += 4) {
+    days += IsLeapYear(leap) ? 1 : 0;
+  }
+  days += kDaysBefore[month - 1] + day;
+  return IsLeapYear(year) && month > 2 ? days + 1 : days;
+}
+
+}  // namespace dosmara

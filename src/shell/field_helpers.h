@@ -1,0 +1,31 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// The shared ways in which forms show numbers.
+//
+// The three bindings show a value on a bar and a text at once. A value outside the bar's span puts the bar
+// at its end, while the text goes on showing the value as it is.
+#pragma once
+
+#include <QLabel>
+#include <QString>
+
+#include "controls/bar.h"
+
+namespace dosmara {
+
+// `value` with 0 to 3 decimals and the locale's separator, halves rounded away from zero as they stand in
+// decimal: 12.345 with 2 decimals is "12.35". Empty for any other number of decimals.
+QString FormatDecimals(double value, int decimals);
+
+// Shows a whole number.
+void BindScrollText(QLabel& text, Bar& scroll, double value);
+
+// Shows a number held in tenths.
+void BindScrollTenths(QLabel& text, Bar& scroll, double value);
+
+// Shows a number held in units of 10 to the power minus `decimals`.
+void BindScrollDecimals(QLabel& text, Bar& scroll, double value, int decimals);
+
+// Days up to a date, 1 January 1900 being day 2.
+int DayNumber(int day, int month, int year);
+
+}  // namespace dosmara

@@ -1,0 +1,87 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "shell/field_rows.h"
+
+#include "shell/caption_table.h"
+#include "shell/records.h"
+
+namespace dosmara {
+
+QString Indexed(const char* name, int index) { return QStringLiteral("%1(%2)").arg(name).arg(index); }
+
+FieldRows::FieldRows(QWidget* parent, const RowStyle& style, std::span<const FieldRow> fields,
+                     const bool& in_arrival, QString* saved_text)
+    : fields_(fields), in_arrival_(in_arrival) {
+  for (int n = 0; n < size(); ++n) {
+    const FieldRow& field = fields_[n];
+    auto* view = new ValueRow(
+        parent, {.caption_name = Indexed(style.caption, style.first_caption + n),
+                 .value_name = Indexed(style.value, style.first + n),
+                 .box_name = Indexed(style.box, style.first + n),
+                 .bar_name = Indexed(style.bar, style.first + n),
+                 .min = field.min,
+                 .max = field.max,
+                 .large_change = field.large_change,
+                 .length = field.length,
+                 .parse = [&field](const QString& text) -> std::optional<int> {
+                   const std::optional<int> entry = field.parse(text, field.low, field.limit);
+                   return entry ? std::optional(*entry - field.offset) : std::nullopt;
+                 },
+                 .saved_text = saved_text,
+                 .closed_box_stays = style.closed_box_stays,
+                 .restore_from_label = field.restore_from_label});
+    QObject::connect(&view->bar(), &Bar::Changed, view, [this, n](int value) { Write(n, value); });
+    rows_.push_back({.view = view});
+  }
+}
+
+void FieldRows::SetShift(int shift) {
+  shift_ = shift;
+  for (Row& row : rows_) {
+    row.view->echo().SetState(EchoMark::State::kNone);
+  }
+}
+
+void FieldRows::SetCaptions() {
+  for (int n = 0; n < size(); ++n) {
+    rows_[n].view->SetCaption(Caption(fields_[n].line));
+  }
+}
+
+void FieldRows::Subscribe() const {
+  for (int n = 0; n < size(); ++n) {
+    dosmara::Subscribe({.node = fields_[n].node, .first = Record(n)});
+  }
+}
+
+void FieldRows::Unsubscribe() const {
+  for (int n = 0; n < size(); ++n) {
+    dosmara::Unsubscribe({.node = fields_[n].node, .first = Record(n)});
+  }
+}
+
+void FieldRows::UnsubscribeMirrors() const {
+  for (const FieldRow& field : fields_) {
+    dosmara::Unsubscribe({.node = field.node, .first = field.mirror});
+  }
+}
+
+// A value that was on its way before the write may still arrive; only the written one is the echo.
+void FieldRows::Show(int n, double value) {
+  ValueRow& view = *rows_[n].view;
+  fields_[n].show(view.value(), view.bar(), value);
+  view.TakeValueText();
+  if (view.echo().state() == EchoMark::State::kWaiting && value == rows_[n].written) {
+    view.echo().SetState(EchoMark::State::kTaken);
+  }
+}
+
+void FieldRows::Write(int n, int bar_value) {
+  if (in_arrival_) {
+    return;
+  }
+  rows_[n].written = bar_value + fields_[n].offset;
+  rows_[n].view->echo().SetState(EchoMark::State::kWaiting);
+  PutWithMirror(fields_[n].node, Record(n), fields_[n].mirror, rows_[n].written);
+}
+
+}  // namespace dosmara

@@ -1,0 +1,24 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// Calls on the parameter table as forms make them: with the node named in the call.
+#pragma once
+
+namespace dosmara {
+
+// A run of records on one node.
+struct Records {
+  int node = 0;
+  int first = 0;
+  int count = 1;
+};
+
+// Subscribes, or unsubscribes, each record of the run in rising order.
+void Subscribe(const Records& records);
+void Unsubscribe(const Records& records);
+
+// Writes `value` to one record of `node`.
+void PutRecord(int node, int record, double value);
+
+// Writes `value` to a record and then to its mirror on the same node; a mirror of 0 is none.
+void PutWithMirror(int node, int record, int mirror, double value);
+
+}  // namespace dosmara
