@@ -36,7 +36,8 @@ void EchoMark::paintEvent(QPaintEvent*) {
     painter.drawEllipse(QRectF(side * 0.25, side * 0.25, side * 0.5, side * 0.5));
   } else {
     painter.setPen(QPen(GoodTone(palette()), stroke, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
-    const QPointF tick[] = {{side * 0.2, side * 0.55}, {side * 0.42, side * 0.77}, {side * 0.82, side * 0.25}};
+    const QPointF tick[] = {
+        {side * 0.2, side * 0.55}, {side * 0.42, side * 0.77}, {side * 0.82, side * 0.25}};
     painter.drawPolyline(tick, 3);
   }
 }

@@ -21,10 +21,11 @@ FieldLabel::FieldLabel(QWidget* parent, bool framed) : QLabel(parent), framed_(f
 
 QSize FieldLabel::sizeHint() const {
   const QSize text = fontMetrics().size(0, this->text());
-  return {text.width() + 2 * kPadding, text.height() + 2 * kPadding};
+  const QMargins margins = contentsMargins();
+  return {text.width() + margins.left() + margins.right() + 2 * kPadding, text.height() + 2 * kPadding};
 }
 
-QRect FieldLabel::TextRect() const { return framed_ ? rect().adjusted(kPadding, 0, -kPadding, 0) : rect(); }
+QRect FieldLabel::TextRect() const { return contentsRect().adjusted(kPadding, 0, -kPadding, 0); }
 
 void FieldLabel::paintEvent(QPaintEvent*) {
   QPainter painter(this);

@@ -17,8 +17,12 @@ QColor Ink(const QPalette& palette, bool enabled) {
   return enabled ? text : Blend(text, palette.color(QPalette::Active, QPalette::Window), 0.35);
 }
 
-QColor GoodTone(const QPalette& palette) { return IsDark(palette) ? QColor(92, 200, 120) : QColor(20, 125, 60); }
+QColor GoodTone(const QPalette& palette) {
+  return IsDark(palette) ? QColor(92, 200, 120) : QColor(20, 125, 60);
+}
 
-QColor WaitTone(const QPalette& palette) { return IsDark(palette) ? QColor(240, 180, 70) : QColor(170, 95, 0); }
+QColor WaitTone(const QPalette& palette) {
+  return IsDark(palette) ? QColor(240, 180, 70) : QColor(170, 95, 0);
+}
 
 }  // namespace dosmara

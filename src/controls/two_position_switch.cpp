@@ -20,7 +20,8 @@ SwitchGeometry LayOutSwitch(QSize size, int width_of_text_0, int width_of_text_1
   const int track_x = kMargin + (width_of_text_0 > 0 ? width_of_text_0 + kGap : 0);
   SwitchGeometry geometry;
   geometry.track = QRect(track_x, kMargin, 2 * height, height);
-  geometry.knob = QRect(track_x + (position == 0 ? 0 : height), kMargin, height, height).adjusted(2, 2, -2, -2);
+  geometry.knob =
+      QRect(track_x + (position == 0 ? 0 : height), kMargin, height, height).adjusted(2, 2, -2, -2);
   geometry.text[0] = QRect(kMargin, 0, width_of_text_0, size.height());
   geometry.text[1] = QRect(geometry.track.right() + 1 + kGap, 0, width_of_text_1, size.height());
   return geometry;
@@ -50,8 +51,8 @@ void TwoPositionSwitch::Describe() { setAccessibleDescription(text_[Position()])
 QSize TwoPositionSwitch::sizeHint() const {
   const QFontMetrics metrics = fontMetrics();
   const int height = metrics.height() + 2 * kMargin;
-  const SwitchGeometry geometry = LayOutSwitch({0, height}, metrics.horizontalAdvance(text_[0]),
-                                               metrics.horizontalAdvance(text_[1]), 0);
+  const SwitchGeometry geometry =
+      LayOutSwitch({0, height}, metrics.horizontalAdvance(text_[0]), metrics.horizontalAdvance(text_[1]), 0);
   return {geometry.text[1].right() + 1 + kMargin, height};
 }
 
@@ -67,8 +68,8 @@ void TwoPositionSwitch::paintEvent(QPaintEvent*) {
   QPainter painter(this);
   painter.setRenderHint(QPainter::Antialiasing);
   const QFontMetrics metrics = fontMetrics();
-  const SwitchGeometry geometry =
-      LayOutSwitch(size(), metrics.horizontalAdvance(text_[0]), metrics.horizontalAdvance(text_[1]), Position());
+  const SwitchGeometry geometry = LayOutSwitch(size(), metrics.horizontalAdvance(text_[0]),
+                                               metrics.horizontalAdvance(text_[1]), Position());
   const QColor ground = palette().color(QPalette::Window);
   const QColor ink = Ink(palette(), true);
   const QColor off = Blend(ground, ink, 0.25);

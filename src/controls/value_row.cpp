@@ -62,9 +62,9 @@ void ValueRow::SetLabelsEnabled(bool enabled) {
 }
 
 void ValueRow::Withdraw() {
-  for (QWidget* control : {static_cast<QWidget*>(caption_), static_cast<QWidget*>(value_),
-                           static_cast<QWidget*>(box_), static_cast<QWidget*>(bar_),
-                           static_cast<QWidget*>(echo_)}) {
+  for (QWidget* control :
+       {static_cast<QWidget*>(caption_), static_cast<QWidget*>(value_), static_cast<QWidget*>(box_),
+        static_cast<QWidget*>(bar_), static_cast<QWidget*>(echo_)}) {
     control->hide();
   }
 }

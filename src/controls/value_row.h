@@ -26,9 +26,9 @@ struct ValueRowSetup {
   int length = 0;  // characters that fit into the box
   // What a confirmed text makes the bar's value; nothing when the text is bad.
   std::function<std::optional<int>(const QString& text)> parse;
-  QString* saved_text = nullptr;      // as of EntryBox
-  bool closed_box_stays = false;      // a closed row's box is disabled instead of hidden
-  bool restore_from_label = false;    // a bad entry brings back the shown value, not the kept text
+  QString* saved_text = nullptr;    // as of EntryBox
+  bool closed_box_stays = false;    // a closed row's box is disabled instead of hidden
+  bool restore_from_label = false;  // a bad entry brings back the shown value, not the kept text
 };
 
 // The four controls of a row and what they do to each other. The box lies exactly over the value: with the

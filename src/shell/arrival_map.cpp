@@ -6,15 +6,15 @@
 namespace dosmara {
 
 void ArrivalMap::Set(int node, int index, int slot) {
-  std::vector<std::uint16_t>& slots = slots_[node];
+  std::vector<std::uint16_t>& table = slots_[node];
   const auto position = static_cast<std::size_t>(index);
-  slots.resize(std::max(slots.size(), position + 1), kForeign);
-  slots[position] = static_cast<std::uint16_t>(slot);
+  table.resize(std::max(table.size(), position + 1), kForeign);
+  table[position] = static_cast<std::uint16_t>(slot);
 }
 
 void ArrivalMap::Clear() {
-  for (std::vector<std::uint16_t>& slots : slots_) {
-    slots.clear();
+  for (std::vector<std::uint16_t>& table : slots_) {
+    table.clear();
   }
 }
 

@@ -22,8 +22,8 @@ class ArrivalMap {
 
   // The slot of a record, or kForeign.
   int Find(int node, std::int32_t index) const {
-    const std::vector<std::uint16_t>& slots = slots_[node];
-    return static_cast<std::size_t>(index) < slots.size() ? slots[static_cast<std::size_t>(index)] : kForeign;
+    const std::vector<std::uint16_t>& table = slots_[node];
+    return static_cast<std::size_t>(index) < table.size() ? table[static_cast<std::size_t>(index)] : kForeign;
   }
 
  private:

@@ -32,6 +32,9 @@ DataForm::DataForm(const QString& name, int load_threshold) : Form(name), load_t
   body_ = area->widget();
 }
 
+// The controls go first: a box that loses the focus still puts its text back.
+DataForm::~DataForm() { delete body_; }
+
 void DataForm::SLabelChange(std::int32_t index, double value) {
   const int slot = arrivals_.Find(NodeIndex, index);
   if (slot == ArrivalMap::kForeign) {

@@ -34,6 +34,7 @@ class DataForm : public Form {
  public:
   // The form has loaded when more than `load_threshold` arrivals have counted.
   DataForm(const QString& name, int load_threshold);
+  ~DataForm() override;
 
   void SLabelChange(std::int32_t index, double value) override;
 

@@ -13,22 +13,22 @@ FieldRows::FieldRows(QWidget* parent, const RowStyle& style, std::span<const Fie
     : fields_(fields), in_arrival_(in_arrival) {
   for (int n = 0; n < size(); ++n) {
     const FieldRow& field = fields_[n];
-    auto* view = new ValueRow(
-        parent, {.caption_name = Indexed(style.caption, style.first_caption + n),
-                 .value_name = Indexed(style.value, style.first + n),
-                 .box_name = Indexed(style.box, style.first + n),
-                 .bar_name = Indexed(style.bar, style.first + n),
-                 .min = field.min,
-                 .max = field.max,
-                 .large_change = field.large_change,
-                 .length = field.length,
-                 .parse = [&field](const QString& text) -> std::optional<int> {
-                   const std::optional<int> entry = field.parse(text, field.low, field.limit);
-                   return entry ? std::optional(*entry - field.offset) : std::nullopt;
-                 },
-                 .saved_text = saved_text,
-                 .closed_box_stays = style.closed_box_stays,
-                 .restore_from_label = field.restore_from_label});
+    auto* view = new ValueRow(parent, {.caption_name = Indexed(style.caption, style.first_caption + n),
+                                       .value_name = Indexed(style.value, style.first + n),
+                                       .box_name = Indexed(style.box, style.first + n),
+                                       .bar_name = Indexed(style.bar, style.first + n),
+                                       .min = field.min,
+                                       .max = field.max,
+                                       .large_change = field.large_change,
+                                       .length = field.length,
+                                       .parse = [&field](const QString& text) -> std::optional<int> {
+                                         const std::optional<int> entry =
+                                             field.parse(text, field.low, field.limit);
+                                         return entry ? std::optional(*entry - field.offset) : std::nullopt;
+                                       },
+                                       .saved_text = saved_text,
+                                       .closed_box_stays = style.closed_box_stays,
+                                       .restore_from_label = field.restore_from_label});
     QObject::connect(&view->bar(), &Bar::Changed, view, [this, n](int value) { Write(n, value); });
     rows_.push_back({.view = view});
   }
@@ -61,7 +61,9 @@ void FieldRows::Unsubscribe() const {
 
 void FieldRows::UnsubscribeMirrors() const {
   for (const FieldRow& field : fields_) {
-    dosmara::Unsubscribe({.node = field.node, .first = field.mirror});
+    if (field.mirror != 0) {
+      dosmara::Unsubscribe({.node = field.node, .first = field.mirror});
+    }
   }
 }
 

@@ -1,0 +1,183 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "forms/beverage/dosi_controls.h"
+
+#include <QHBoxLayout>
+#include <QVBoxLayout>
+
+#include "shell/caption_table.h"
+
+namespace dosmara {
+
+namespace {
+
+// The groups of rows from top to bottom, with a line between them.
+constexpr int kBreak = -1;
+constexpr int kRowOrder[] = {0, kBreak, 1, 2, 3, 4, 5, kBreak, 6, 7, 8, kBreak, 9, 10, 13, kBreak, 11, kBreak, 12};
+constexpr int kTestColumn = 4;
+
+constexpr double kHeadingScale = 1.6;
+
+// "Selezione 21"
+QString SelectionText(int selection) {
+  return Caption(58) + ' ' + QString::number(SelectionNumber(selection));
+}
+
+// A widget of a control array.
+template <class T>
+T* NewElement(QWidget* body, const char* name, int index) {
+  auto* control = new T(body);
+  control->setObjectName(Indexed(name, index));
+  return control;
+}
+
+// How far captions of dependent rows stand in from those of their heads.
+void IndentDependants(FieldRows& rows) {
+  const int indent = 2 * rows[0].caption().fontMetrics().horizontalAdvance('x');
+  for (const Head& head : kHeads) {
+    for (int n = head.first; n <= head.last; ++n) {
+      rows[n].caption().setContentsMargins(indent, 0, 0, 0);
+    }
+  }
+  rows[kDecaffeinatedDelay].caption().setContentsMargins(indent, 0, 0, 0);
+}
+
+}  // namespace
+
+DosiControls::DosiControls(QWidget* body, const bool& in_arrival, QString* saved_text)
+    : rows(body, {.caption = "lblDes", .value = "lblVal", .box = "txtVal", .bar = "scrDosi"}, kDoseRows,
+           in_arrival, saved_text),
+      label7(new QLabel(body)),
+      keypad(new Keypad(body)),
+      selection(new Bar(body)) {
+  label7->setObjectName("Label7");
+  selection->setObjectName("HScroll7");
+  selection->SetSpan(0, kSelections - 1, 3);
+  for (int n = 0; n < kSelections; ++n) {
+    keypad->Key(n).setObjectName(Indexed("Label11", n));
+  }
+  for (std::size_t i = 0; i < drink_tests.size(); ++i) {
+    drink_tests[i] = NewElement<QPushButton>(body, "Command1", static_cast<int>(i));
+  }
+  for (std::size_t i = 0; i < part_tests.size(); ++i) {
+    part_tests[i] = NewElement<QPushButton>(body, "cmdProva", static_cast<int>(i));
+  }
+  for (std::size_t i = 0; i < properties.size(); ++i) {
+    property_captions[i] = NewElement<FieldLabel>(body, "Label8", static_cast<int>(i));
+    properties[i] = NewElement<TwoPositionSwitch>(body, "SwitchX1", static_cast<int>(i));
+  }
+  IndentDependants(rows);
+
+  auto* layout = new QHBoxLayout(body);
+  layout->setSpacing(3 * layout->spacing());
+  layout->addLayout(LayOutSelection());
+  auto* right = new QVBoxLayout;
+  right->addLayout(LayOutRows());
+  right->addLayout(LayOutProperties());
+  right->addStretch();
+  layout->addLayout(right, 1);
+}
+
+QLayout* DosiControls::LayOutSelection() {
+  QFont heading = label7->font();
+  heading.setPointSizeF(heading.pointSizeF() * kHeadingScale);
+  heading.setBold(true);
+  label7->setFont(heading);
+
+  auto* panel = new QVBoxLayout;
+  panel->addWidget(label7);
+  panel->addWidget(keypad);
+  panel->addWidget(selection);
+  panel->addSpacing(selection->sizeHint().height());
+  for (QPushButton* button : drink_tests) {
+    panel->addWidget(button);
+  }
+  panel->addStretch();
+  return panel;
+}
+
+QLayout* DosiControls::LayOutRows() {
+  auto* grid = new QGridLayout;
+  grid->setColumnStretch(2, 1);
+  QWidget* before = drink_tests.back();
+  int line = 0;
+  for (const int n : kRowOrder) {
+    if (n == kBreak) {
+      auto* rule = new QFrame(keypad->parentWidget());
+      rule->setFrameShape(QFrame::HLine);
+      rule->setFrameShadow(QFrame::Sunken);
+      grid->addWidget(rule, line++, 0, 1, kTestColumn + 1);
+      continue;
+    }
+    rows[n].PlaceIn(*grid, line, 0);
+    QWidget::setTabOrder(before, &rows[n].box());
+    QWidget::setTabOrder(&rows[n].box(), &rows[n].bar());
+    before = &rows[n].bar();
+    for (std::size_t i = 0; i < part_tests.size(); ++i) {
+      if (kPartTests[i].row == n) {
+        grid->addWidget(part_tests[i], line, kTestColumn);
+        QWidget::setTabOrder(before, part_tests[i]);
+        before = part_tests[i];
+      }
+    }
+    ++line;
+  }
+  return grid;
+}
+
+// Two columns of captions with their switches.
+QLayout* DosiControls::LayOutProperties() {
+  auto* grid = new QGridLayout;
+  for (std::size_t i = 0; i < properties.size(); ++i) {
+    const int line = static_cast<int>(i) / 2;
+    const int column = static_cast<int>(i) % 2 * 2;
+    grid->addWidget(property_captions[i], line, column);
+    grid->addWidget(properties[i], line, column + 1);
+    grid->setColumnStretch(column + 1, 1);
+  }
+  return grid;
+}
+
+void DosiControls::SetCaptions(int shown) {
+  rows.SetCaptions();
+  for (std::size_t i = 0; i < drink_tests.size(); ++i) {
+    drink_tests[i]->setText(Caption(59 + static_cast<int>(i)));
+  }
+  for (std::size_t i = 0; i < part_tests.size(); ++i) {
+    part_tests[i]->setText(Caption(67));
+    part_tests[i]->setAccessibleName(Caption(67) + ' ' + rows[kPartTests[i].row].caption().text());
+  }
+  const QString position_texts = Caption(65) + ',' + Caption(66) + ',';
+  for (std::size_t i = 0; i < properties.size(); ++i) {
+    property_captions[i]->setText(Caption(kProperties[i].line));
+    properties[i]->setAccessibleName(Caption(kProperties[i].line));
+    if (kProperties[i].position_texts) {
+      properties[i]->SetPositionTexts(position_texts);
+    }
+  }
+  for (int n = 0; n < kSelections; ++n) {
+    keypad->Key(n).setAccessibleName(SelectionText(n));
+  }
+  selection->setAccessibleName(Caption(58));
+  ShowSelection(shown);
+}
+
+void DosiControls::ShowSelection(int shown) {
+  label7->setText(SelectionText(shown));
+  keypad->SetSelection(shown);
+}
+
+void DosiControls::SetCommonEnabled(bool enabled) {
+  for (QPushButton* button : drink_tests) {
+    button->setEnabled(enabled);
+  }
+  for (int n = 0; n < kSelections; ++n) {
+    keypad->Key(n).setEnabled(enabled);
+  }
+  selection->setEnabled(enabled);
+  for (std::size_t i = 0; i < properties.size(); ++i) {
+    properties[i]->setEnabled(enabled);
+    property_captions[i]->setEnabled(enabled);
+  }
+}
+
+}  // namespace dosmara

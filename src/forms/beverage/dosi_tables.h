@@ -1,0 +1,108 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// What a selection consists of: the rows of FrmDosi, which of them depend on which, the properties that are
+// single bits, and the tests of single parts. Read by the form and by its controls.
+#pragma once
+
+#include "shell/field_rows.h"
+
+namespace dosmara {
+
+inline constexpr int kMaster = 0;     // node of the test and status records
+inline constexpr int kHotDrinks = 1;  // node of the doses
+
+// A water count: 0 is off, and 1 is shown as 0.
+void ShowWater(QLabel& text, Bar& bar, double value);
+// Tenths of a second.
+void ShowTime(QLabel& text, Bar& bar, double value);
+// Tenths of a second with an off state below the shown zero.
+void ShowSugar(QLabel& text, Bar& bar, double value);
+
+constexpr FieldRow WaterRow(int line, int record) {
+  return {.line = line,
+          .node = kHotDrinks,
+          .record = record,
+          .max = 999,
+          .large_change = 10,
+          .show = ShowWater,
+          .parse = ParseInt,
+          .limit = 999,
+          .length = 3};
+}
+
+// The entry limit is the same where the bar ends lower.
+constexpr FieldRow TimeRow(int line, int record, int max = 255, RowDisplay show = ShowTime) {
+  return {.line = line,
+          .node = kHotDrinks,
+          .record = record,
+          .max = max,
+          .large_change = 10,
+          .show = show,
+          .parse = ParseTenths,
+          .limit = 255,
+          .length = 4};
+}
+
+// Each record is that of the first selection; those of the others follow it.
+inline constexpr FieldRow kDoseRows[] = {
+    WaterRow(68, 148),                // 0  coffee water
+    WaterRow(69, 170),                // 1  milk and chocolate water
+    TimeRow(70, 280),                 // 2  milk
+    TimeRow(71, 368),                 // 3  milk delay
+    TimeRow(72, 302),                 // 4  chocolate
+    TimeRow(73, 390),                 // 5  chocolate delay
+    WaterRow(74, 192),                // 6  tea water
+    TimeRow(75, 324),                 // 7  tea
+    TimeRow(76, 412),                 // 8  tea delay
+    WaterRow(77, 214),                // 9  decaffeinated water
+    TimeRow(78, 346),                 // 10 decaffeinated
+    WaterRow(79, 236),                // 11 hot water
+    TimeRow(80, 434, 100, ShowSugar), // 12 sugar
+    TimeRow(81, 563),                 // 13 decaffeinated delay
+};
+
+// A further record of each selection, subscribed with the rows though no row shows it.
+inline constexpr int kUnshownDose = 456;
+
+inline constexpr int kDecaffeinatedDelay = 13;
+inline constexpr int kRowsWithoutHead[] = {0, 11, 12};
+
+// A row whose 0 closes the rows and part tests of what its water carries.
+struct Head {
+  int row;
+  int first, last;            // rows
+  int first_test, last_test;  // part tests
+  bool has_delay = false;     // kDecaffeinatedDelay too
+};
+inline constexpr Head kHeads[] = {
+    {.row = 1, .first = 2, .last = 5, .first_test = 0, .last_test = 1},
+    {.row = 6, .first = 7, .last = 8, .first_test = 2, .last_test = 2},
+    {.row = 9, .first = 10, .last = 10, .first_test = 3, .last_test = 3, .has_delay = true},
+};
+
+// The test of a single part: it lasts as long as the row says.
+struct PartTest {
+  int row;
+  int code;  // for the machine
+};
+inline constexpr PartTest kPartTests[] = {{2, 66}, {4, 68}, {7, 72}, {10, 80}, {12, 192}};
+inline constexpr int kSugarTest = 4;
+
+// Commands for the tests of the whole drink: only water, without sugar, complete.
+inline constexpr int kDrinkTestCodes[] = {4, 3, 2};
+
+// A yes or no of each selection, one bit in three bytes.
+struct Property {
+  int line;
+  int record;  // of the first byte
+  int mirror;
+  bool position_texts;  // the switch has words at its positions
+};
+inline constexpr Property kProperties[] = {
+    {.line = 62, .record = 38, .mirror = 516, .position_texts = true},     // jug
+    {.line = 63, .record = 34, .mirror = 512, .position_texts = true},     // selection in use
+    {.line = 64, .record = 42, .mirror = 520, .position_texts = true},     // milk first
+    {.line = 624, .record = 589, .mirror = 593, .position_texts = false},  // free of charge
+};
+inline constexpr int kPropertyBytes = 3;
+
+}  // namespace dosmara

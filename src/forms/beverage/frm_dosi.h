@@ -1,0 +1,64 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// Doses: how each selection's drink is made, and tests of it.
+#pragma once
+
+#include <QPointer>
+#include <QTimer>
+#include <vector>
+
+#include "forms/beverage/dosi_controls.h"
+#include "shell/bit_byte.h"
+#include "shell/data_form.h"
+
+namespace dosmara {
+
+// Water, times and delays of one selection at a time, four properties of it, and the dispensing of the drink
+// or of one part of it while the machine runs.
+class FrmDosi : public DataForm {
+ public:
+  FrmDosi();
+
+  void Load() override;
+  void InitMessaggi() override;
+  void Unload() override;
+
+ private:
+  void Connect();
+  QTimer* NewTimer(const char* name, void (FrmDosi::*due)());
+
+  void InitDati();
+  void SubscribeSelection() const;
+  void UnsubscribeSelection() const;
+  void ListenToRecords();
+  void ChangeSelection(int n);
+
+  void DisableAll();
+  void EnableAll();
+  void SetDependantsOpen(const Head& head, bool open);
+  void Loaded() override;
+
+  BitByte& Bits(std::size_t property, int byte) { return bits_[property * kPropertyBytes + byte]; }
+  void TakeBits(std::size_t property, int byte, double value);
+  void WriteProperty(std::size_t property, int position);
+
+  void TakeStatus(double value);
+  void TestDrink(std::size_t i);
+  void TestPart(std::size_t i);
+  void DrinkTestDue();
+  void PartTestDue();
+  void EndTest();
+
+  int Selection = 0;         // index of the selection shown
+  bool Dispensing = false;   // the machine has been seen dispensing since the last test ended
+  bool TestRunning = false;  // a timed test of a single part is under way
+  int TestCode = 0;          // command that follows the selection under test; 0: no test
+  Gate Presenza1;
+
+  DosiControls controls_;
+  std::vector<BitByte> bits_;
+  QTimer* timer1_;                  // gives the machine time to start a drink
+  QTimer* timer3_;                  // length of a single part's test
+  QPointer<QWidget> focus_before_;  // what had the focus when everything was disabled
+};
+
+}  // namespace dosmara

@@ -1,0 +1,18 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "forms/form_list.h"
+
+#include "forms/beverage/frm_dosi.h"
+
+namespace dosmara {
+
+namespace {
+
+constexpr FormEntry kForms[] = {
+    {"FrmDosi", CreateForm<FrmDosi>},
+};
+
+}  // namespace
+
+std::span<const FormEntry> FormList() { return kForms; }
+
+}  // namespace dosmara
