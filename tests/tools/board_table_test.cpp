@@ -13,9 +13,6 @@ const std::string kSmall = "files|W0256\nrecord|name|bytes|period\n";
 class BoardTableCheck : public TableTest {
  protected:
   BoardTable Read(const std::string& text) { return ReadBoardTable(Table(text)); }
-  std::string Mistake(const std::string& text) {
-    return Complaint([&] { Read(text); });
-  }
 };
 
 TEST_F(BoardTableCheck, ReadsARowAsOneRecord) {
@@ -83,89 +80,58 @@ TEST_F(BoardTableCheck, CountsFromElsewhereWhenTold) {
   EXPECT_EQ(ExpandName("entry {n-1}, hour", 9), "entry 9, hour");
 }
 
-TEST_F(BoardTableCheck, RefusesAMissingRecord) {
-  EXPECT_EQ(Mistake(kFull + "1|code|3|0|0\n3|spare|1|0|0\n"), "t.tsv:3: record 2 is missing after this row");
+const Mistake kMistakes[] = {
+    {"AMissingRecord", kFull + "1|code|3|0|0\n3|spare|1|0|0\n", "3: record 2 is missing after this row"},
+    {"ADoubledRecord", kFull + "1-3|code|3|0|0\n3|spare|1|0|0\n", "4: record 3 stands in line 3 already"},
+    {"RecordNought", kFull + "0|code|3|0|0\n", "3: record '0' is no number from 1 to 32767"},
+    {"ARecordBeyondTheTable", kFull + "32768|code|3|0|0\n", "3: record '32768' is no number from 1 to 32767"},
+    {"ARecordWithoutNumber", kFull + "x|code|3|0|0\n", "3: record 'x' is no number from 1 to 32767"},
+    {"ARangeOfOne", kFull + "4-4|code|3|0|0\n", "3: record range '4-4' does not rise to its end"},
+    {"AFallingRange", kFull + "9-4|code|3|0|0\n", "3: record range '9-4' does not rise to its end"},
+    {"AStepPastTheEnd", kFull + "1-6/2|code|3|0|0\n", "3: record range '1-6/2' does not rise to its end"},
+    {"NoBytes", kFull + "1|code|0|0|0\n", "3: bytes '0' is no number from 1 to 4"},
+    {"MoreBytesThanAWriteCarries", kFull + "1|code|5|0|0\n", "3: bytes '5' is no number from 1 to 4"},
+    {"APeriodOfMoreThanANibble", kFull + "1|code|1|16|0\n", "3: period '16' is no number from 0 to 15"},
+    {"ADefaultTooWideForOneByte", kFull + "1|spare|1|0|256\n", "3: default '256' is no number from 0 to 255"},
+    {"ADefaultTooWideForTwoBytes", kFull + "1|spare|2|0|65536\n",
+     "3: default '65536' is no number from 0 to 65535"},
+    {"TooFewDefaults", kFull + "1-3|code|1|0|1 2\n", "3: has 2 defaults for 3 records"},
+    {"NoDefault", kFull + "1|code|1|0|\n", "3: has 0 defaults for 1 records"},
+    {"TooFewCells", kFull + "1|code|1|0\n", "3: has 4 cells"},
+    {"TooManyCells", kFull + "1|code|1|0|0|0\n", "3: has 6 cells"},
+    {"ARecordWithoutName", kFull + "1||1|0|0\n", "3: has no name"},
+    {"AMirrorOfNothing", kFull + "1|mirror of 2\n", "3: mirrors record 2, which no row above has"},
+    {"AMirrorOfAnotherLength", kFull + "1-2|code|1|0|0\n3-5|mirror of 1-2\n",
+     "4: mirrors a range of another length"},
+    {"ALastRecordInUse", kFull + "1|code|3|0|0\n",
+     "3: the last record must be a spare, for the scan never visits it"},
+    {"TooFewIdentificationRecords", kSmall + "1-17|entry {n}|1|0\n",
+     "3: identification takes 18 to 20 records"},
+    {"TooManyIdentificationRecords", kSmall + "1-21|entry {n}|1|0\n",
+     "3: identification takes 18 to 20 records"},
+    {"AFileNameTooShort", "files|W256\nrecord|name|bytes|period|default\n1|spare|1|0|0\n",
+     "1: 'W256' is no name for an index file of this table"},
+    {"FilesOfTwoKinds", "files|W0245|W0245AB00\nrecord|name|bytes|period\n1-18|entry|1|0\n",
+     "1: 'W0245AB00' is no name for an index file of this table"},
+    {"ATableWithoutFiles", "record|name\n1|code\n2|spare\n",
+     "1: the first row must be 'files' and their names"},
+    {"ATableWithoutColumns", "files|W0256AO01\n1|code|1|0|0\n2|spare|1|0|0\n",
+     "2: the second row must name the columns"},
+    {"ATableWithoutRecords", kFull, "1: has no records"},
+};
+
+class BoardTableRefuses : public BoardTableCheck, public testing::WithParamInterface<Mistake> {};
+
+TEST_P(BoardTableRefuses, SayingFileAndLine) {
+  EXPECT_EQ(Complaint([&] { Read(GetParam().table); }), "t.tsv:" + GetParam().complaint);
 }
 
-TEST_F(BoardTableCheck, RefusesADoubledRecord) {
-  EXPECT_EQ(Mistake(kFull + "1-3|code|3|0|0\n3|spare|1|0|0\n"), "t.tsv:4: record 3 stands in line 3 already");
-}
+INSTANTIATE_TEST_SUITE_P(Mistakes, BoardTableRefuses, testing::ValuesIn(kMistakes), MistakeName);
 
-TEST_F(BoardTableCheck, RefusesARecordOutOfRange) {
-  EXPECT_EQ(Mistake(kFull + "0|code|3|0|0\n"), "t.tsv:3: record '0' is no number from 1 to 33000");
-  EXPECT_EQ(Mistake(kFull + "33001|code|3|0|0\n"), "t.tsv:3: record '33001' is no number from 1 to 33000");
-  EXPECT_EQ(Mistake(kFull + "x|code|3|0|0\n"), "t.tsv:3: record 'x' is no number from 1 to 33000");
-}
-
-TEST_F(BoardTableCheck, RefusesARangeThatDoesNotRiseToItsEnd) {
-  EXPECT_EQ(Mistake(kFull + "4-4|code|3|0|0\n"), "t.tsv:3: record range '4-4' does not rise to its end");
-  EXPECT_EQ(Mistake(kFull + "9-4|code|3|0|0\n"), "t.tsv:3: record range '9-4' does not rise to its end");
-  EXPECT_EQ(Mistake(kFull + "1-6/2|code|3|0|0\n"), "t.tsv:3: record range '1-6/2' does not rise to its end");
-}
-
-TEST_F(BoardTableCheck, RefusesAWidthOutOfRange) {
-  EXPECT_EQ(Mistake(kFull + "1|code|0|0|0\n"), "t.tsv:3: bytes '0' is no number from 1 to 4");
-  EXPECT_EQ(Mistake(kFull + "1|code|5|0|0\n"), "t.tsv:3: bytes '5' is no number from 1 to 4");
-}
-
-TEST_F(BoardTableCheck, RefusesAPeriodOutOfRange) {
-  EXPECT_EQ(Mistake(kFull + "1|code|1|16|0\n"), "t.tsv:3: period '16' is no number from 0 to 15");
-}
-
-TEST_F(BoardTableCheck, RefusesADefaultWiderThanItsRecord) {
-  EXPECT_EQ(Mistake(kFull + "1|spare|1|0|256\n"), "t.tsv:3: default '256' is no number from 0 to 255");
-  EXPECT_EQ(Mistake(kFull + "1|spare|2|0|65536\n"), "t.tsv:3: default '65536' is no number from 0 to 65535");
-  EXPECT_EQ(Mistake(kFull + "1|spare|1|0|255\n"), "");
-  EXPECT_EQ(Mistake(kFull + "1|spare|4|0|4294967295\n"), "");
-}
-
-TEST_F(BoardTableCheck, RefusesAnotherNumberOfDefaultsThanRecords) {
-  EXPECT_EQ(Mistake(kFull + "1-3|code|1|0|1 2\n"), "t.tsv:3: has 2 defaults for 3 records");
-  EXPECT_EQ(Mistake(kFull + "1|code|1|0|\n"), "t.tsv:3: has 0 defaults for 1 records");
-}
-
-TEST_F(BoardTableCheck, RefusesARowWithTooFewOrTooManyCells) {
-  EXPECT_EQ(Mistake(kFull + "1|code|1|0\n"), "t.tsv:3: has 4 cells");
-  EXPECT_EQ(Mistake(kFull + "1|code|1|0|0|0\n"), "t.tsv:3: has 6 cells");
-}
-
-TEST_F(BoardTableCheck, RefusesARecordWithoutAName) {
-  EXPECT_EQ(Mistake(kFull + "1||1|0|0\n"), "t.tsv:3: has no name");
-}
-
-TEST_F(BoardTableCheck, RefusesAMirrorOfARecordThatIsNotThere) {
-  EXPECT_EQ(Mistake(kFull + "1|mirror of 2\n"), "t.tsv:3: mirrors record 2, which no row above has");
-}
-
-TEST_F(BoardTableCheck, RefusesAMirrorOfAnotherLength) {
-  EXPECT_EQ(Mistake(kFull + "1-2|code|1|0|0\n3-5|mirror of 1-2\n"),
-            "t.tsv:4: mirrors a range of another length");
-}
-
-TEST_F(BoardTableCheck, RefusesATableWhoseLastRecordIsInUse) {
-  EXPECT_EQ(Mistake(kFull + "1|code|3|0|0\n"),
-            "t.tsv:3: the last record must be a spare, for the scan never visits it");
-}
-
-TEST_F(BoardTableCheck, RefusesTooFewOrTooManyIdentificationRecords) {
-  EXPECT_EQ(Mistake(kSmall + "1-17|entry {n}|1|0\n"), "t.tsv:3: identification takes 18 to 20 records");
-  EXPECT_EQ(Mistake(kSmall + "1-21|entry {n}|1|0\n"), "t.tsv:3: identification takes 18 to 20 records");
-  EXPECT_EQ(Mistake(kSmall + "1-20|entry {n}|1|0\n"), "");
-}
-
-TEST_F(BoardTableCheck, RefusesANameThatIsNoIndexFile) {
-  EXPECT_EQ(Mistake("files|W256\nrecord|name|bytes|period|default\n1|spare|1|0|0\n"),
-            "t.tsv:1: 'W256' is no name for an index file of this table");
-  EXPECT_EQ(Mistake("files|W0245|W0245AB00\nrecord|name|bytes|period\n1-18|entry|1|0\n"),
-            "t.tsv:1: 'W0245AB00' is no name for an index file of this table");
-}
-
-TEST_F(BoardTableCheck, RefusesATableWithoutItsTwoFirstRows) {
-  EXPECT_EQ(Mistake("record|name\n1|code\n2|spare\n"),
-            "t.tsv:1: the first row must be 'files' and their names");
-  EXPECT_EQ(Mistake("files|W0256AO01\n1|code|1|0|0\n2|spare|1|0|0\n"),
-            "t.tsv:2: the second row must name the columns");
-  EXPECT_EQ(Mistake(kFull), "t.tsv:1: has no records");
+TEST_F(BoardTableCheck, TakesTheWidestDefaultOfAWidthAndTheMostIdentificationRecords) {
+  EXPECT_EQ(Read(kFull + "1|spare|1|0|255\n").records[0].value, 255u);
+  EXPECT_EQ(Read(kFull + "1|spare|4|0|4294967295\n").records[0].value, 4294967295u);
+  EXPECT_EQ(Read(kSmall + "1-20|entry {n}|1|0\n").records.size(), 20u);
 }
 
 TEST_F(BoardTableCheck, RefusesAFileThatCannotBeRead) {

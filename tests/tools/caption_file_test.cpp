@@ -11,9 +11,6 @@ const std::string kHeader = "line|Italiano|English\n";
 class CaptionFileCheck : public TableTest {
  protected:
   std::vector<Language> Read(const std::string& text) { return ReadCaptions(Table(text)); }
-  std::string Mistake(const std::string& text) {
-    return Complaint([&] { Read(text); });
-  }
 };
 
 TEST_F(CaptionFileCheck, GivesEveryLanguageItsColumn) {
@@ -46,40 +43,40 @@ TEST_F(CaptionFileCheck, LetsARowOfOneLineOverrideARangeBeforeOrAfterIt) {
   EXPECT_EQ(lines, (std::vector<std::string>{"First", "A 001", "Third"}));
 }
 
-TEST_F(CaptionFileCheck, RefusesADoubledLine) {
-  EXPECT_EQ(Mistake(kHeader + "7|a|b\n8|a|b\n7|a|b\n"), "t.tsv:4: line 7 stands in line 2 already");
-  EXPECT_EQ(Mistake(kHeader + "1-5|a|b\n4-8|a|b\n"), "t.tsv:3: line 4 stands in line 2 already");
+std::string Accents(int count) {
+  std::string text;
+  for (int i = 0; i < count; ++i) text += "è";
+  return text;
 }
 
-TEST_F(CaptionFileCheck, RefusesACaptionMissingInOneLanguage) {
-  EXPECT_EQ(Mistake(kHeader + "7||b\n"), "t.tsv:2: Italiano is missing");
-  EXPECT_EQ(Mistake(kHeader + "7|a|\n"), "t.tsv:2: English is missing");
-  EXPECT_EQ(Mistake(kHeader + "7|a\n"), "t.tsv:2: has 2 cells");
+TEST_F(CaptionFileCheck, TakesTheLastLineAndTheLongestCaptionByItsCharactersNotItsBytes) {
+  EXPECT_EQ(Read(kHeader + "650|" + Accents(60) + "|b\n")[0].lines.at(649), Accents(60));
 }
 
-TEST_F(CaptionFileCheck, RefusesALineBeyondTheCaptionTable) {
-  EXPECT_EQ(Mistake(kHeader + "650|a|b\n"), "");
-  EXPECT_EQ(Mistake(kHeader + "651|a|b\n"), "t.tsv:2: line '651' is no number from 1 to 650");
-  EXPECT_EQ(Mistake(kHeader + "0|a|b\n"), "t.tsv:2: line '0' is no number from 1 to 650");
+const Mistake kMistakes[] = {
+    {"ADoubledLine", kHeader + "7|a|b\n8|a|b\n7|a|b\n", "4: line 7 stands in line 2 already"},
+    {"OverlappingRanges", kHeader + "1-5|a|b\n4-8|a|b\n", "3: line 4 stands in line 2 already"},
+    {"AMissingFirstLanguage", kHeader + "7||b\n", "2: Italiano is missing"},
+    {"AMissingSecondLanguage", kHeader + "7|a|\n", "2: English is missing"},
+    {"TooFewCells", kHeader + "7|a\n", "2: has 2 cells"},
+    {"ALineBeyondTheTable", kHeader + "651|a|b\n", "2: line '651' is no number from 1 to 650"},
+    {"LineNought", kHeader + "0|a|b\n", "2: line '0' is no number from 1 to 650"},
+    {"AnOverlongCaption", kHeader + "7|a|" + Accents(61) + "\n", "2: English has more than 60 characters"},
+    {"AMarkerInTheFirstLanguageOnly", kHeader + "7|;-- Tempi|Times\n",
+     "2: is a marker in some languages only"},
+    {"AMarkerInTheSecondLanguageOnly", kHeader + "7|Tempi|;-- Times\n",
+     "2: is a marker in some languages only"},
+    {"ATableWithoutLanguages", "1|a|b\n2|a|b\n", "1: the first row must be 'line' and the languages"},
+    {"ATableWithoutCaptions", kHeader, "1: has no captions"},
+};
+
+class CaptionFileRefuses : public CaptionFileCheck, public testing::WithParamInterface<Mistake> {};
+
+TEST_P(CaptionFileRefuses, SayingFileAndLine) {
+  EXPECT_EQ(Complaint([&] { Read(GetParam().table); }), "t.tsv:" + GetParam().complaint);
 }
 
-TEST_F(CaptionFileCheck, RefusesAnOverlongCaptionByItsCharactersNotItsBytes) {
-  std::string sixty;
-  for (int i = 0; i < 60; ++i) sixty += "è";
-  EXPECT_EQ(Mistake(kHeader + "7|" + sixty + "|b\n"), "");
-  EXPECT_EQ(Mistake(kHeader + "7|" + sixty + "e|b\n"), "t.tsv:2: Italiano has more than 60 characters");
-}
-
-TEST_F(CaptionFileCheck, RefusesAMarkerThatSomeLanguagesLack) {
-  EXPECT_EQ(Mistake(kHeader + "7|;-- Tempi|Times\n"), "t.tsv:2: is a marker in some languages only");
-  EXPECT_EQ(Mistake(kHeader + "7|Tempi|;-- Times\n"), "t.tsv:2: is a marker in some languages only");
-  EXPECT_EQ(Mistake(kHeader + "7|;-- Tempi|;-- Times\n"), "");
-}
-
-TEST_F(CaptionFileCheck, RefusesATableWithoutItsHeaderOrRows) {
-  EXPECT_EQ(Mistake("1|a|b\n2|a|b\n"), "t.tsv:1: the first row must be 'line' and the languages");
-  EXPECT_EQ(Mistake(kHeader), "t.tsv:1: has no captions");
-}
+INSTANTIATE_TEST_SUITE_P(Mistakes, CaptionFileRefuses, testing::ValuesIn(kMistakes), MistakeName);
 
 }  // namespace
 }  // namespace dosmara

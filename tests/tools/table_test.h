@@ -19,6 +19,15 @@ inline std::string ReadWhole(const std::filesystem::path& path) {
   return {std::istreambuf_iterator<char>(stream), std::istreambuf_iterator<char>()};
 }
 
+// A table that must be refused, and the line and words of the refusal.
+struct Mistake {
+  std::string name;  // of the test
+  std::string table;
+  std::string complaint;
+};
+
+inline std::string MistakeName(const testing::TestParamInfo<Mistake>& mistake) { return mistake.param.name; }
+
 class TableTest : public testing::Test {
  protected:
   TableTest() {

@@ -11,7 +11,7 @@
 namespace dosmara {
 namespace {
 
-constexpr int kMostRecords = 33000;
+constexpr int kMostRecords = 32767;
 constexpr int kMostBytes = 4;
 constexpr int kMostPeriod = 15;
 // Identification reads up to entry 18 and has room for 20.
