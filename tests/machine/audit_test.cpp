@@ -1,0 +1,85 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "machine/audit.h"
+
+#include "machine_fixture.h"
+
+namespace machine {
+namespace {
+
+class AuditTest : public MachineTest {
+ protected:
+  AuditTest() {
+    constexpr int kLast[] = {390, 600, 380, 380};
+    for (int node = 0; node < 4; ++node) {
+      for (int record = 1; record <= kLast[node]; ++record) {
+        if (node != 0 || record < 310 || record > 320) Set(node, record, 9);
+      }
+    }
+  }
+
+  void ExpectCleared(int node, int first, int last) {
+    for (int record = first; record <= last; ++record)
+      EXPECT_EQ(Get(node, record), 0u) << node << " " << record;
+  }
+  void ExpectKept(int node, int first, int last) {
+    for (int record = first; record <= last; ++record)
+      EXPECT_EQ(Get(node, record), 9u) << node << " " << record;
+  }
+};
+
+TEST_F(AuditTest, Command1ClearsWhatMayBeCleared) {
+  Write(314, 1);
+  ExpectKept(0, 1, 106);
+  ExpectCleared(0, 107, 122);
+  ExpectCleared(0, 124, 126);
+  ExpectCleared(0, 128, 131);
+  ExpectKept(0, 132, 309);
+  ExpectKept(0, 321, 335);
+  ExpectCleared(0, 336, 338);
+  ExpectKept(0, 339, 356);
+  ExpectKept(1, 1, 59);
+  ExpectCleared(1, 60, 147);
+  ExpectKept(1, 148, 600);
+  for (const int unit : {2, 3}) {
+    ExpectKept(unit, 1, 70);
+    ExpectCleared(unit, 71, 214);
+    ExpectKept(unit, 215, 380);
+  }
+}
+
+TEST_F(AuditTest, Command1KeepsTheLifeTotals) {
+  Write(314, 1);
+  for (const int record : {123, 127, 332}) ExpectKept(0, record, record);
+}
+
+TEST_F(AuditTest, Command8ClearsTheLifeTotalsAsWell) {
+  Write(314, 8);
+  ExpectCleared(0, 107, 131);
+  ExpectCleared(0, 332, 332);
+  ExpectCleared(0, 336, 338);
+  ExpectCleared(1, 60, 147);
+}
+
+TEST_F(AuditTest, OtherCommandsClearNothing) {
+  for (const std::uint8_t command : {0, 5, 6, 9, 255}) Write(314, command);
+  ExpectKept(0, 107, 131);
+  ExpectKept(1, 60, 147);
+}
+
+TEST_F(AuditTest, ClearsNothingWhileTheMachineDispenses) {
+  Write(315, 1);
+  Write(314, 2);
+  ASSERT_TRUE(machine_.dispenser().busy());
+  Write(314, 1);
+  ExpectKept(0, 107, 131);
+}
+
+TEST_F(AuditTest, AnAbsentBoardKeepsItsCounters) {
+  machine_.presence().SetPresent(2, false);
+  Write(314, 1);
+  ExpectKept(2, 71, 214);
+  ExpectCleared(3, 71, 214);
+}
+
+}  // namespace
+}  // namespace machine

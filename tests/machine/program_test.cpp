@@ -1,0 +1,231 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// The program dosmara-machine from outside: its line, its commands, its end.
+#include <fcntl.h>
+#include <gtest/gtest.h>
+#include <poll.h>
+#include <signal.h>
+#include <spawn.h>
+#include <sys/wait.h>
+#include <termios.h>
+#include <unistd.h>
+
+#include <chrono>
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+#include <string>
+#include <vector>
+
+#include "machine/pty.h"
+
+extern char** environ;
+
+namespace machine {
+namespace {
+
+namespace fs = std::filesystem;
+using namespace std::chrono_literals;
+
+// Waits for input with a deadline.
+bool Readable(int descriptor, std::chrono::milliseconds deadline) {
+  pollfd wait{.fd = descriptor, .events = POLLIN, .revents = 0};
+  return poll(&wait, 1, static_cast<int>(deadline.count())) == 1;
+}
+
+class ProgramTest : public testing::Test {
+ protected:
+  ProgramTest() {
+    std::string pattern = (fs::temp_directory_path() / "machine.XXXXXX").string();
+    folder_ = mkdtemp(pattern.data());
+  }
+
+  ~ProgramTest() override {
+    if (child_ > 0) {
+      kill(child_, SIGKILL);
+      waitpid(child_, nullptr, 0);
+    }
+    for (const int end : {commands_, replies_}) {
+      if (end >= 0) close(end);
+    }
+    fs::remove_all(folder_);
+  }
+
+  void Start(std::vector<std::string> arguments) {
+    int to_child[2];
+    int from_child[2];
+    ASSERT_EQ(pipe2(to_child, O_CLOEXEC), 0);
+    ASSERT_EQ(pipe2(from_child, O_CLOEXEC), 0);
+    posix_spawn_file_actions_t actions;
+    posix_spawn_file_actions_init(&actions);
+    posix_spawn_file_actions_adddup2(&actions, to_child[0], STDIN_FILENO);
+    posix_spawn_file_actions_adddup2(&actions, from_child[1], STDOUT_FILENO);
+    posix_spawn_file_actions_adddup2(&actions, from_child[1], STDERR_FILENO);
+    arguments.insert(arguments.begin(), MACHINE_PROGRAM);
+    std::vector<char*> argv;
+    for (std::string& argument : arguments) argv.push_back(argument.data());
+    argv.push_back(nullptr);
+    ASSERT_EQ(posix_spawn(&child_, MACHINE_PROGRAM, &actions, nullptr, argv.data(), environ), 0);
+    posix_spawn_file_actions_destroy(&actions);
+    close(to_child[0]);
+    close(from_child[1]);
+    commands_ = to_child[1];
+    replies_ = from_child[0];
+  }
+
+  // Starts the machine with its usual boards and a link, and waits until it is ready.
+  void StartMachine(std::vector<std::string> more = {}) {
+    std::vector<std::string> arguments = {"--boards", MACHINE_BOARDS, "--link", link().string()};
+    arguments.insert(arguments.end(), more.begin(), more.end());
+    Start(arguments);
+    ASSERT_EQ(ReadLine().substr(0, 6), "ready ");
+  }
+
+  std::string ReadLine() {
+    std::string line;
+    char character = 0;
+    while (Readable(replies_, 10s) && read(replies_, &character, 1) == 1 && character != '\n')
+      line += character;
+    return line;
+  }
+
+  std::string Command(const std::string& line) {
+    const std::string whole = line + "\n";
+    EXPECT_EQ(write(commands_, whole.data(), whole.size()), static_cast<ssize_t>(whole.size()));
+    return ReadLine();
+  }
+
+  // Opens the line by its link, sends the port test and returns what comes back, two bytes at most.
+  Bytes PortTest() {
+    const Descriptor line(open(link().c_str(), O_RDWR | O_NOCTTY));
+    EXPECT_GE(line.number(), 0);
+    const Bytes zeros(5);
+    EXPECT_EQ(write(line.number(), zeros.data(), zeros.size()), 5);
+    Bytes reply;
+    std::uint8_t byte = 0;
+    while (reply.size() < 2 && Readable(line.number(), 10s) && read(line.number(), &byte, 1) == 1) {
+      reply.push_back(byte);
+    }
+    return reply;
+  }
+
+  // The exit code, once the program has ended by itself.
+  int ExitCode() {
+    while (Readable(replies_, 10s)) {
+      char rest[256];
+      if (read(replies_, rest, sizeof rest) <= 0) break;
+    }
+    int status = 0;
+    EXPECT_EQ(waitpid(child_, &status, 0), child_);
+    child_ = -1;
+    return WIFEXITED(status) ? WEXITSTATUS(status) : -1;
+  }
+
+  fs::path link() const { return folder_ / "com1"; }
+
+  fs::path folder_;
+  pid_t child_ = -1;
+  int commands_ = -1;
+  int replies_ = -1;
+};
+
+TEST_F(ProgramTest, AnswersOverItsLinkAgainAndAgain) {
+  StartMachine();
+  EXPECT_EQ(PortTest(), (Bytes{0, 0}));
+  EXPECT_EQ(PortTest(), (Bytes{0, 0})) << "after the tool has closed the line";
+}
+
+TEST_F(ProgramTest, AnswersEachCommandWithOneLine) {
+  StartMachine({"--model", "24", "--absent", "2"});
+  EXPECT_EQ(Command("set 0 312 0"), "ok");
+  EXPECT_EQ(Command("get 0 312"), "ok 0 312 0");
+  EXPECT_EQ(Command("get 0 313"), "ok 0 313 0");
+  EXPECT_EQ(Command("dance"), "error: no command 'dance', try help");
+  EXPECT_NE(Command("status").find(" model 24 plugged yes "), std::string::npos);
+}
+
+TEST_F(ProgramTest, RunsAScriptFirst) {
+  std::ofstream(folder_ / "script") << "# closes node 1\nset 0 312 0\n";
+  StartMachine({"--script", (folder_ / "script").string()});
+  EXPECT_EQ(ReadLine(), "ok");
+  EXPECT_EQ(Command("get 0 312"), "ok 0 312 0");
+}
+
+TEST_F(ProgramTest, UnplugTakesTheLinkAwayAndReplugBringsItBack) {
+  StartMachine();
+  const Descriptor line(open(link().c_str(), O_RDWR | O_NOCTTY));
+  EXPECT_EQ(Command("unplug"), "ok");
+  EXPECT_FALSE(fs::exists(fs::symlink_status(link())));
+  char byte = 0;
+  EXPECT_LE(read(line.number(), &byte, 1), 0) << "an open line has come to its end";
+  EXPECT_EQ(Command("replug"), "ok");
+  EXPECT_EQ(PortTest(), (Bytes{0, 0}));
+}
+
+TEST_F(ProgramTest, LeavesTheLineRaw) {
+  StartMachine();
+  const Descriptor line(open(link().c_str(), O_RDWR | O_NOCTTY));
+  termios settings{};
+  ASSERT_EQ(tcgetattr(line.number(), &settings), 0);
+  EXPECT_EQ(settings.c_lflag & (ECHO | ICANON | ISIG), 0u);
+  EXPECT_EQ(settings.c_oflag & OPOST, 0u);
+  EXPECT_EQ(settings.c_iflag & (ICRNL | INLCR | IXON), 0u);
+}
+
+TEST_F(ProgramTest, AToolThatNeverReadsDoesNotBlockIt) {
+  StartMachine();
+  EXPECT_EQ(Command("fault flood 100%"), "ok");
+  const Descriptor line(open(link().c_str(), O_RDWR | O_NOCTTY | O_NONBLOCK));
+  const Bytes zeros(500);
+  for (int i = 0; i < 20; ++i) EXPECT_GE(write(line.number(), zeros.data(), zeros.size()), 0);
+  EXPECT_EQ(Command("get 0 312"), "ok 0 312 4");
+}
+
+TEST_F(ProgramTest, TheEndOfItsCommandsIsNotItsEnd) {
+  StartMachine();
+  close(commands_);
+  commands_ = -1;
+  EXPECT_EQ(PortTest(), (Bytes{0, 0}));
+}
+
+TEST_F(ProgramTest, EndsInOrderOnQuitAndOnSignals) {
+  StartMachine();
+  EXPECT_EQ(Command("quit"), "ok");
+  EXPECT_EQ(ExitCode(), 0);
+  EXPECT_FALSE(fs::exists(fs::symlink_status(link())));
+  for (const int signal : {SIGTERM, SIGINT}) {
+    close(commands_);
+    close(replies_);
+    StartMachine();
+    kill(child_, signal);
+    EXPECT_EQ(ExitCode(), 0);
+    EXPECT_FALSE(fs::exists(fs::symlink_status(link())));
+  }
+}
+
+TEST_F(ProgramTest, RefusesABadOptionInOneLineWithCode2) {
+  Start({"--colour"});
+  EXPECT_EQ(ReadLine(), "dosmara-machine: no option '--colour', try --help");
+  EXPECT_EQ(ExitCode(), 2);
+}
+
+TEST_F(ProgramTest, NamesAFileThatIsMissingWithCode1) {
+  Start({"--boards", folder_.string()});
+  EXPECT_EQ(ReadLine(), "dosmara-machine: " + (folder_ / "W0256.inx").string() + ": cannot be read");
+  EXPECT_EQ(ExitCode(), 1);
+}
+
+TEST_F(ProgramTest, LogsFramesToAFile) {
+  StartMachine({"--log", (folder_ / "log").string()});
+  PortTest();
+  EXPECT_EQ(Command("quit"), "ok");
+  EXPECT_EQ(ExitCode(), 0);
+  std::ifstream log(folder_ / "log");
+  std::string in;
+  std::string out;
+  ASSERT_TRUE(std::getline(log, in) && std::getline(log, out));
+  EXPECT_TRUE(in.ends_with(" 00 00 00 00 00"));
+  EXPECT_TRUE(out.ends_with(" 00 00"));
+}
+
+}  // namespace
+}  // namespace machine
