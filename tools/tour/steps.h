@@ -1,0 +1,15 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// What the tour visits, one function for each window.
+#pragma once
+
+#include "tour/tour.h"
+
+namespace dosmara {
+
+// The main window: all boards answered, the lamps work, the pictures of it.
+void VisitMainWindow(Tour& tour);
+
+// Doses: unlocks, a dose changed and held by the machine, a drink and a part dispensed, the other language.
+void VisitDoses(Tour& tour);
+
+}  // namespace dosmara
