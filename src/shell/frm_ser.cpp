@@ -44,6 +44,7 @@ FrmSer::FrmSer(Settings& settings, StatusBar& status_bar)
   connect(&serial_, &QSerialPort::errorOccurred, this, &FrmSer::OnError);
   connect(&serial_, &QSerialPort::readyRead, this, &FrmSer::OnReadyRead);
   for (int i = 0; i < kLinkTimerCount; ++i) {
+    timers_[i].setParent(this);
     timers_[i].setObjectName(QString("Timer%1").arg(i + 1));
     timers_[i].setTimerType(Qt::PreciseTimer);
     timers_[i].setInterval(kLinkTimerInterval[i]);
@@ -75,7 +76,7 @@ void FrmSer::Unload() {
 int FrmSer::OpenPort(int port) {
   ClosePort();
   port_ = port;
-  device_ = DeviceOfPort(settings_.folder, port);
+  device_.clear();
   return OpenDevice();
 }
 
@@ -84,19 +85,19 @@ void FrmSer::ClosePort() {
   CloseDevice();
 }
 
-// The device keeps its name even if others have moved up in the system's list since; only a port that had no
-// device yet is looked up again.
 void FrmSer::ReopenPort() {
   ClosePort();
-  if (device_.isEmpty()) {
-    device_ = DeviceOfPort(settings_.folder, port_);
-  }
   if (OpenDevice() != 0) {
     try_again_.start();
   }
 }
 
+// Opens the device of port_. It keeps its name even if others have moved up in the system's list since; only
+// a port that had no device yet is looked up again.
 int FrmSer::OpenDevice() {
+  if (device_.isEmpty()) {
+    device_ = DeviceOfPort(settings_.folder, port_);
+  }
   const QString path = ResolveDevice(device_);
   if (path.isEmpty()) {
     return kErrorInvalidPort;
@@ -157,7 +158,7 @@ void FrmSer::Output(std::span<const std::uint8_t> frame) {
 std::size_t FrmSer::InputCount() const { return static_cast<std::size_t>(serial_.bytesAvailable()); }
 
 Bytes FrmSer::TakeInput() {
-  const QByteArray input = serial_.readAll();
+  const QByteArray input = serial_.isOpen() ? serial_.readAll() : QByteArray();
   return {input.begin(), input.end()};
 }
 
