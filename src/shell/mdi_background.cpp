@@ -14,10 +14,12 @@ MdiBackground::MdiBackground() {
   setVerticalScrollBarPolicy(Qt::ScrollBarAsNeeded);
 }
 
-void MdiBackground::paintEvent(QPaintEvent* event) {
-  QPainter painter(viewport());
-  painter.fillRect(event->rect(), palette().window());
-  painter.drawPixmap(0, 0, Picture(":/art/background.svg", viewport()->size(), devicePixelRatioF()));
+void MdiBackground::paintEvent(QPaintEvent* /*event*/) {
+  const QSize size = viewport()->size();
+  if (picture_.size() != size * devicePixelRatioF()) {
+    picture_ = Picture(":/art/background.svg", size, devicePixelRatioF(), Qt::KeepAspectRatioByExpanding);
+  }
+  QPainter(viewport()).drawPixmap(0, 0, picture_);
 }
 
 }  // namespace dosmara

@@ -3,6 +3,7 @@
 #pragma once
 
 #include <QMdiArea>
+#include <QPixmap>
 
 namespace dosmara {
 
@@ -12,6 +13,9 @@ class MdiBackground : public QMdiArea {
 
  protected:
   void paintEvent(QPaintEvent* event) override;
+
+ private:
+  QPixmap picture_;  // for the size that the area has now
 };
 
 }  // namespace dosmara

@@ -5,21 +5,29 @@
 #include <QPixmapCache>
 #include <QSvgRenderer>
 
+// The drawings lie in a static library, so nothing but this call brings them into the program. The macro
+// wants no namespace around it.
+static void BringDrawings() { Q_INIT_RESOURCE(art); }
+
 namespace dosmara {
 
-QPixmap Picture(const QString& name, QSize size, qreal ratio) {
-  const QString key = QString("%1 %2x%3 %4").arg(name).arg(size.width()).arg(size.height()).arg(ratio);
+QPixmap Picture(const QString& name, QSize size, qreal ratio, Qt::AspectRatioMode mode) {
+  const QString key =
+      QString("%1 %2x%3 %4 %5").arg(name).arg(size.width()).arg(size.height()).arg(ratio).arg(mode);
   QPixmap picture;
   if (QPixmapCache::find(key, &picture)) {
     return picture;
   }
+  BringDrawings();
+  QSvgRenderer renderer(name);
+  QRectF place(QPointF(), QSizeF(renderer.defaultSize()).scaled(size, mode));
+  place.moveCenter(QRectF(QPointF(), QSizeF(size)).center());
   picture = QPixmap(size * ratio);
   picture.setDevicePixelRatio(ratio);
   picture.fill(Qt::transparent);
-  QSvgRenderer renderer(name);
-  renderer.setAspectRatioMode(Qt::KeepAspectRatio);
   QPainter painter(&picture);
-  renderer.render(&painter, QRectF(QPointF(), QSizeF(size)));
+  renderer.render(&painter, place);
+  painter.end();
   QPixmapCache::insert(key, picture);
   return picture;
 }

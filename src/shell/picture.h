@@ -8,8 +8,9 @@
 
 namespace dosmara {
 
-// The drawing `name` of the program's resources (":/art/tx_on.svg"), as large as fits into `size` pixels of
-// a screen with the scale `ratio`, centred. Rendered once for each size and kept.
-QPixmap Picture(const QString& name, QSize size, qreal ratio);
+// The drawing `name` of the program's resources (":/art/tx_on.svg") for `size` pixels of a screen with the
+// scale `ratio`, centred: as large as fits, or with KeepAspectRatioByExpanding large enough to cover all of
+// it. Small ones are kept once rendered.
+QPixmap Picture(const QString& name, QSize size, qreal ratio, Qt::AspectRatioMode mode = Qt::KeepAspectRatio);
 
 }  // namespace dosmara
