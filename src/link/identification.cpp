@@ -57,6 +57,14 @@ int TestPort() {
   return input.size() == 2 && input[0] == input[1] ? 0 : kErrorDeviceUnavailable;
 }
 
+// Ends the wait for a reply, whether it came or not. Were Timer2 left running, it would send the same request
+// a second time right after the next one, and two replies would put all reads after it out of step.
+void GiveUpExchange() {
+  Host().DisableTimer(LinkTimer::Timer2);
+  LinkIdle = true;
+  RetryCount = 0;
+}
+
 // Reads entry k of the node's identification as one byte. Empty: a node other than 0 is absent. A silent
 // main board is the operator's to decide.
 std::optional<std::uint8_t> SendIdentRead(int node, int k) {
@@ -74,6 +82,7 @@ std::optional<std::uint8_t> SendIdentRead(int node, int k) {
     NodeIndex = static_cast<std::uint8_t>(node);
     LinkSend();
     while (!LinkIdle && !IdentTimedOut) Host().PumpEvents();
+    GiveUpExchange();
     NodePresent[node] = !ReplyData.empty();
     if (NodePresent[node]) return ReplyData[0];
     if (node != 0) {

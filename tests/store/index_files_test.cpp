@@ -56,9 +56,9 @@ TEST_F(IndexFiles, NodeTablesNameTheFourBoards) {
 
 TEST_F(IndexFiles, ModelNamesAreTheTwelveOfTheFamily) {
   InitModelNames();
-  const std::vector<std::string> names = {"Kelmar",         "Lumeno",      "Corvane",          "Zeth",
-                                          "Lumeno S",       "Corvane S",   "Brevo",            "Galdo",
-                                          "Lumeno Nord EU", "Zeth Kestra", "Lumeno S Nord EU", "Corvane Plus"};
+  const std::vector<std::string> names = {
+      "Kelmar", "Lumeno", "Corvane",        "Zeth",        "Lumeno S",         "Corvane S",
+      "Brevo",  "Galdo",  "Lumeno Nord EU", "Zeth Kestra", "Lumeno S Nord EU", "Corvane Plus"};
   EXPECT_EQ(std::vector<std::string>(std::begin(ModelNames), std::end(ModelNames)), names);
 }
 

@@ -63,7 +63,6 @@ void VirtualHost::ClosePort() {
 void VirtualHost::ReopenPort() {
   ++reopens;
   input_.clear();
-  to_board_.clear();
 }
 
 void VirtualHost::Output(std::span<const std::uint8_t> frame) {
