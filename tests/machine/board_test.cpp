@@ -8,6 +8,7 @@
 
 #include "machine/board_files.h"
 #include "machine/schedule.h"
+#include "temp_folder.h"
 
 namespace machine {
 namespace {
@@ -86,15 +87,12 @@ TEST(Schedule, NeverRunsBackward) {
 class BoardFilesTest : public testing::Test {
  protected:
   BoardFilesTest() {
-    std::string pattern = (fs::temp_directory_path() / "boards.XXXXXX").string();
-    folder_ = mkdtemp(pattern.data());
     for (const char* small : {"W0256.inx", "W0257.inx", "W0245.inx"}) Put(small, SmallFile());
     Put("W0256AO01.inx", {1, 0, 1, 5, 3, 232, 3, 0, 0, 2, 0, 0, 0, 3, 8, 0, 0, 0, 99, 99});
     Put("W0257AC01.inx", {1, 0, 0, 0, 3, 21, 0, 0, 0});
     Put("W0245AB00.inx", {1, 0, 0, 0, 3, 22, 0, 0, 0});
     Put("W0245AC00.inx", {1, 0, 0, 0, 3, 23, 0, 0, 0});
   }
-  ~BoardFilesTest() override { fs::remove_all(folder_); }
 
   // Entry k at bank 9, high byte 8, low byte k.
   static Bytes SmallFile() {
@@ -110,18 +108,18 @@ class BoardFilesTest : public testing::Test {
 
   std::string FailureOfLoad() {
     try {
-      LoadBoards(folder_);
+      LoadBoards(folder_.path());
     } catch (const FileError& error) {
       return error.what();
     }
     return {};
   }
 
-  fs::path folder_;
+  TempFolder folder_;
 };
 
 TEST_F(BoardFilesTest, ReadsRowsOfNineBytesAndPassesOverARest) {
-  Boards boards = LoadBoards(folder_);
+  Boards boards = LoadBoards(folder_.path());
   EXPECT_EQ(boards[0].record_count(), 2);
   const Cell* first = boards[0].Find({.bank = 3, .high = 0, .low = 1, .control = 1});
   ASSERT_NE(first, nullptr);
@@ -131,7 +129,7 @@ TEST_F(BoardFilesTest, ReadsRowsOfNineBytesAndPassesOverARest) {
 }
 
 TEST_F(BoardFilesTest, EachNodeHasItsOwnFileAndTheUnitsShareTheSmallOne) {
-  Boards boards = LoadBoards(folder_);
+  Boards boards = LoadBoards(folder_.path());
   EXPECT_EQ(boards[1].Get(1), 21u);
   EXPECT_EQ(boards[2].Get(1), 22u);
   EXPECT_EQ(boards[3].Get(1), 23u);
@@ -143,7 +141,7 @@ TEST_F(BoardFilesTest, TheIdentificationNamesTheFullFile) {
     int revision, type_low, type_high, file_number, model;
   } const boards_told[] = {
       {0, 14, 0, 1, 1, 25}, {1, 2, 1, 1, 1, 0}, {2, 1, 245, 0, 0, 0}, {3, 2, 245, 0, 0, 0}};
-  Boards boards = LoadBoards(folder_);
+  Boards boards = LoadBoards(folder_.path());
   for (const auto& told : boards_told) {
     const auto entry = [&](std::uint8_t k) {
       return boards[told.node].Find({.bank = 9, .high = 8, .low = k})->bytes[0];

@@ -15,6 +15,11 @@ class DispenserTest : public MachineTest {
     machine_.Write(0, 314, command);
   }
 
+  // Doses and times of node 1: record and value of each.
+  void Hold(std::initializer_list<std::pair<int, std::uint32_t>> records) {
+    for (const auto& [record, value] : records) Set(1, record, value);
+  }
+
   bool Dispensing() { return (Get(0, 317) & 2) != 0; }
 
   // Expects dispensing from 300 ms after now, for `duration`, to the millisecond.
@@ -38,33 +43,25 @@ class DispenserTest : public MachineTest {
 };
 
 TEST_F(DispenserTest, ADrinkTakes25MsForEachWaterCount) {
-  Set(1, 148, 80);
+  Hold({{148, 80}});
   Command(2, 1);
   ExpectDispensingFor(2000ms);
 }
 
 TEST_F(DispenserTest, TakesTheRecordsOfTheSelectionLessOne) {
-  Set(1, 148 + 21, 40);
+  Hold({{148 + 21, 40}});
   Command(2, 22);
   ExpectDispensingFor(1000ms);
 }
 
 TEST_F(DispenserTest, AllWatersFollowEachOther) {
-  Set(1, 148, 40);
-  Set(1, 170, 20);
-  Set(1, 192, 40);
-  Set(1, 214, 20);
-  Set(1, 236, 80);
+  Hold({{148, 40}, {170, 20}, {192, 40}, {214, 20}, {236, 80}});
   Command(2, 1);
   ExpectDispensingFor(5000ms);
 }
 
 TEST_F(DispenserTest, APowderThatRunsLongerThanItsWaterDecides) {
-  Set(1, 170, 20);
-  Set(1, 368, 5);
-  Set(1, 280, 25);
-  Set(1, 390, 10);
-  Set(1, 302, 10);
+  Hold({{170, 20}, {368, 5}, {280, 25}, {390, 10}, {302, 10}});
   Command(2, 1);
   ExpectDispensingFor(3000ms);
 }
@@ -84,15 +81,13 @@ TEST_F(DispenserTest, EachPowderGoesWithItsWaterAndDelay) {
 }
 
 TEST_F(DispenserTest, APowderWhoseWaterIsOffIsLeftOut) {
-  Set(1, 148, 40);
-  Set(1, 280, 90);
+  Hold({{148, 40}, {280, 90}});
   Command(2, 1);
   ExpectDispensingFor(1000ms);
 }
 
 TEST_F(DispenserTest, SugarRunsFirstInACompleteDrinkOnly) {
-  Set(1, 148, 40);
-  Set(1, 434, 15);
+  Hold({{148, 40}, {434, 15}});
   Command(2, 1);
   ExpectDispensingFor(2500ms);
   Command(3, 1);
@@ -100,16 +95,13 @@ TEST_F(DispenserTest, SugarRunsFirstInACompleteDrinkOnly) {
 }
 
 TEST_F(DispenserTest, WithoutSugarKeepsThePowders) {
-  Set(1, 170, 20);
-  Set(1, 280, 25);
+  Hold({{170, 20}, {280, 25}});
   Command(3, 1);
   ExpectDispensingFor(2500ms);
 }
 
 TEST_F(DispenserTest, WaterOnlyLeavesPowdersOut) {
-  Set(1, 170, 20);
-  Set(1, 280, 25);
-  Set(1, 434, 15);
+  Hold({{170, 20}, {280, 25}, {434, 15}});
   Command(4, 1);
   ExpectDispensingFor(500ms);
 }
@@ -163,8 +155,7 @@ TEST_F(DispenserTest, RefusesASelectionOrPartThatDoesNotExist) {
 }
 
 TEST_F(DispenserTest, RefusesACommandWhileItIsBusy) {
-  Set(1, 148, 40);
-  Set(1, 149, 400);
+  Hold({{148, 40}, {149, 400}});
   Command(2, 1);
   Pass(100ms);
   Command(2, 2);
@@ -176,7 +167,7 @@ TEST_F(DispenserTest, RefusesACommandWhileItIsBusy) {
 }
 
 TEST_F(DispenserTest, RefusesWhatBelongsToAnAbsentBoard) {
-  Set(1, 148, 40);
+  Hold({{148, 40}});
   Set(0, 358, 86);
   machine_.presence().SetPresent(1, false);
   machine_.presence().SetPresent(2, false);
@@ -187,7 +178,7 @@ TEST_F(DispenserTest, RefusesWhatBelongsToAnAbsentBoard) {
 
 TEST_F(DispenserTest, LeavesTheOtherBitsOfTheStatusAlone) {
   Set(0, 317, 4);
-  Set(1, 148, 40);
+  Hold({{148, 40}});
   Command(2, 1);
   Pass(500ms);
   EXPECT_EQ(Get(0, 317), 6u);
@@ -196,7 +187,7 @@ TEST_F(DispenserTest, LeavesTheOtherBitsOfTheStatusAlone) {
 }
 
 TEST_F(DispenserTest, ARestartEndsIt) {
-  Set(1, 148, 400);
+  Hold({{148, 400}});
   Command(2, 1);
   Pass(1s);
   machine_.Restart();
@@ -206,7 +197,7 @@ TEST_F(DispenserTest, ARestartEndsIt) {
 }
 
 TEST_F(DispenserTest, IsCommandedByFrames) {
-  Set(1, 148, 40);
+  Hold({{148, 40}});
   machine_.Receive(WithSum({128, 1, 1, 59, 1}));
   Pass(20ms);
   machine_.Receive(WithSum({128, 1, 1, 58, 2}));

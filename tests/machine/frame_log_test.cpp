@@ -1,36 +1,31 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "machine/frame_log.h"
 
-#include <filesystem>
 #include <fstream>
 
 #include "machine_fixture.h"
+#include "temp_folder.h"
 
 namespace machine {
 namespace {
 
-namespace fs = std::filesystem;
-
 class FrameLogTest : public testing::Test {
  protected:
   FrameLogTest() {
-    std::string pattern = (fs::temp_directory_path() / "names.XXXXXX").string();
-    folder_ = mkdtemp(pattern.data());
     std::ofstream(folder_ / "W0257AC01.tsv") << "record\tname\tbytes\tperiod\tdefault\n"
                                              << "5\tprice number, selection 5\t1\t0\t4\n";
-    machine_.emplace(PlainBoards(), 1, FrameLog(RecordNames::Load(folder_), [this](const std::string& line) {
-                       lines_.push_back(line);
-                     }));
+    machine_.emplace(PlainBoards(), 1,
+                     FrameLog(RecordNames::Load(folder_.path()),
+                              [this](const std::string& line) { lines_.push_back(line); }));
     machine_->log().Switch(true);
   }
-  ~FrameLogTest() override { fs::remove_all(folder_); }
 
   void Ask(const Bytes& request) {
     machine_->Receive(request);
     machine_->AdvanceTo(machine_->now() + 100ms);
   }
 
-  fs::path folder_;
+  TempFolder folder_;
   std::vector<std::string> lines_;
   std::optional<Machine> machine_;
 };
@@ -82,7 +77,7 @@ TEST_F(FrameLogTest, SwitchedOffItIsStill) {
 }
 
 TEST_F(FrameLogTest, ABoardWithoutATableHasNoNames) {
-  const RecordNames names = RecordNames::Load(folder_);
+  const RecordNames names = RecordNames::Load(folder_.path());
   EXPECT_EQ(names.NameOf(1, 5), "price number, selection 5");
   EXPECT_EQ(names.NameOf(1, 6), "");
   EXPECT_EQ(names.NameOf(2, 5), "");

@@ -10,13 +10,13 @@
 #include <unistd.h>
 
 #include <chrono>
-#include <cstdlib>
 #include <filesystem>
 #include <fstream>
 #include <string>
 #include <vector>
 
 #include "machine/pty.h"
+#include "temp_folder.h"
 
 extern char** environ;
 
@@ -34,11 +34,6 @@ bool Readable(int descriptor, std::chrono::milliseconds deadline) {
 
 class ProgramTest : public testing::Test {
  protected:
-  ProgramTest() {
-    std::string pattern = (fs::temp_directory_path() / "machine.XXXXXX").string();
-    folder_ = mkdtemp(pattern.data());
-  }
-
   ~ProgramTest() override {
     if (child_ > 0) {
       kill(child_, SIGKILL);
@@ -47,7 +42,6 @@ class ProgramTest : public testing::Test {
     for (const int end : {commands_, replies_}) {
       if (end >= 0) close(end);
     }
-    fs::remove_all(folder_);
   }
 
   void Start(std::vector<std::string> arguments) {
@@ -122,7 +116,7 @@ class ProgramTest : public testing::Test {
 
   fs::path link() const { return folder_ / "com1"; }
 
-  fs::path folder_;
+  TempFolder folder_;
   pid_t child_ = -1;
   int commands_ = -1;
   int replies_ = -1;
@@ -209,7 +203,7 @@ TEST_F(ProgramTest, RefusesABadOptionInOneLineWithCode2) {
 }
 
 TEST_F(ProgramTest, NamesAFileThatIsMissingWithCode1) {
-  Start({"--boards", folder_.string()});
+  Start({"--boards", folder_.path().string()});
   EXPECT_EQ(ReadLine(), "dosmara-machine: " + (folder_ / "W0256.inx").string() + ": cannot be read");
   EXPECT_EQ(ExitCode(), 1);
 }
