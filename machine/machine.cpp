@@ -31,7 +31,7 @@ Machine::Machine(Boards boards, std::uint32_t seed, FrameLog log)
 void Machine::Receive(std::span<const std::uint8_t> bytes) {
   for (const std::uint8_t byte : bytes) {
     const Time end = incoming_.Carry(now());
-    schedule_.At(end, [this, byte, end] { TakeByte(byte, end - kCharTime); });
+    schedule_.At(end, [this, byte] { TakeByte(byte); });
   }
 }
 
@@ -52,12 +52,12 @@ void Machine::Write(int node, int record, std::uint32_t value) {
   for (Concern* concern : concerns_) concern->OnWrite(node, record);
 }
 
-void Machine::TakeByte(std::uint8_t byte, Time begin) {
-  if (begin - last_byte_ >= kSilentTime) reader_.Silence();
+void Machine::TakeByte(std::uint8_t byte) {
   last_byte_ = now();
   reader_.Push(byte);
   TakeRequests();
   schedule_.In(kSilentTime, [this] {
+    // Another byte has arrived since, or is on its way.
     if (incoming_.free_at() > last_byte_ || now() - last_byte_ < kSilentTime) return;
     reader_.Silence();
     TakeRequests();

@@ -70,7 +70,7 @@ class Machine {
   void Write(int node, int record, std::uint32_t value);
 
  private:
-  void TakeByte(std::uint8_t byte, Time begin);
+  void TakeByte(std::uint8_t byte);
   void TakeRequests();
   void Handle(const Request& request);
   Bytes Answer(const Request& request, Cell* cell);

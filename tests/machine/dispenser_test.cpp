@@ -154,14 +154,15 @@ TEST_F(DispenserTest, RefusesASelectionOrPartThatDoesNotExist) {
   ExpectNothing();
 }
 
-TEST_F(DispenserTest, RefusesACommandWhileItIsBusy) {
+TEST_F(DispenserTest, RefusesACommandFromTheOneBeforeToItsEnd) {
   Hold({{148, 40}, {149, 400}});
   Command(2, 1);
   Pass(100ms);
   Command(2, 2);
-  Pass(200ms);
+  Pass(1199ms);
+  EXPECT_TRUE(Dispensing());
   Command(2, 2);
-  Pass(1000ms);
+  Pass(1ms);
   EXPECT_FALSE(Dispensing());
   ExpectNothing();
 }

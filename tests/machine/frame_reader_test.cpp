@@ -108,6 +108,11 @@ TEST_F(FrameReaderTest, FindsARequestDirectlyBehindNoise) {
   EXPECT_EQ(reader_.TakeDropped(), Bytes{0x37});
 }
 
+TEST_F(FrameReaderTest, FindsARequestBehindNoiseThatLooksLikeADamagedOne) {
+  EXPECT_EQ(Only({0x37, 0x80, 0, 1, 2, 3, 6}).address.low, 3);
+  EXPECT_EQ(reader_.TakeDropped(), (Bytes{0x37, 0x80}));
+}
+
 TEST_F(FrameReaderTest, FindsARequestBehindNoiseThatAnnouncesALongFrameOnceTheLineIsSilent) {
   Feed({0xF5, 0, 1, 2, 3, 6});
   EXPECT_FALSE(reader_.TakeRequest().has_value());

@@ -157,6 +157,14 @@ TEST_F(MachineTest, MutedItHearsAndSaysNothing) {
   EXPECT_EQ(Ask({0, 1, 0, 5, 6}), (Bytes{0, 0}));
 }
 
+TEST_F(MachineTest, ARestartTakesBackAReplyThatHasNotLeft) {
+  machine_.Receive(Bytes{0, 1, 0, 5, 6});
+  Pass(6 * kCharacter);
+  machine_.Restart();
+  Pass(10s);
+  EXPECT_TRUE(Sent().empty());
+}
+
 TEST_F(MachineTest, ARestartLosesWhatIsUnderWayAndKeepsValues) {
   Set(0, 5, 77);
   machine_.Receive(Bytes{0, 1, 0});

@@ -165,13 +165,26 @@ TEST_F(ProgramTest, LeavesTheLineRaw) {
   EXPECT_EQ(settings.c_iflag & (ICRNL | INLCR | IXON), 0u);
 }
 
-TEST_F(ProgramTest, AToolThatNeverReadsDoesNotBlockIt) {
-  StartMachine();
-  EXPECT_EQ(Command("fault flood 100%"), "ok");
-  const Descriptor line(open(link().c_str(), O_RDWR | O_NOCTTY | O_NONBLOCK));
-  const Bytes zeros(500);
-  for (int i = 0; i < 20; ++i) EXPECT_GE(write(line.number(), zeros.data(), zeros.size()), 0);
-  EXPECT_EQ(Command("get 0 312"), "ok 0 312 4");
+TEST(Pty, NeverWaitsForAToolThatDoesNotRead) {
+  Pty line("");
+  for (int i = 0; i < 1000; ++i) line.Write(Bytes(1000));
+}
+
+TEST(Pty, GivesNothingWhenTheToolHasWrittenNothing) { EXPECT_TRUE(Pty("").Read().empty()); }
+
+TEST(Pty, TakesThePlaceOfAnOldLinkAndLeavesALinkThatIsNoLongerItsOwn) {
+  const TempFolder folder;
+  const fs::path link = folder / "com1";
+  fs::create_symlink("/nowhere", link);
+  const Pty first(link);
+  EXPECT_EQ(fs::read_symlink(link), first.device());
+  {
+    const Pty second(link);
+    EXPECT_EQ(fs::read_symlink(link), second.device());
+    fs::remove(link);
+    fs::create_symlink(first.device(), link);
+  }
+  EXPECT_EQ(fs::read_symlink(link), first.device());
 }
 
 TEST_F(ProgramTest, TheEndOfItsCommandsIsNotItsEnd) {
