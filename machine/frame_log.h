@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // The frames on the wire, one a line, for people to read:
 //
-//     12.345678  in   node 1  write  record 148 water for coffee, selection 1 = 57   F2 ...
-//     12.347201  out  node 1  write  record 148 water for coffee, selection 1 = 57   4A
+//       0.008587  in   node 1  write  record 148 coffee water, selection 1 = 57  F3 00 02 9E A1 51 39 00 BE
+//       0.011587  out  node 1  write  record 148 coffee water, selection 1 = 57  7C
 //
 // Time is in seconds. Bytes are in hex, as they were on the wire.
 #pragma once
