@@ -1,0 +1,378 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "shell/main_window.h"
+
+#include <gtest/gtest.h>
+
+#include <QApplication>
+#include <QFileInfo>
+#include <QMdiSubWindow>
+#include <QMenu>
+#include <QTest>
+#include <map>
+#include <memory>
+
+#include "link/identification.h"
+#include "shell/loaded_forms.h"
+#include "store/failure.h"
+#include "store/parameter_table.h"
+#include "support/box_recorder.h"
+#include "support/program_folder.h"
+#include "support/wait_until.h"
+#include "tour/machine_process.h"
+
+namespace dosmara {
+namespace {
+
+// What has happened to the forms of each name, in order.
+std::map<QString, QStringList> history;
+
+template <const char* kName>
+class PlainForm : public Form {
+ public:
+  PlainForm() : Form(kName) { setWindowTitle(kName); }
+  void Load() override { history[kName].append("load"); }
+  void InitMessaggi() override { history[kName].append("captions"); }
+  void Unload() override { history[kName].append("unload"); }
+};
+
+constexpr char kDosi[] = "FrmDosi";
+constexpr char kTempi[] = "FrmTempi";
+constexpr char kCancella[] = "FrmCancella";
+constexpr FormEntry kForms[] = {{kDosi, CreateForm<PlainForm<kDosi>>},
+                                {kTempi, CreateForm<PlainForm<kTempi>>},
+                                {kCancella, CreateForm<PlainForm<kCancella>>}};
+
+const Box kNoBoard = {"Check serial !\nSerial device unavailable\nor Board Not Ready", "ERROR 8002",
+                      BoxStyle::kCritical};
+
+// The main window in a folder of its own, with port 1 for the machine and nothing on the others.
+class MainWindowTest : public testing::Test {
+ protected:
+  void SetUp() override {
+    history.clear();
+    const QDir data(DOSMARA_PROGRAM_DATA);
+    for (const QString& name : data.entryList({"*.inx", "*.lng"})) {
+      ASSERT_TRUE(QFile::copy(data.filePath(name), folder_.path() + "/" + name)) << name.toStdString();
+    }
+    for (const char* port : {"com1", "com2", "com3", "com4"}) {
+      QFile::link("/dev/nonexistent-line", folder_.path() + "/" + port);
+    }
+    folder_.Write("dosmara.ini", "Com=1\nLingua=Italiano\n");
+    QApplication::setApplicationName("Dosmara");
+    window_ = std::make_unique<MDIForm1>(SettingsOf(folder_.program()), kForms);
+  }
+
+  // An exit outside of the event loop would end the loops of the tests that follow.
+  void TearDown() override {
+    QTimer::singleShot(0, [] { QCoreApplication::exit(); });
+    QApplication::exec();
+  }
+
+  // Plugs a machine into port 1.
+  void PlugMachine(const QStringList& arguments = {}) {
+    QStringList all = {"--boards", folder_.path(), "--link", folder_.path() + "/com1"};
+    all.append(arguments);
+    machine_ = std::make_unique<MachineProcess>(DOSMARA_MACHINE, all);
+    ASSERT_TRUE(machine_->Ready());
+  }
+
+  void StartOnAMachine() {
+    PlugMachine();
+    window_->Load();
+  }
+
+  // A launcher above the program's directory that notes where it runs.
+  void PutLauncher() const {
+    folder_.Write("../DOSMARA.EXE", "#!/bin/sh\npwd > started.tmp && mv started.tmp started\n");
+    QFile::setPermissions(folder_.parent() + "/DOSMARA.EXE", QFile::ReadOwner | QFile::ExeOwner);
+  }
+  bool LauncherStarted() { return QFile::exists(folder_.parent() + "/started"); }
+
+  QAction* Action(const char* name) { return window_->findChild<QAction*>(name); }
+  void Click(const char* name) {
+    ASSERT_TRUE(Action(name)->isEnabled()) << name;
+    Action(name)->trigger();
+  }
+  QMdiArea* Area() { return window_->findChild<QMdiArea*>("MDIBackground1"); }
+  QString ActiveForm() {
+    QMdiSubWindow* frame = Area()->activeSubWindow();
+    return frame != nullptr ? frame->widget()->objectName() : QString();
+  }
+
+  ProgramFolder folder_;
+  BoxRecorder screen_;
+  std::unique_ptr<MachineProcess> machine_;
+  std::unique_ptr<MDIForm1> window_;
+};
+
+using MainWindowStart = MainWindowTest;
+using MainWindowForms = MainWindowTest;
+using MainWindowLanguage = MainWindowTest;
+using MainWindowPort = MainWindowTest;
+using MainWindowExit = MainWindowTest;
+
+TEST_F(MainWindowStart, ConnectsAndNamesItself) {
+  StartOnAMachine();
+  EXPECT_TRUE(screen_.boxes.empty());
+  EXPECT_TRUE(window_->isVisible());
+  EXPECT_EQ(window_->windowTitle(), "Dosmara");
+  EXPECT_EQ(window_->objectName(), "MDIForm1");
+  EXPECT_EQ(QDir::currentPath(), QDir(folder_.path()).canonicalPath());
+  EXPECT_EQ(Action("smnuExit")->text(), "Esci");
+  EXPECT_TRUE(Action("mnuCox(1)")->isChecked());
+  EXPECT_TRUE(Action("smnuLingue(1)")->isChecked());
+  EXPECT_EQ(Action("smnuLingue(1)")->text(), "Italiano");
+  EXPECT_FALSE(Action("smnuLingue(2)")->isVisible());
+  EXPECT_TRUE(NodePresent[0]);
+  EXPECT_GT(NodeRecordCount[0], 300);
+}
+
+TEST_F(MainWindowStart, LoadsTheMainWindowFirstAndFrmSerSecond) {
+  ASSERT_EQ(LoadedForms.size(), 2u);
+  EXPECT_EQ(UpperName(*LoadedForms[0]), "MDIFORM1");
+  EXPECT_EQ(UpperName(*LoadedForms[1]), "FRMSER");
+}
+
+TEST_F(MainWindowStart, EnablesFormsAndPortsWhenTheLinkRuns) {
+  EXPECT_FALSE(Action("smnuDosi")->isEnabled());
+  EXPECT_FALSE(Action("mnuCox(2)")->isEnabled());
+  EXPECT_TRUE(Action("smnuExit")->isEnabled());
+  EXPECT_TRUE(Action("smnuLingue(0)")->isEnabled());
+  StartOnAMachine();
+  EXPECT_TRUE(Action("smnuDosi")->isEnabled());
+  EXPECT_TRUE(Action("mnuCox(2)")->isEnabled());
+}
+
+TEST_F(MainWindowStart, LeavesAnEntryWhoseFormDoesNotExistDisabled) {
+  StartOnAMachine();
+  EXPECT_TRUE(Action("smnuAllarmi")->isVisible());
+  EXPECT_FALSE(Action("smnuAllarmi")->isEnabled());
+  EXPECT_TRUE(Action("smnuInOut")->isEnabled());
+}
+
+TEST_F(MainWindowStart, EndsWithoutTheLauncherWhenNoPortHasABoard) {
+  PutLauncher();
+  EXPECT_THROW(window_->Load(), ProgramEnds);
+  EXPECT_EQ(screen_.boxes, std::vector<Box>{kNoBoard});
+  window_.reset();
+  RunFor(std::chrono::milliseconds(50));
+  EXPECT_FALSE(LauncherStarted());
+}
+
+TEST_F(MainWindowStart, RefusesAModelBelow23) {
+  PlugMachine({"--model", "22"});
+  EXPECT_THROW(window_->Load(), ProgramEnds);
+  const Box expected = {"Not Compatible\nBoard Software", "ERROR", BoxStyle::kCritical};
+  EXPECT_EQ(screen_.boxes, std::vector<Box>{expected});
+}
+
+TEST_F(MainWindowStart, EndsWhenTheLanguageCannotBeLoaded) {
+  folder_.Write("Italiano.lng", QByteArray("x\n").repeated(651));
+  EXPECT_THROW(window_->Load(), ProgramEnds);
+  const Box expected = {"Italiano.lng\nMore than 650 lines", "Error", BoxStyle::kCritical};
+  EXPECT_EQ(screen_.boxes, std::vector<Box>{expected});
+  EXPECT_FALSE(window_->isVisible());
+}
+
+TEST_F(MainWindowStart, EndsWithoutAnyLanguageFile) {
+  QFile::remove(folder_.path() + "/Italiano.lng");
+  QFile::remove(folder_.path() + "/English.lng");
+  EXPECT_THROW(window_->Load(), ProgramEnds);
+  const Box expected = {"Reinstall program\nFile missing!", "Error", BoxStyle::kCritical};
+  EXPECT_EQ(screen_.boxes, std::vector<Box>{expected});
+}
+
+TEST_F(MainWindowStart, HidesByModel) {
+  ModelCode = 20;
+  window_->ApplyHidingRules();
+  EXPECT_FALSE(Action("smnuAzione")->isVisible());
+  EXPECT_FALSE(Action("ssmnuMDBaudit")->isVisible());
+  ModelCode = 21;
+  window_->ApplyHidingRules();
+  EXPECT_TRUE(Action("smnuAzione")->isVisible());
+  EXPECT_FALSE(Action("ssmnuMDBaudit")->isVisible());
+}
+
+TEST_F(MainWindowForms, OpenAsChildWindows) {
+  StartOnAMachine();
+  Click("smnuDosi");
+  ASSERT_EQ(Area()->subWindowList().size(), 1);
+  EXPECT_EQ(ActiveForm(), "FrmDosi");
+  EXPECT_TRUE(FindForm("FrmDosi")->isVisible());
+  EXPECT_EQ(history["FrmDosi"].count("load"), 1);
+}
+
+TEST_F(MainWindowForms, ComeForwardAtASecondClick) {
+  StartOnAMachine();
+  Click("smnuDosi");
+  Click("smnuTempi");
+  EXPECT_EQ(ActiveForm(), "FrmTempi");
+  Area()->subWindowList().constFirst()->showMinimized();
+  Click("smnuDosi");
+  EXPECT_EQ(Area()->subWindowList().size(), 2);
+  EXPECT_EQ(ActiveForm(), "FrmDosi");
+  EXPECT_FALSE(Area()->activeSubWindow()->isMinimized());
+  EXPECT_EQ(history["FrmDosi"].count("load"), 1);
+}
+
+TEST_F(MainWindowForms, OpenAgainAfterTheyWereClosed) {
+  StartOnAMachine();
+  Click("smnuDosi");
+  Area()->closeActiveSubWindow();
+  EXPECT_EQ(history["FrmDosi"].count("unload"), 1);
+  Click("smnuDosi");
+  EXPECT_EQ(history["FrmDosi"].count("load"), 2);
+  EXPECT_TRUE(FindForm("FrmDosi")->isVisible());
+}
+
+TEST_F(MainWindowForms, CloseBeforeTheCountersAreCleared) {
+  StartOnAMachine();
+  Click("smnuDosi");
+  Click("smnuTempi");
+  Click("ssmnuCancella");
+  EXPECT_EQ(history["FrmDosi"].back(), "unload");
+  EXPECT_EQ(history["FrmTempi"].back(), "unload");
+  EXPECT_EQ(FindForm("FrmDosi"), nullptr);
+  EXPECT_EQ(FindForm("FrmTempi"), nullptr);
+  EXPECT_EQ(ActiveForm(), "FrmCancella");
+  EXPECT_EQ(LoadedForms.size(), 3u);
+}
+
+TEST_F(MainWindowForms, StandInTheListOfWindows) {
+  StartOnAMachine();
+  Click("smnuDosi");
+  Click("smnuTempi");
+  auto* windows = window_->findChild<QMenu*>("mnuWL");
+  emit windows->aboutToShow();
+  ASSERT_EQ(windows->actions().size(), 2);
+  EXPECT_EQ(windows->actions()[0]->text(), "FrmDosi");
+  EXPECT_FALSE(windows->actions()[0]->isChecked());
+  EXPECT_TRUE(windows->actions()[1]->isChecked());
+  windows->actions()[0]->trigger();
+  EXPECT_EQ(ActiveForm(), "FrmDosi");
+}
+
+TEST_F(MainWindowForms, TakeTheirCaptionsAgainWhenActivated) {
+  StartOnAMachine();
+  Click("smnuDosi");
+  Click("smnuTempi");
+  const qsizetype before = history["FrmDosi"].count("captions");
+  Area()->setActiveSubWindow(Area()->subWindowList().constFirst());
+  EXPECT_GT(history["FrmDosi"].count("captions"), before);
+}
+
+TEST_F(MainWindowForms, AreReachedByKeyboard) {
+  StartOnAMachine();
+  window_->activateWindow();
+  QTest::keyClick(window_.get(), Qt::Key_F10);
+  EXPECT_EQ(window_->menuBar()->activeAction(), Action("mnuFile"));
+}
+
+TEST_F(MainWindowLanguage, ChangesMenusAndOpenFormsAtOnce) {
+  StartOnAMachine();
+  Click("smnuDosi");
+  Click("smnuTempi");
+  const qsizetype dosi = history["FrmDosi"].count("captions");
+  const qsizetype tempi = history["FrmTempi"].count("captions");
+  Click("smnuLingue(0)");
+  EXPECT_EQ(Action("smnuExit")->text(), "Exit");
+  EXPECT_TRUE(Action("smnuLingue(0)")->isChecked());
+  EXPECT_FALSE(Action("smnuLingue(1)")->isChecked());
+  EXPECT_GT(history["FrmDosi"].count("captions"), dosi);
+  EXPECT_GT(history["FrmTempi"].count("captions"), tempi);
+  EXPECT_EQ(folder_.Read("dosmara.ini"), "Com=1\nLingua=English\n");
+}
+
+TEST_F(MainWindowLanguage, StaysWhenTheFileDoesNotFit) {
+  StartOnAMachine();
+  folder_.Write("English.lng", "File\nExit\n");
+  Click("smnuLingue(0)");
+  const Box expected = {"Check file message !!!", "Wrong file", BoxStyle::kExclamation};
+  EXPECT_EQ(screen_.boxes, std::vector<Box>{expected});
+  EXPECT_EQ(Action("smnuExit")->text(), "Esci");
+  EXPECT_TRUE(Action("smnuLingue(1)")->isChecked());
+  EXPECT_FALSE(Action("smnuLingue(0)")->isChecked());
+  EXPECT_EQ(folder_.Read("dosmara.ini"), "Com=1\nLingua=Italiano\n");
+}
+
+TEST_F(MainWindowPort, ChangesWithoutWritingTheSettings) {
+  StartOnAMachine();
+  const QString device = QFileInfo(folder_.path() + "/com1").symLinkTarget();
+  QFile::remove(folder_.path() + "/com2");
+  QFile::link(device, folder_.path() + "/com2");
+  Click("mnuCox(2)");
+  EXPECT_EQ(PortNumber, 2);
+  EXPECT_FALSE(Action("mnuCox(1)")->isChecked());
+  EXPECT_TRUE(Action("mnuCox(2)")->isChecked());
+  EXPECT_EQ(folder_.Read("dosmara.ini"), "Com=1\nLingua=Italiano\n");
+  EXPECT_TRUE(screen_.boxes.empty());
+}
+
+TEST_F(MainWindowPort, FallsBackToThePortThatHasTheBoard) {
+  StartOnAMachine();
+  Click("mnuCox(3)");
+  EXPECT_EQ(PortNumber, 1);
+  EXPECT_TRUE(Action("mnuCox(1)")->isChecked());
+  EXPECT_FALSE(Action("mnuCox(3)")->isChecked());
+}
+
+TEST_F(MainWindowPort, EndsTheProgramWithoutTheLauncherWhenNoneHasABoard) {
+  StartOnAMachine();
+  PutLauncher();
+  machine_.reset();
+  QFile::remove(folder_.path() + "/com1");
+  QFile::link("/dev/nonexistent-line", folder_.path() + "/com1");
+  QTimer::singleShot(0, Action("mnuCox(2)"), &QAction::trigger);
+  EXPECT_EQ(QApplication::exec(), 0);
+  EXPECT_EQ(screen_.boxes, std::vector<Box>{kNoBoard});
+  EXPECT_FALSE(LauncherStarted());
+}
+
+TEST_F(MainWindowExit, StartsTheLauncherInTheDirectoryAbove) {
+  StartOnAMachine();
+  PutLauncher();
+  QTimer::singleShot(0, Action("smnuExit"), &QAction::trigger);
+  EXPECT_EQ(QApplication::exec(), 0);
+  ASSERT_TRUE(WaitUntil([&] { return LauncherStarted(); }));
+  EXPECT_EQ(folder_.Read("../started").trimmed(), QDir(folder_.parent()).canonicalPath());
+  EXPECT_EQ(QDir::currentPath(), QDir(folder_.parent()).canonicalPath());
+}
+
+TEST_F(MainWindowExit, StartsTheLauncherOnceWhenTheWindowIsClosed) {
+  StartOnAMachine();
+  PutLauncher();
+  QTimer::singleShot(0, window_.get(), &QWidget::close);
+  EXPECT_EQ(QApplication::exec(), 0);
+  ASSERT_TRUE(WaitUntil([&] { return LauncherStarted(); }));
+  QFile::remove(folder_.parent() + "/started");
+  Action("smnuExit")->trigger();
+  RunFor(std::chrono::milliseconds(100));
+  EXPECT_FALSE(LauncherStarted());
+}
+
+TEST_F(MainWindowExit, EndsAllTheSameWithoutALauncher) {
+  StartOnAMachine();
+  QTimer::singleShot(0, Action("smnuExit"), &QAction::trigger);
+  EXPECT_EQ(QApplication::exec(), 0);
+  EXPECT_TRUE(screen_.boxes.empty());
+}
+
+TEST_F(MainWindowExit, EndsAllTheSameWhenTheLauncherCannotRun) {
+  StartOnAMachine();
+  folder_.Write("../DOSMARA.EXE", "not a program");
+  QTimer::singleShot(0, Action("smnuExit"), &QAction::trigger);
+  EXPECT_EQ(QApplication::exec(), 0);
+}
+
+TEST_F(MainWindowExit, EndsInOrderWhileTheBoardsAreIdentified) {
+  PlugMachine();
+  PutLauncher();
+  QTimer::singleShot(200, window_.get(),
+                     &QWidget::close);  // due while the port is tested, delivered after it
+  EXPECT_THROW(window_->Load(), ProgramEnds);
+  EXPECT_TRUE(screen_.boxes.empty());
+  EXPECT_TRUE(WaitUntil([&] { return LauncherStarted(); }));
+}
+
+}  // namespace
+}  // namespace dosmara
