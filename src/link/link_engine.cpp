@@ -51,7 +51,7 @@ std::uint8_t exch_node;
 // What keeps bytes that cannot be the reply from being taken for it. The check of a reply is an 8-bit sum,
 // and two zero bytes pass it, so a stuck or flooded line would fill the table with zeros. What remains
 // beyond these guards: noise that begins in the middle of an exchange and by chance carries a right sum (1
-// in 256), and the late reply of an earlier request, since replies carry no number.
+// in 256), and a reply that is late or comes twice and meets the next request, since replies carry no number.
 std::optional<microseconds> last_stray;  // time of the last byte that came while no exchange ran
 bool reply_untrusted;                    // the reply to the request that is out counts as bad
 microseconds resend_leaves_until;        // end of a request that is being repeated; until then what arrives

@@ -24,9 +24,8 @@ TEST(Frame, ReadOfNodesTwoAndThreeBearsTheirLetters) {
 }
 
 TEST(Frame, WriteOfTheMainBoard) {
-  EXPECT_EQ(
-      EncodeRequest({.control = 0x81, .bank = 0, .addr_hi = 0, .addr_lo = 16, .value = Bytes{232, 3}}),
-      (Bytes{129, 0, 0, 16, 232, 3, 124}));
+  EXPECT_EQ(EncodeRequest({.control = 0x81, .bank = 0, .addr_hi = 0, .addr_lo = 16, .value = Bytes{232, 3}}),
+            (Bytes{129, 0, 0, 16, 232, 3, 124}));
 }
 
 TEST(Frame, WriteOfNodeTwoIsPassedOn) {
@@ -64,9 +63,7 @@ TEST(Frame, ReadIgnoresTheValue) {
   EXPECT_EQ(EncodeRequest({.control = 0, .value = Bytes{9, 9}}), (Bytes{0, 0, 0, 0, 0}));
 }
 
-TEST(Frame, PortTestIsFiveZeroBytes) {
-  EXPECT_EQ(PortTestFrame(), (Bytes{0, 0, 0, 0, 0}));
-}
+TEST(Frame, PortTestIsFiveZeroBytes) { EXPECT_EQ(PortTestFrame(), (Bytes{0, 0, 0, 0, 0})); }
 
 TEST(Frame, SumIsTakenModulo256) {
   EXPECT_EQ(Sum(Bytes{}), 0);

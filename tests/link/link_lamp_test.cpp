@@ -24,8 +24,7 @@ class LinkLamp : public LinkFixture {
 
 TEST_F(LinkLamp, EachNumberBelongsToItsPanel) {
   for (const int n : {4, 5, 6, 1, 2, 3}) SetLinkStatus(n);
-  EXPECT_EQ(Changes(),
-            (std::vector<std::pair<int, int>>{{2, 4}, {3, 5}, {4, 6}, {2, 1}, {3, 2}, {4, 3}}));
+  EXPECT_EQ(Changes(), (std::vector<std::pair<int, int>>{{2, 4}, {3, 5}, {4, 6}, {2, 1}, {3, 2}, {4, 3}}));
 }
 
 TEST_F(LinkLamp, AnImageThatIsShownAlreadyIsNotShownAgain) {

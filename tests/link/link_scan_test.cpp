@@ -172,10 +172,8 @@ TEST_F(LinkScanWalk, WalksTheNodesInTurnAndBackToTheFirst) {
     Subscribe(node, 2);
   }
   StartScan();
-  std::vector<Bytes> expected = {{0, 0, 0, 2, 2},
-                                 {241, 0, 0, 2, 0, 81, 68},
-                                 {241, 0, 0, 2, 0, 86, 73},
-                                 {241, 0, 0, 2, 0, 87, 74}};
+  std::vector<Bytes> expected = {
+      {0, 0, 0, 2, 2}, {241, 0, 0, 2, 0, 81, 68}, {241, 0, 0, 2, 0, 86, 73}, {241, 0, 0, 2, 0, 87, 74}};
   Ticks(8);
   EXPECT_EQ(Frames(), expected);
   Ticks(4);  // a whole pass without a request takes a tick for each node

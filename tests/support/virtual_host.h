@@ -84,6 +84,8 @@ class VirtualHost : public LinkHost {
 
   // Sends `bytes` toward the tool; the first one begins after `delay`, or as soon as the line is free.
   void Send(const Bytes& bytes, microseconds delay = microseconds(0));
+  // When the last of the bytes that are under way reaches the tool.
+  microseconds LastByteArrives() const { return to_tool_.empty() ? now_ : to_tool_.back().time; }
   // Calls `what` at the virtual time `when`.
   void At(microseconds when, std::function<void()> what);
   // Lets `time` pass.
