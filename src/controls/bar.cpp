@@ -2,27 +2,39 @@
 #include "controls/bar.h"
 
 #include <QKeyEvent>
+#include <QPainter>
 #include <QStyleOptionSlider>
-#include <QStylePainter>
 #include <QWheelEvent>
 #include <algorithm>
 #include <cmath>
+
+#include "controls/tones.h"
 
 namespace dosmara {
 
 namespace {
 
 // Smallest usable length, in widths of the letter x: both arrows, a handle and room to drag it.
-constexpr int kLeastLength = 18;
+constexpr int kLeastLength = 24;
 // What the wheel reports for one notch.
 constexpr int kWheelNotch = 120;
+constexpr int kFocusRoom = 3;
+constexpr double kCorner = 3;
+
+// The arrow in an end of the bar: pointing right for a `direction` of 1, left for -1.
+QPolygonF Arrow(const QRectF& end, int direction) {
+  const QPointF centre = end.center();
+  const double reach = end.height() / 4;
+  return {{centre + QPointF(direction * reach, 0), centre + QPointF(-direction * reach, -reach),
+           centre + QPointF(-direction * reach, reach)}};
+}
 
 }  // namespace
 
 Bar::Bar(QWidget* parent) : QScrollBar(Qt::Horizontal, parent) {
   setFocusPolicy(Qt::StrongFocus);
   setTracking(false);
-  setMinimumWidth(kLeastLength * fontMetrics().horizontalAdvance('x'));
+  setMinimumSize(sizeHint());
   connect(this, &QScrollBar::valueChanged, this, &Bar::Take);
   connect(this, &QScrollBar::sliderReleased, this, &Bar::EndDrag);
 }
@@ -99,12 +111,47 @@ void Bar::wheelEvent(QWheelEvent* event) {
   event->accept();
 }
 
-void Bar::paintEvent(QPaintEvent* event) {
-  QScrollBar::paintEvent(event);
+QSize Bar::sizeHint() const {
+  return {kLeastLength * fontMetrics().horizontalAdvance('x'), fontMetrics().height() + 2 * kFocusRoom};
+}
+
+// The groove is filled up to the handle, so that the value can be read off from afar.
+void Bar::paintEvent(QPaintEvent*) {
+  QStyleOptionSlider option;
+  initStyleOption(&option);
+  const auto part = [&](QStyle::SubControl control) {
+    return QRectF(style()->subControlRect(QStyle::CC_ScrollBar, &option, control, this))
+        .adjusted(1, kFocusRoom, -1, -kFocusRoom);
+  };
+  const QRectF groove = part(QStyle::SC_ScrollBarGroove);
+  const QRectF handle = part(QStyle::SC_ScrollBarSlider);
+  const QColor ground = palette().color(QPalette::Window);
+  const QColor ink = Ink(palette(), true);
+  const QColor line = Blend(ground, ink, isEnabled() ? 0.55 : 0.3);
+  const double thickness = groove.height() / 3;
+
+  QPainter painter(this);
+  painter.setRenderHint(QPainter::Antialiasing);
+  painter.setPen(Qt::NoPen);
+  const QRectF track(groove.left(), groove.center().y() - thickness / 2, groove.width(), thickness);
+  painter.setBrush(Blend(ground, ink, 0.15));
+  painter.drawRoundedRect(track, thickness / 2, thickness / 2);
+  QRectF filled = track;
+  filled.setRight(handle.center().x());
+  painter.setBrush(isEnabled() ? palette().color(QPalette::Highlight) : line);
+  painter.drawRoundedRect(filled, thickness / 2, thickness / 2);
+
+  painter.setBrush(line);
+  painter.drawPolygon(Arrow(part(QStyle::SC_ScrollBarSubLine), -1));
+  painter.drawPolygon(Arrow(part(QStyle::SC_ScrollBarAddLine), 1));
+
+  painter.setPen(line);
+  painter.setBrush(Blend(palette().color(QPalette::Button), ink, isSliderDown() ? 0.2 : 0));
+  painter.drawRoundedRect(handle, kCorner, kCorner);
   if (hasFocus()) {
-    QPainter painter(this);
+    painter.setBrush(Qt::NoBrush);
     painter.setPen(QPen(palette().color(QPalette::Highlight), 2));
-    painter.drawRect(rect().adjusted(1, 1, -1, -1));
+    painter.drawRoundedRect(QRectF(rect()).adjusted(1, 1, -1, -1), kCorner, kCorner);
   }
 }
 

@@ -28,6 +28,8 @@ class Bar : public QScrollBar {
   // The nearest value to `value` that the bar can hold.
   int Clamped(double value) const;
 
+  QSize sizeHint() const override;
+
  signals:
   // The value has changed.
   void Changed(int value);

@@ -8,20 +8,32 @@ namespace dosmara {
 EntryBox::EntryBox(QWidget* parent, QString* saved_text)
     : QLineEdit(parent), saved_text_(saved_text != nullptr ? saved_text : &own_saved_text_) {
   setAlignment(Qt::AlignRight);
-  connect(this, &QLineEdit::returnPressed, this, [this] { emit Confirmed(text()); });
+  connect(this, &QLineEdit::returnPressed, this, [this] {
+    emit Confirmed(text());
+    selectAll();
+  });
 }
 
 void EntryBox::ShowText(const QString& text) {
-  setText(text);
+  Put(text);
   *saved_text_ = text;
 }
 
-void EntryBox::Restore() { setText(*saved_text_); }
+void EntryBox::Restore() { Put(*saved_text_); }
+
+// In a box that has the focus the next key replaces the text that has been put there.
+void EntryBox::Put(const QString& text) {
+  setText(text);
+  if (hasFocus()) {
+    selectAll();
+  }
+}
 
 // The box's own context menu takes the focus for a moment: that is neither arriving nor leaving.
 void EntryBox::focusInEvent(QFocusEvent* event) {
   if (event->reason() != Qt::PopupFocusReason) {
     *saved_text_ = text();
+    setPlaceholderText(text());
     clear();
   }
   QLineEdit::focusInEvent(event);

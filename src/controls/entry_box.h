@@ -6,8 +6,9 @@
 
 namespace dosmara {
 
-// A box that lies over a shown value. On focus it keeps its text and empties itself; when it is left, the
-// kept text comes back, so that an entry which nobody confirmed leaves no trace. Only Enter confirms.
+// A box that lies over a shown value. On focus it keeps its text and empties itself, the old value
+// showing faintly; when it is left, the kept text comes back, so that an entry which nobody confirmed leaves
+// no trace. Only Enter confirms.
 class EntryBox : public QLineEdit {
   Q_OBJECT
 
@@ -21,6 +22,9 @@ class EntryBox : public QLineEdit {
 
   // Brings the kept text back.
   void Restore();
+
+  // Puts a text into the box, without keeping it.
+  void Put(const QString& text);
 
  signals:
   // Enter has been pressed on this text.

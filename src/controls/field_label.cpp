@@ -16,7 +16,6 @@ constexpr double kCorner = 3;
 
 FieldLabel::FieldLabel(QWidget* parent, bool framed) : QLabel(parent), framed_(framed) {
   setAlignment(framed ? Qt::AlignRight | Qt::AlignVCenter : Qt::AlignLeft | Qt::AlignVCenter);
-  setSizePolicy(framed ? QSizePolicy::Ignored : QSizePolicy::Preferred, QSizePolicy::Preferred);
 }
 
 QSize FieldLabel::sizeHint() const {

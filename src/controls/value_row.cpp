@@ -23,8 +23,8 @@ ValueRow::ValueRow(QWidget* parent, ValueRowSetup setup)
   box_->setObjectName(setup_.box_name);
   bar_->setObjectName(setup_.bar_name);
   const int width = kValueDigits * box_->fontMetrics().horizontalAdvance('0');
-  value_->setMinimumWidth(width);
-  box_->setMinimumWidth(width);
+  value_->setFixedWidth(width);
+  box_->setFixedWidth(width);
   box_->setMaxLength(setup_.length);
   bar_->SetSpan(setup_.min, setup_.max, setup_.large_change);
   connect(box_, &EntryBox::Confirmed, this, &ValueRow::Confirm);
@@ -76,7 +76,7 @@ void ValueRow::Confirm(const QString& text) {
     return;
   }
   if (setup_.restore_from_label) {
-    box_->setText(value_->text());
+    box_->Put(value_->text());
   } else {
     box_->Restore();
   }

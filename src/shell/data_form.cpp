@@ -7,30 +7,19 @@
 
 namespace dosmara {
 
-namespace {
-
-// A scroll area that asks for the whole size of what it holds.
-class BodyArea : public QScrollArea {
- public:
-  explicit BodyArea(QWidget* parent) : QScrollArea(parent) {
-    setFrameShape(QFrame::NoFrame);
-    setWidgetResizable(true);
-    setFocusPolicy(Qt::NoFocus);
-    setWidget(new QWidget);
-  }
-
-  QSize sizeHint() const override { return widget()->sizeHint(); }
-};
-
-}  // namespace
-
-DataForm::DataForm(const QString& name, int load_threshold) : Form(name), load_threshold_(load_threshold) {
+DataForm::DataForm(const QString& name, int load_threshold)
+    : Form(name), body_(new QWidget), load_threshold_(load_threshold) {
   auto* layout = new QVBoxLayout(this);
   layout->setContentsMargins({});
-  auto* area = new BodyArea(this);
+  auto* area = new QScrollArea(this);
+  area->setFrameShape(QFrame::NoFrame);
+  area->setWidgetResizable(true);
+  area->setFocusPolicy(Qt::NoFocus);
+  area->setWidget(body_);
   layout->addWidget(area);
-  body_ = area->widget();
 }
+
+QSize DataForm::sizeHint() const { return body_->sizeHint(); }
 
 // The controls go first: a box that loses the focus still puts its text back.
 DataForm::~DataForm() { delete body_; }

@@ -38,6 +38,8 @@ class DataForm : public Form {
 
   void SLabelChange(std::int32_t index, double value) override;
 
+  QSize sizeHint() const override;
+
  protected:
   // The widget that carries the controls; it scrolls where the form is larger than its frame.
   QWidget* Body() { return body_; }

@@ -2,6 +2,7 @@
 #include "shell/form.h"
 
 #include <QCloseEvent>
+#include <QLayout>
 #include <QMdiSubWindow>
 #include <algorithm>
 
@@ -35,6 +36,12 @@ void FormCentre(Form& form) {
   if (frame == nullptr) {
     return;
   }
+  // Controls that have not been on the screen yet do not tell their layouts of new captions.
+  for (QLayout* layout : form.findChildren<QLayout*>()) {
+    layout->invalidate();
+    layout->activate();
+  }
+  form.updateGeometry();
   frame->resize(frame->sizeHint().boundedTo(frame->parentWidget()->size()));
   const QPoint place = FormCentrePosition(frame->window()->size(), frame->size());
   frame->move(std::max(place.x(), 0), std::max(place.y(), 0));

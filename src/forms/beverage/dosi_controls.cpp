@@ -17,6 +17,8 @@ constexpr int kRowOrder[] = {0, kBreak, 1, 2,  3,  4,      5,  kBreak, 6, 7,
 constexpr int kTestColumn = 4;
 
 constexpr double kHeadingScale = 1.6;
+constexpr int kGap = 16;         // between the panels
+constexpr int kRowDistance = 3;  // between rows
 
 // "Selezione 21"
 QString SelectionText(int selection) {
@@ -69,10 +71,11 @@ DosiControls::DosiControls(QWidget* body, const bool& in_arrival, QString* saved
   IndentDependants(rows);
 
   auto* layout = new QHBoxLayout(body);
-  layout->setSpacing(3 * layout->spacing());
   layout->addLayout(LayOutSelection());
+  layout->addSpacing(kGap);
   auto* right = new QVBoxLayout;
   right->addLayout(LayOutRows());
+  right->addSpacing(kGap);
   right->addLayout(LayOutProperties());
   right->addStretch();
   layout->addLayout(right, 1);
@@ -88,7 +91,7 @@ QLayout* DosiControls::LayOutSelection() {
   panel->addWidget(label7);
   panel->addWidget(keypad);
   panel->addWidget(selection);
-  panel->addSpacing(selection->sizeHint().height());
+  panel->addSpacing(kGap);
   for (QPushButton* button : drink_tests) {
     panel->addWidget(button);
   }
@@ -99,13 +102,14 @@ QLayout* DosiControls::LayOutSelection() {
 QLayout* DosiControls::LayOutRows() {
   auto* grid = new QGridLayout;
   grid->setColumnStretch(2, 1);
+  grid->setVerticalSpacing(kRowDistance);
   QWidget* before = drink_tests.back();
   int line = 0;
   for (const int n : kRowOrder) {
     if (n == kBreak) {
       auto* rule = new QFrame(keypad->parentWidget());
       rule->setFrameShape(QFrame::HLine);
-      rule->setFrameShadow(QFrame::Sunken);
+      rule->setForegroundRole(QPalette::Mid);
       grid->addWidget(rule, line++, 0, 1, kTestColumn + 1);
       continue;
     }

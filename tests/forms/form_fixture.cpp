@@ -1,0 +1,135 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "forms/form_fixture.h"
+
+#include <QApplication>
+#include <QLocale>
+#include <QMdiSubWindow>
+#include <QTest>
+#include <QTimerEvent>
+#include <algorithm>
+#include <cstring>
+#include <stdexcept>
+
+#include "forms/form_list.h"
+#include "link/identification.h"
+#include "shell/caption_table.h"
+#include "store/parameter_table.h"
+
+namespace dosmara {
+
+void PrintTo(const Write& write, std::ostream* out) {
+  *out << "node " << write.node << " record " << write.record << " := " << write.value;
+}
+
+void PrintTo(const Subscription& subscription, std::ostream* out) {
+  *out << "node " << subscription.node << " record " << subscription.record << " x " << subscription.subscribers;
+}
+
+FormFixture::FormFixture() : window_(std::make_unique<QMainWindow>()), area_(new QMdiArea) {
+  std::memset(ParamTable, 0, sizeof ParamTable);
+  for (int node = 0; node < kNodeCount; ++node) {
+    NodePresent[node] = true;
+    NodeRecordCount[node] = kRecords;
+    for (int record = 1; record <= kRecords; ++record) {
+      ParamTable[node][record].Control = 1;
+    }
+  }
+  ModelCode = 25;
+  for (int line = 0; line <= kLastCaption; ++line) {
+    CaptionTable[line] = '#' + QString::number(line);
+  }
+  QLocale::setDefault(QLocale::c());
+  LoadedForms = {&bystanders_[0], &bystanders_[1]};
+  window_->setCentralWidget(area_);
+  window_->resize(1366, 700);
+  window_->show();
+}
+
+FormFixture::~FormFixture() {
+  window_.reset();
+  LoadedForms.clear();
+}
+
+Form& FormFixture::Open(const std::string& name) {
+  for (const FormEntry& entry : FormList()) {
+    if (name == entry.name) {
+      form_ = entry.create();
+    }
+  }
+  if (form_ == nullptr) {
+    throw std::runtime_error("no form " + name);
+  }
+  area_->addSubWindow(form_);
+  form_->Load();
+  form_->parentWidget()->show();
+  QApplication::setActiveWindow(window_.get());
+  return *form_;
+}
+
+void FormFixture::Close() {
+  form_->parentWidget()->close();
+  QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+  form_ = nullptr;
+}
+
+void FormFixture::Arrive(int node, int record, double value) {
+  const auto whole = static_cast<std::uint32_t>(value);
+  Bytes reply;
+  for (int byte = 0; byte < kValueBytes; ++byte) {
+    reply.push_back(static_cast<std::uint8_t>(whole >> 8 * byte));
+  }
+  ParamRec& target = ParamTable[node][record];
+  std::copy(reply.begin(), reply.end(), target.Value);
+  target.Flags |= kArrived;
+  NodeIndex = static_cast<std::uint8_t>(node);
+  NotifyForms(record, reply);
+}
+
+std::vector<Write> FormFixture::Written() {
+  std::vector<Write> writes;
+  for (int node = 0; node < kNodeCount; ++node) {
+    for (int record = 1; record <= kRecords; ++record) {
+      if ((ParamTable[node][record].Flags & kWritePending) != 0) {
+        writes.push_back({node, record, static_cast<int>(ParamGet(record, node))});
+        ParamTable[node][record].Flags &= static_cast<std::uint8_t>(~kWritePending);
+      }
+    }
+  }
+  return writes;
+}
+
+std::vector<Subscription> FormFixture::Subscribed() const {
+  std::vector<Subscription> subscriptions;
+  for (int node = 0; node < kNodeCount; ++node) {
+    for (int record = 1; record <= kRecords; ++record) {
+      if (const int subscribers = ParamTable[node][record].Subscribers; subscribers != 0) {
+        subscriptions.push_back({node, record, subscribers});
+      }
+    }
+  }
+  return subscriptions;
+}
+
+void FormFixture::Focus(const std::string& name) { Find(name).setFocus(Qt::TabFocusReason); }
+
+void FormFixture::Type(const std::string& box, const std::string& text) {
+  Focus(box);
+  QTest::keyClicks(&Find(box), QString::fromStdString(text));
+}
+
+void FormFixture::PressEnter() { QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return); }
+
+void FormFixture::Enter(const std::string& box, const std::string& text) {
+  Type(box, text);
+  PressEnter();
+}
+
+void FormFixture::Click(const std::string& name) { QTest::mouseClick(&Find(name), Qt::LeftButton); }
+
+void FormFixture::Fire(const std::string& timer) {
+  auto& target = Find<QTimer>(timer);
+  QTimerEvent event(target.timerId());
+  QCoreApplication::sendEvent(&target, &event);
+}
+
+}  // namespace dosmara
