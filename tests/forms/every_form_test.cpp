@@ -84,8 +84,7 @@ TEST_P(EveryForm, FitsASmallScreen) {
   EXPECT_GE(form().parentWidget()->y(), 0);
 }
 
-INSTANTIATE_TEST_SUITE_P(Forms, EveryForm,
-                         testing::ValuesIn(FormList().begin(), FormList().end()),
+INSTANTIATE_TEST_SUITE_P(Forms, EveryForm, testing::ValuesIn(FormList().begin(), FormList().end()),
                          [](const auto& each) { return std::string(each.param.name); });
 
 }  // namespace

@@ -22,7 +22,8 @@ void PrintTo(const Write& write, std::ostream* out) {
 }
 
 void PrintTo(const Subscription& subscription, std::ostream* out) {
-  *out << "node " << subscription.node << " record " << subscription.record << " x " << subscription.subscribers;
+  *out << "node " << subscription.node << " record " << subscription.record << " x "
+       << subscription.subscribers;
 }
 
 FormFixture::FormFixture() : window_(std::make_unique<QMainWindow>()), area_(new QMdiArea) {
@@ -53,12 +54,14 @@ FormFixture::~FormFixture() {
 Form& FormFixture::Open(const std::string& name) {
   for (const FormEntry& entry : FormList()) {
     if (name == entry.name) {
-      form_ = entry.create();
+      return Open(entry.create());
     }
   }
-  if (form_ == nullptr) {
-    throw std::runtime_error("no form " + name);
-  }
+  throw std::runtime_error("no form " + name);
+}
+
+Form& FormFixture::Open(Form* form) {
+  form_ = form;
   area_->addSubWindow(form_);
   form_->Load();
   form_->parentWidget()->show();

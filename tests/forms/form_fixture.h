@@ -49,6 +49,8 @@ class FormFixture : public testing::Test {
 
   // Opens a form as the menu does, by its name.
   Form& Open(const std::string& name);
+  // Opens a form that is not in the list.
+  Form& Open(Form* form);
   // Closes the open form, with all that waits to be deleted.
   void Close();
   Form& form() { return *form_; }

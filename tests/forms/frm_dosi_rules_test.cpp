@@ -37,8 +37,9 @@ class FrmDosiTest : public FormFixture {
 
   // What is enabled on a form that is closed to changes: nothing.
   void ExpectAllGrey() {
-    for (const char* name : {"Command1(0)", "Command1(1)", "Command1(2)", "Label11(0)", "Label11(21)", "HScroll7",
-                             "SwitchX1(0)", "SwitchX1(3)", "Label8(0)", "Label8(3)", "cmdProva(0)", "cmdProva(4)"}) {
+    for (const char* name :
+         {"Command1(0)", "Command1(1)", "Command1(2)", "Label11(0)", "Label11(21)", "HScroll7", "SwitchX1(0)",
+          "SwitchX1(3)", "Label8(0)", "Label8(3)", "cmdProva(0)", "cmdProva(4)"}) {
       EXPECT_FALSE(Enabled(name)) << name;
     }
     for (int n = 0; n < 14; ++n) {
@@ -67,8 +68,8 @@ TEST_F(FrmDosiTest, OpensGreyOnTheFirstSelection) {
 TEST_F(FrmDosiTest, SubscribesTheRecordsOfTheFirstSelectionAndTheStatus) {
   Open();
   std::vector<Subscription> expected = {{0, 312, 1}, {0, 317, 1}};
-  for (const int record : {34, 35, 36, 38, 39, 40, 42, 43, 44, 148, 170, 192, 214, 236, 280, 302,
-                           324, 346, 368, 390, 412, 434, 456, 563, 589, 590, 591}) {
+  for (const int record : {34,  35,  36,  38,  39,  40,  42,  43,  44,  148, 170, 192, 214, 236,
+                           280, 302, 324, 346, 368, 390, 412, 434, 456, 563, 589, 590, 591}) {
     expected.push_back({1, record, 1});
   }
   EXPECT_EQ(Subscribed(), expected);
@@ -150,8 +151,8 @@ TEST_F(FrmDosiTest, AChangeOfSelectionMovesTheSubscriptions) {
   OpenLoaded();
   Click("Label11(5)");
   std::vector<Subscription> expected = {{0, 312, 1}, {0, 317, 1}};
-  for (const int record : {34, 35, 36, 38, 39, 40, 42, 43, 44, 153, 175, 197, 219, 241, 285, 307,
-                           329, 351, 373, 395, 417, 439, 461, 568, 589, 590, 591}) {
+  for (const int record : {34,  35,  36,  38,  39,  40,  42,  43,  44,  153, 175, 197, 219, 241,
+                           285, 307, 329, 351, 373, 395, 417, 439, 461, 568, 589, 590, 591}) {
     expected.push_back({1, record, 1});
   }
   EXPECT_EQ(Subscribed(), expected);
@@ -247,7 +248,8 @@ TEST_F(FrmDosiTest, AHeadThatArrivesWhileLoadingOpensItsDependants) {
 TEST_F(FrmDosiTest, AModelBelow25HasNoDecaffeinatedDelay) {
   ModelCode = 24;
   OpenLoaded();
-  for (const char* name : {"lblDes(13)", "lblVal(13)", "txtVal(13)", "scrDosi(13)"}) EXPECT_FALSE(Shown(name)) << name;
+  for (const char* name : {"lblDes(13)", "lblVal(13)", "txtVal(13)", "scrDosi(13)"})
+    EXPECT_FALSE(Shown(name)) << name;
   EXPECT_TRUE(RowOpen(10));
   EXPECT_EQ(LabelText("lblVal(13)"), "0.7");
 }
@@ -411,14 +413,15 @@ TEST_F(FrmDosiTest, AfterATestTheFocusIsBackOnItsButton) {
 TEST_F(FrmDosiTest, TheTabKeyFollowsTheRows) {
   OpenLoaded();
   Focus("HScroll7");
-  for (const char* next : {"Command1(0)", "Command1(1)", "Command1(2)", "txtVal(0)", "scrDosi(0)", "txtVal(1)",
-                           "scrDosi(1)", "txtVal(2)", "scrDosi(2)", "cmdProva(0)", "txtVal(3)"}) {
+  for (const char* next :
+       {"Command1(0)", "Command1(1)", "Command1(2)", "txtVal(0)", "scrDosi(0)", "txtVal(1)", "scrDosi(1)",
+        "txtVal(2)", "scrDosi(2)", "cmdProva(0)", "txtVal(3)"}) {
     QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
     EXPECT_TRUE(Find(next).hasFocus()) << next;
   }
   Focus("scrDosi(10)");
-  for (const char* next : {"cmdProva(3)", "txtVal(13)", "scrDosi(13)", "txtVal(11)", "scrDosi(11)", "txtVal(12)",
-                           "scrDosi(12)", "cmdProva(4)", "SwitchX1(0)", "SwitchX1(1)"}) {
+  for (const char* next : {"cmdProva(3)", "txtVal(13)", "scrDosi(13)", "txtVal(11)", "scrDosi(11)",
+                           "txtVal(12)", "scrDosi(12)", "cmdProva(4)", "SwitchX1(0)", "SwitchX1(1)"}) {
     QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
     EXPECT_TRUE(Find(next).hasFocus()) << next;
   }

@@ -183,8 +183,8 @@ TEST_F(FrmDosiTable, EachPropertyIsABitOfItsBytes) {
   struct Property {
     int n, record, mirror, line;
   };
-  for (const Property& property : {Property{0, 38, 516, 62}, Property{1, 34, 512, 63}, Property{2, 42, 520, 64},
-                                   Property{3, 589, 593, 624}}) {
+  for (const Property& property : {Property{0, 38, 516, 62}, Property{1, 34, 512, 63},
+                                   Property{2, 42, 520, 64}, Property{3, 589, 593, 624}}) {
     const std::string name = Element("SwitchX1", property.n);
     SCOPED_TRACE(name);
     EXPECT_EQ(LabelText(Element("Label8", property.n)), "#" + std::to_string(property.line));
@@ -199,7 +199,8 @@ TEST_F(FrmDosiTable, EachPropertyIsABitOfItsBytes) {
       EXPECT_EQ(Position(name), 0);
       EXPECT_EQ(Written(), std::vector<Write>{});
       Click(name);
-      EXPECT_EQ(Written(), (std::vector<Write>{{1, property.record + byte, 255}, {1, property.mirror + byte, 255}}));
+      EXPECT_EQ(Written(),
+                (std::vector<Write>{{1, property.record + byte, 255}, {1, property.mirror + byte, 255}}));
       Click(name);
       EXPECT_EQ(Written(), (std::vector<Write>{{1, property.record + byte, 255 - bit},
                                                {1, property.mirror + byte, 255 - bit}}));
@@ -227,8 +228,8 @@ TEST_F(FrmDosiTable, TheCodesAndTheLengthsOfThePartTests) {
   struct PartTest {
     int n, row, code;
   };
-  for (const PartTest& test : {PartTest{0, 2, 66}, PartTest{1, 4, 68}, PartTest{2, 7, 72}, PartTest{3, 10, 80},
-                               PartTest{4, 12, 192}}) {
+  for (const PartTest& test : {PartTest{0, 2, 66}, PartTest{1, 4, 68}, PartTest{2, 7, 72},
+                               PartTest{3, 10, 80}, PartTest{4, 12, 192}}) {
     const std::string name = Element("cmdProva", test.n);
     SCOPED_TRACE(name);
     EXPECT_EQ(Find<QAbstractButton>(name).text(), "#67");

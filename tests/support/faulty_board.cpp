@@ -11,9 +11,7 @@ namespace {
 
 constexpr std::size_t kRepliesKept = 8;
 
-int Number(Fault fault) {
-  return static_cast<int>(fault);
-}
+int Number(Fault fault) { return static_cast<int>(fault); }
 
 }  // namespace
 
@@ -32,9 +30,7 @@ void FaultyBoard::Flood(VirtualHost& line) {
   flood_end_ = line.Now() + WireTime(garbage.size());
 }
 
-void FaultyBoard::FrameBegins(const Bytes& /*frame*/, VirtualHost& /*line*/) {
-  ++requests_begun_;
-}
+void FaultyBoard::FrameBegins(const Bytes& /*frame*/, VirtualHost& /*line*/) { ++requests_begun_; }
 
 Fault FaultyBoard::PickFault() {
   if (!faulty || Below(100) >= 12) return Fault::kNone;

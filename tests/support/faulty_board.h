@@ -15,11 +15,11 @@ enum class Fault {
   kNone,
   kCorruptCheck,  // one byte of the reply is wrong
   kLostReply,
-  kSurplusByte,      // one byte more than due, right behind the reply
-  kNoiseBefore,      // one to three bytes right before the reply
-  kLateReply,        // after the tool's time-out
-  kSilence,          // this request and the next few stay without an answer
-  kFlood,            // garbage that begins on an idle line
+  kSurplusByte,  // one byte more than due, right behind the reply
+  kNoiseBefore,  // one to three bytes right before the reply
+  kLateReply,    // after the tool's time-out
+  kSilence,      // this request and the next few stay without an answer
+  kFlood,        // garbage that begins on an idle line
   kUnplug,
 };
 inline constexpr int kFaults = 9;

@@ -12,7 +12,8 @@ namespace {
 
 // The groups of rows from top to bottom, with a line between them.
 constexpr int kBreak = -1;
-constexpr int kRowOrder[] = {0, kBreak, 1, 2, 3, 4, 5, kBreak, 6, 7, 8, kBreak, 9, 10, 13, kBreak, 11, kBreak, 12};
+constexpr int kRowOrder[] = {0, kBreak, 1, 2,  3,  4,      5,  kBreak, 6, 7,
+                             8, kBreak, 9, 10, 13, kBreak, 11, kBreak, 12};
 constexpr int kTestColumn = 4;
 
 constexpr double kHeadingScale = 1.6;

@@ -44,20 +44,20 @@ constexpr FieldRow TimeRow(int line, int record, int max = 255, RowDisplay show 
 
 // Each record is that of the first selection; those of the others follow it.
 inline constexpr FieldRow kDoseRows[] = {
-    WaterRow(68, 148),                // 0  coffee water
-    WaterRow(69, 170),                // 1  milk and chocolate water
-    TimeRow(70, 280),                 // 2  milk
-    TimeRow(71, 368),                 // 3  milk delay
-    TimeRow(72, 302),                 // 4  chocolate
-    TimeRow(73, 390),                 // 5  chocolate delay
-    WaterRow(74, 192),                // 6  tea water
-    TimeRow(75, 324),                 // 7  tea
-    TimeRow(76, 412),                 // 8  tea delay
-    WaterRow(77, 214),                // 9  decaffeinated water
-    TimeRow(78, 346),                 // 10 decaffeinated
-    WaterRow(79, 236),                // 11 hot water
-    TimeRow(80, 434, 100, ShowSugar), // 12 sugar
-    TimeRow(81, 563),                 // 13 decaffeinated delay
+    WaterRow(68, 148),                 // 0  coffee water
+    WaterRow(69, 170),                 // 1  milk and chocolate water
+    TimeRow(70, 280),                  // 2  milk
+    TimeRow(71, 368),                  // 3  milk delay
+    TimeRow(72, 302),                  // 4  chocolate
+    TimeRow(73, 390),                  // 5  chocolate delay
+    WaterRow(74, 192),                 // 6  tea water
+    TimeRow(75, 324),                  // 7  tea
+    TimeRow(76, 412),                  // 8  tea delay
+    WaterRow(77, 214),                 // 9  decaffeinated water
+    TimeRow(78, 346),                  // 10 decaffeinated
+    WaterRow(79, 236),                 // 11 hot water
+    TimeRow(80, 434, 100, ShowSugar),  // 12 sugar
+    TimeRow(81, 563),                  // 13 decaffeinated delay
 };
 
 // A further record of each selection, subscribed with the rows though no row shows it.

@@ -145,7 +145,8 @@ void FrmDosi::ListenToRecords() {
   }
   for (std::size_t i = 0; i < std::size(kProperties); ++i) {
     for (int byte = 0; byte < kPropertyBytes; ++byte) {
-      Listen(kHotDrinks, kProperties[i].record + byte, [this, i, byte](double value) { TakeBits(i, byte, value); });
+      Listen(kHotDrinks, kProperties[i].record + byte,
+             [this, i, byte](double value) { TakeBits(i, byte, value); });
     }
   }
   Listen(Presenza1, [this] { Presenza1.Open() ? EnableAll() : DisableAll(); });

@@ -1,0 +1,198 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "controls/value_row.h"
+
+#include <gtest/gtest.h>
+
+#include <QApplication>
+#include <QFocusEvent>
+#include <QTest>
+#include <QVBoxLayout>
+
+namespace dosmara {
+namespace {
+
+// Two rows, 0 to 9 each, that take a single digit.
+class ValueRowTest : public testing::Test {
+ protected:
+  void Make(QString* saved_text = nullptr, bool closed_box_stays = false, bool restore_from_label = false) {
+    auto* grid = new QGridLayout(&window_);
+    for (int n = 0; n < 2; ++n) {
+      rows_[n] = new ValueRow(&window_, {.caption_name = "Caption",
+                                         .value_name = "Value",
+                                         .box_name = "Box",
+                                         .bar_name = "Bar",
+                                         .min = 0,
+                                         .max = 8,
+                                         .large_change = 2,
+                                         .length = 3,
+                                         .parse = [](const QString& text) -> std::optional<int> {
+                                           bool whole = false;
+                                           const int number = text.toInt(&whole);
+                                           return whole ? std::optional(number) : std::nullopt;
+                                         },
+                                         .saved_text = saved_text,
+                                         .closed_box_stays = closed_box_stays,
+                                         .restore_from_label = restore_from_label});
+      rows_[n]->PlaceIn(*grid, n, 0);
+    }
+    window_.show();
+    QApplication::setActiveWindow(&window_);
+    QObject::connect(&rows_[0]->bar(), &Bar::Changed, [this](int value) { changes_.push_back(value); });
+    for (ValueRow* row : rows_) row->SetOpen(true);
+    Arrive(0, 3);
+    Arrive(1, 4);
+    changes_.clear();
+  }
+
+  void Arrive(int n, int value) {
+    rows_[n]->bar().SetValue(value);
+    rows_[n]->value().setText(QString::number(value));
+    rows_[n]->TakeValueText();
+  }
+
+  EntryBox& Box() { return rows_[0]->box(); }
+  void Enter(const char* text) {
+    Box().setFocus();
+    QTest::keyClicks(&Box(), text);
+    QTest::keyClick(&Box(), Qt::Key_Return);
+  }
+
+  QString kept_;  // outlives the boxes
+  QWidget window_;
+  ValueRow* rows_[2] = {};
+  std::vector<int> changes_;
+};
+
+TEST_F(ValueRowTest, ABoxShowsWhatTheMachineSent) {
+  Make();
+  EXPECT_EQ(Box().text(), "3");
+}
+
+TEST_F(ValueRowTest, FocusEmptiesTheBoxAndKeepsTheOldValueInSight) {
+  Make();
+  Box().setFocus();
+  EXPECT_EQ(Box().text(), "");
+  EXPECT_EQ(Box().placeholderText(), "3");
+}
+
+TEST_F(ValueRowTest, LeavingBringsTheTextBack) {
+  Make();
+  Box().setFocus();
+  QTest::keyClicks(&Box(), "7");
+  rows_[1]->bar().setFocus();
+  EXPECT_EQ(Box().text(), "3");
+  EXPECT_EQ(changes_, std::vector<int>{});
+}
+
+TEST_F(ValueRowTest, TheContextMenuIsNoLeaving) {
+  Make();
+  Box().setFocus();
+  QTest::keyClicks(&Box(), "7");
+  QFocusEvent out(QEvent::FocusOut, Qt::PopupFocusReason);
+  QFocusEvent in(QEvent::FocusIn, Qt::PopupFocusReason);
+  QApplication::sendEvent(&Box(), &out);
+  QApplication::sendEvent(&Box(), &in);
+  EXPECT_EQ(Box().text(), "7");
+}
+
+TEST_F(ValueRowTest, EnterMovesTheBar) {
+  Make();
+  Enter("7");
+  EXPECT_EQ(changes_, std::vector<int>{7});
+  EXPECT_EQ(rows_[0]->value().text(), "3");
+}
+
+TEST_F(ValueRowTest, TheEnterKeyOfTheKeypadConfirmsToo) {
+  Make();
+  Box().setFocus();
+  QTest::keyClicks(&Box(), "7");
+  QTest::keyClick(&Box(), Qt::Key_Enter);
+  EXPECT_EQ(changes_, std::vector<int>{7});
+}
+
+TEST_F(ValueRowTest, AfterEnterTheNextKeyBeginsANewEntry) {
+  Make();
+  Enter("7");
+  Enter("6");
+  EXPECT_EQ(changes_, (std::vector<int>{7, 6}));
+  Enter("x");
+  EXPECT_EQ(Box().text(), "3");
+}
+
+TEST_F(ValueRowTest, ABadEntryBringsTheKeptTextBack) {
+  Make();
+  Enter("x");
+  EXPECT_EQ(Box().text(), "3");
+  EXPECT_EQ(changes_, std::vector<int>{});
+}
+
+TEST_F(ValueRowTest, AnEntryThatTheBarRefusesIsBad) {
+  Make();
+  Enter("9");
+  EXPECT_EQ(Box().text(), "3");
+  EXPECT_EQ(changes_, std::vector<int>{});
+}
+
+TEST_F(ValueRowTest, ABadEntryMayBringTheShownValueBack) {
+  Make(&kept_, false, true);
+  Box().setFocus();
+  kept_ = "another";
+  QTest::keyClicks(&Box(), "x");
+  QTest::keyClick(&Box(), Qt::Key_Return);
+  EXPECT_EQ(Box().text(), "3");
+}
+
+TEST_F(ValueRowTest, BoxesWithTextsOfTheirOwnDoNotDisturbEachOther) {
+  Make();
+  Box().setFocus();
+  Arrive(1, 5);
+  rows_[1]->bar().setFocus();
+  EXPECT_EQ(Box().text(), "3");
+}
+
+TEST_F(ValueRowTest, BoxesThatShareAKeptTextDo) {
+  Make(&kept_);
+  Box().setFocus();
+  Arrive(1, 5);
+  rows_[1]->bar().setFocus();
+  EXPECT_EQ(Box().text(), "5");
+}
+
+TEST_F(ValueRowTest, AClosedRowIsReadOnTheLabelUnderTheBox) {
+  Make();
+  EXPECT_EQ(Box().geometry(), rows_[0]->value().geometry());
+  rows_[0]->SetOpen(false);
+  EXPECT_FALSE(Box().isVisible());
+  EXPECT_TRUE(rows_[0]->value().isVisible());
+  EXPECT_FALSE(rows_[0]->bar().isEnabled());
+  EXPECT_TRUE(rows_[0]->value().isEnabled());
+}
+
+TEST_F(ValueRowTest, AClosedBoxMayStayInGrey) {
+  Make(nullptr, true);
+  rows_[0]->SetOpen(false);
+  EXPECT_TRUE(Box().isVisible());
+  EXPECT_FALSE(Box().isEnabled());
+}
+
+TEST_F(ValueRowTest, AWithdrawnRowIsGone) {
+  Make();
+  rows_[0]->Withdraw();
+  for (QWidget* control :
+       {static_cast<QWidget*>(&rows_[0]->caption()), static_cast<QWidget*>(&rows_[0]->value()),
+        static_cast<QWidget*>(&Box()), static_cast<QWidget*>(&rows_[0]->bar())}) {
+    EXPECT_FALSE(control->isVisible());
+  }
+}
+
+TEST_F(ValueRowTest, BoxAndBarAreCalledByTheCaption) {
+  Make();
+  rows_[0]->SetCaption("milk time");
+  EXPECT_EQ(rows_[0]->caption().text(), "milk time");
+  EXPECT_EQ(Box().accessibleName(), "milk time");
+  EXPECT_EQ(rows_[0]->bar().accessibleName(), "milk time");
+  EXPECT_EQ(rows_[0]->caption().accessibleName(), "");
+}
+
+}  // namespace
+}  // namespace dosmara

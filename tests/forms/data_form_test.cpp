@@ -1,0 +1,234 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// The mechanics of forms with records, on a small form made for it.
+#include "shell/data_form.h"
+
+#include "forms/form_fixture.h"
+#include "shell/bit_byte.h"
+#include "shell/field_helpers.h"
+#include "store/parameter_table.h"
+
+namespace dosmara {
+namespace {
+
+using Writes = std::vector<Write>;
+
+void ShowShifted(QLabel& text, Bar& bar, double value) {
+  bar.SetValue(bar.Clamped(value - 32768));
+  text.setText(QString::number(value));
+}
+
+constexpr FieldRow kRows[] = {
+    {.line = 48, .node = 1, .record = 31, .mirror = 509, .max = 100, .show = BindScrollTenths,
+     .parse = ParseTenths, .limit = 100, .length = 4},
+    {.line = 230, .node = 2, .record = 31, .min = -32768, .max = 32767, .large_change = 100, .offset = 32768,
+     .show = ShowShifted, .parse = ParseWhole, .limit = 65535, .length = 5},
+};
+
+// Loads with the third counted arrival.
+class TwoRows : public DataForm {
+ public:
+  explicit TwoRows(Gate::WhileLoading while_loading = Gate::WhileLoading::kStored)
+      : DataForm("TwoRows", 2),
+        gate{.record = 312, .while_loading = while_loading},
+        rows(Body(), {.caption = "Label2", .value = "Label1", .box = "Text1", .bar = "HScroll1", .first = 1},
+             kRows, InArrival) {
+    auto* grid = new QGridLayout(Body());
+    rows[0].PlaceIn(*grid, 0, 0);
+    rows[1].PlaceIn(*grid, 1, 0);
+  }
+
+  void Load() override {
+    rows.Subscribe();
+    rows.SetCaptions();
+    Listen(rows);
+    Listen(gate, [this] { ++followed; });
+    Listen(3, 31, [this](double value) {
+      last = value;
+      in_arrival = InArrival;
+    });
+    rows[0].SetOpen(true);
+    rows[1].SetOpen(true);
+  }
+  void Unload() override {
+    rows.Unsubscribe();
+    rows.UnsubscribeMirrors();
+  }
+  void Loaded() override { ++loaded; }
+  bool IsLoading() const { return Loading; }
+  bool IsInArrival() const { return InArrival; }
+
+  Gate gate;
+  FieldRows rows;
+  int followed = 0;
+  int loaded = 0;
+  double last = -1;
+  bool in_arrival = false;
+};
+
+class DataFormTest : public FormFixture {
+ protected:
+  TwoRows& OpenTwoRows(Gate::WhileLoading while_loading = Gate::WhileLoading::kStored) {
+    auto* form = new TwoRows(while_loading);
+    FormFixture::Open(form);
+    return *form;
+  }
+};
+
+TEST_F(DataFormTest, ARowIsTakenFromItsTable) {
+  OpenTwoRows();
+  EXPECT_EQ(LabelText("Label2(0)"), "#48");
+  EXPECT_EQ(LabelText("Label2(1)"), "#230");
+  EXPECT_EQ(BarOf("HScroll1(2)").minimum(), -32768);
+  EXPECT_EQ(BarOf("HScroll1(2)").pageStep(), 100);
+  EXPECT_EQ(BarOf("HScroll1(1)").pageStep(), 1);
+  EXPECT_EQ(Find<QLineEdit>("Text1(2)").maxLength(), 5);
+  EXPECT_EQ(Subscribed(), (std::vector<Subscription>{{1, 31, 1}, {2, 31, 1}}));
+}
+
+TEST_F(DataFormTest, TheNodeTellsEqualRecordsApart) {
+  OpenTwoRows();
+  Arrive(1, 31, 25);
+  EXPECT_EQ(LabelText("Label1(1)"), "2.5");
+  EXPECT_EQ(LabelText("Label1(2)"), "");
+  Arrive(2, 31, 40000);
+  EXPECT_EQ(LabelText("Label1(1)"), "2.5");
+  EXPECT_EQ(LabelText("Label1(2)"), "40000");
+  EXPECT_EQ(BarOf("HScroll1(2)").Value(), 7232);
+}
+
+TEST_F(DataFormTest, AChangeWritesTheRecordAndThenItsMirror) {
+  OpenTwoRows();
+  BarOf("HScroll1(1)").SetValue(77);
+  EXPECT_EQ(Written(), (Writes{{1, 31, 77}, {1, 509, 77}}));
+  EXPECT_EQ(ParamScratch, 77);
+}
+
+TEST_F(DataFormTest, ARowWithoutAMirrorIsWrittenOnceAndWithItsOffset) {
+  OpenTwoRows();
+  BarOf("HScroll1(2)").SetValue(-32768 + 5);
+  EXPECT_EQ(Written(), (Writes{{2, 31, 5}}));
+  Enter("Text1(2)", "65535");
+  EXPECT_EQ(Written(), (Writes{{2, 31, 65535}}));
+  Enter("Text1(2)", "65536");
+  EXPECT_EQ(Written(), Writes{});
+}
+
+TEST_F(DataFormTest, AnArrivalWritesNothing) {
+  OpenTwoRows();
+  Arrive(1, 31, 25);
+  Arrive(1, 31, 26);
+  EXPECT_EQ(BarOf("HScroll1(1)").Value(), 26);
+  EXPECT_EQ(Written(), Writes{});
+}
+
+TEST_F(DataFormTest, TheGuardHoldsForTheWholeArrivalAndNoLonger) {
+  TwoRows& form = OpenTwoRows();
+  Arrive(3, 31, 6);
+  EXPECT_EQ(form.last, 6);
+  EXPECT_TRUE(form.in_arrival);
+  EXPECT_FALSE(form.IsInArrival());
+}
+
+TEST_F(DataFormTest, TheSameValueIsHeardTwice) {
+  TwoRows& form = OpenTwoRows();
+  Arrive(3, 31, 6);
+  form.last = -1;
+  Arrive(3, 31, 6);
+  EXPECT_EQ(form.last, 6);
+}
+
+TEST_F(DataFormTest, LoadsOnceWhenMoreArrivalsThanTheThresholdHaveCounted) {
+  TwoRows& form = OpenTwoRows();
+  Arrive(1, 31, 1);
+  Arrive(2, 31, 1);
+  Arrive(3, 31, 1);
+  EXPECT_TRUE(form.IsLoading());
+  Arrive(1, 31, 1);
+  EXPECT_FALSE(form.IsLoading());
+  EXPECT_EQ(form.loaded, 1);
+  for (int i = 0; i < 9; ++i) Arrive(1, 31, 1);
+  EXPECT_EQ(form.loaded, 1);
+}
+
+TEST_F(DataFormTest, AGateIsStoredWhileLoading) {
+  TwoRows& form = OpenTwoRows();
+  Arrive(0, 312, 3);
+  EXPECT_FALSE(form.gate.Open());
+  Arrive(0, 312, 3);
+  Arrive(0, 312, 4);
+  EXPECT_FALSE(form.IsLoading());
+  EXPECT_TRUE(form.gate.Open());
+  EXPECT_EQ(form.followed, 0);
+}
+
+TEST_F(DataFormTest, AGateMayBeIgnoredWhileLoading) {
+  TwoRows& form = OpenTwoRows(Gate::WhileLoading::kIgnored);
+  for (int i = 0; i < 3; ++i) Arrive(0, 312, 0);
+  EXPECT_FALSE(form.IsLoading());
+  EXPECT_TRUE(form.gate.Open());
+  Arrive(0, 312, 0);
+  EXPECT_FALSE(form.gate.Open());
+  EXPECT_EQ(form.followed, 1);
+}
+
+TEST_F(DataFormTest, AGateMayCountOnlyItsChanges) {
+  TwoRows& form = OpenTwoRows(Gate::WhileLoading::kCountsChanges);
+  for (int i = 0; i < 9; ++i) Arrive(0, 312, 255);
+  EXPECT_TRUE(form.IsLoading());
+  Arrive(0, 312, 0);
+  Arrive(0, 312, 4);
+  Arrive(0, 312, 0);
+  EXPECT_FALSE(form.IsLoading());
+}
+
+TEST_F(DataFormTest, AfterLoadingAGateFollowsItsChangesOnly) {
+  TwoRows& form = OpenTwoRows();
+  for (int i = 0; i < 3; ++i) Arrive(0, 312, 4);
+  Arrive(0, 312, 4);
+  EXPECT_EQ(form.followed, 0);
+  Arrive(0, 312, 0);
+  Arrive(0, 312, 0);
+  Arrive(0, 312, 4);
+  EXPECT_EQ(form.followed, 2);
+}
+
+TEST_F(DataFormTest, ClosingReleasesTheMirrorsToo) {
+  ParamTable[1][509].Subscribers = 2;
+  OpenTwoRows();
+  Close();
+  EXPECT_EQ(Subscribed(), (std::vector<Subscription>{{1, 509, 1}}));
+}
+
+TEST_F(DataFormTest, ABoxWithTheFocusOutlivesNoForm) {
+  OpenTwoRows();
+  Type("Text1(1)", "9");
+  delete &form();
+}
+
+TEST(ArrivalMap, KnowsARecordOfItsNodeAlone) {
+  ArrivalMap map;
+  map.Set(1, 31, 7);
+  EXPECT_EQ(map.Find(1, 31), 7);
+  for (const int node : {0, 2, 3}) EXPECT_EQ(map.Find(node, 31), ArrivalMap::kForeign);
+  for (const int index : {-1, 0, 30, 32, 33000}) EXPECT_EQ(map.Find(1, index), ArrivalMap::kForeign);
+  map.Set(1, 31, 8);
+  EXPECT_EQ(map.Find(1, 31), 8);
+  map.Clear();
+  EXPECT_EQ(map.Find(1, 31), ArrivalMap::kForeign);
+}
+
+TEST_F(DataFormTest, ABitByteKeepsItsOtherBits) {
+  BitByte byte({.node = 2, .record = 59, .mirror = 274});
+  byte.Take(0b10100001);
+  EXPECT_TRUE(byte.Has(1));
+  EXPECT_FALSE(byte.Has(2));
+  byte.Write(2, true);
+  EXPECT_EQ(Written(), (Writes{{2, 59, 0b10100011}, {2, 274, 0b10100011}}));
+  byte.Write(1, false);
+  EXPECT_EQ(Written(), (Writes{{2, 59, 0b10100010}, {2, 274, 0b10100010}}));
+  byte.Write(1, false);
+  EXPECT_EQ(Written(), (Writes{{2, 59, 0b10100010}, {2, 274, 0b10100010}}));
+}
+
+}  // namespace
+}  // namespace dosmara

@@ -1,0 +1,169 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "shell/entry_parsers.h"
+
+#include <gtest/gtest.h>
+
+#include <QString>
+#include <vector>
+
+namespace dosmara {
+namespace {
+
+constexpr std::nullopt_t kBad = std::nullopt;
+
+struct Entry {
+  const char16_t* text;
+  std::optional<int> result;
+};
+
+void Expect(EntryParser parse, int min, int max, const std::vector<Entry>& entries) {
+  for (const Entry& entry : entries) {
+    EXPECT_EQ(parse(entry.text, min, max), entry.result)
+        << '"' << QStringView(entry.text).toUtf8().toStdString() << "\" in " << min << " to " << max;
+  }
+}
+
+TEST(ParseNumeric, IsWhatATechnicianTypesAsANumber) {
+  EXPECT_EQ(ParseNumeric(u"12"), 12);
+  EXPECT_EQ(ParseNumeric(u"+12"), 12);
+  EXPECT_EQ(ParseNumeric(u"-12,5"), -12.5);
+  EXPECT_EQ(ParseNumeric(u"12.25"), 12.25);
+  EXPECT_EQ(ParseNumeric(u",5"), 0.5);
+  EXPECT_EQ(ParseNumeric(u"5,"), 5);
+  EXPECT_EQ(ParseNumeric(u" 7 "), 7);
+  EXPECT_EQ(ParseNumeric(u"007"), 7);
+}
+
+TEST(ParseNumeric, NothingElseIs) {
+  for (const char16_t* text : {u"", u" ", u"+", u"-", u",", u".", u"1,2,3", u"1.2,3", u"1e3", u"0x1F", u"1 2",
+                               u"--1", u"1-", u"12a", u"OFF", u"\u0661", u"\uff11", u"1'000", u"€1"}) {
+    EXPECT_EQ(ParseNumeric(text), kBad) << QStringView(text).toUtf8().toStdString();
+  }
+}
+
+TEST(ParseNumeric, AVeryLongTextIsStillANumberOrNot) {
+  EXPECT_TRUE(ParseNumeric(QString(5000, '9')));
+  EXPECT_FALSE(ParseNumeric(QString(5000, '9') + 'x'));
+}
+
+TEST(ParseWhole, RoundsHalvesAwayFromNought) {
+  Expect(ParseWhole, -9, 9, {{u"2.4", 2}, {u"2.5", 3}, {u"3.5", 4}, {u"-2.5", -3}, {u"-0,4", 0}});
+}
+
+TEST(ParseWhole, StaysWithinItsLimits) {
+  Expect(ParseWhole, 5, 60,
+         {{u"4", kBad}, {u"4.5", 5}, {u"5", 5}, {u"60", 60}, {u"60.5", kBad}, {u"61", kBad}});
+  Expect(ParseWhole, 70, 110, {{u"69", kBad}, {u"70", 70}, {u"110", 110}, {u"111", kBad}});
+  Expect(ParseWhole, 0, 65535,
+         {{u"65535", 65535}, {u"65536", kBad}, {u"-1", kBad}, {u"99999999999999", kBad}});
+  EXPECT_EQ(ParseWhole(QString(5000, '9'), 0, 65535), kBad);
+}
+
+TEST(ParseInt, KnowsFourSpellingsOfOff) {
+  Expect(ParseInt, 0, 999,
+         {{u"OFF", 0},
+          {u"Off", 0},
+          {u"off", 0},
+          {u"oFF", 0},
+          {u"oFf", kBad},
+          {u"OFf", kBad},
+          {u"OfF", kBad},
+          {u"ofF", kBad},
+          {u" OFF", kBad},
+          {u"OFFF", kBad}});
+}
+
+TEST(ParseInt, TakesANumberWithinItsLimits) {
+  Expect(ParseInt, 0, 999,
+         {{u"0", 0}, {u"999", 999}, {u"1000", kBad}, {u"-1", kBad}, {u"", kBad}, {u"1x", kBad}});
+}
+
+TEST(ParseTenths, ReadsASeparatedTextInTenths) {
+  Expect(
+      ParseTenths, 0, 255,
+      {{u"12,5", 125}, {u"7.0", 70}, {u"25.5", 255}, {u"25.6", kBad}, {u",5", 5}, {u"0,0", 0}, {u"0.1", 1}});
+}
+
+TEST(ParseTenths, ReadsAPlainTextInWholes) {
+  Expect(ParseTenths, 0, 255, {{u"12", 120}, {u"25", 250}, {u"26", kBad}, {u"0", 0}, {u"0012", 120}});
+  Expect(ParseTenths, 0, 100, {{u"10", 100}, {u"11", kBad}});
+}
+
+TEST(ParseTenths, TheSeparatorNeedsOneDigitAndEndsTheReading) {
+  Expect(ParseTenths, 0, 255, {{u"2,", kBad}, {u"2,x", kBad}, {u"2,55", 25}, {u"2,5x", 25}, {u"2,5,", 25}});
+}
+
+TEST(ParseTenths, RefusesEverythingElse) {
+  Expect(ParseTenths, 0, 255,
+         {{u"", kBad},
+          {u"OFF", kBad},
+          {u"-1", kBad},
+          {u"+1", kBad},
+          {u" 1", kBad},
+          {u"1 ", kBad},
+          {u".", kBad},
+          {u"x", kBad},
+          {u"\u0661", kBad}});
+}
+
+TEST(ParseTenths, ReadsFourCharactersAtMost) {
+  Expect(ParseTenths, 0, 99990, {{u"1234x", 12340}, {u"12345", 12340}});
+}
+
+TEST(ParseTenths, DoesNotLookAtTheMinimum) { Expect(ParseTenths, 29, 255, {{u"0.1", 1}, {u"2", 20}}); }
+
+TEST(ParseTenths, OfAWholeNumberRowIsAsOddAsItHasToBe) {
+  Expect(ParseTenths, 1, 3, {{u"1", kBad}, {u"2", kBad}, {u"3", kBad}, {u"0.2", 2}});
+  Expect(ParseTenths, 120, 240, {{u"12", 120}, {u"24", 240}, {u"120", kBad}});
+  Expect(ParseTenths, 0, 230, {{u"23", 230}, {u"100", kBad}});
+  Expect(ParseTenths, 0, 10, {{u"1", 10}, {u"1.1", kBad}});
+}
+
+TEST(ParseDelta, IsADigitOrADigitAndATenth) {
+  Expect(ParseDelta, 10, 50,
+         {{u"3", 30},
+          {u"3,5", 35},
+          {u"2.0", 20},
+          {u"5,5", kBad},
+          {u"1", 10},
+          {u"0,9", kBad},
+          {u"5", 50},
+          {u"6", kBad}});
+}
+
+TEST(ParseDelta, RefusesEverythingElse) {
+  Expect(ParseDelta, 10, 50,
+         {{u"", kBad},
+          {u"12", kBad},
+          {u"3,", kBad},
+          {u"3,x", kBad},
+          {u"x", kBad},
+          {u"x,5", kBad},
+          {u"3;5", kBad},
+          {u"3,55", kBad},
+          {u",", kBad},
+          {u",5", kBad}});
+}
+
+TEST(ParseOffset, IsStoredFiveHigher) {
+  Expect(ParseOffset, 0, 0,
+         {{u"+5", 10}, {u"-5", 0}, {u"0", 5}, {u"5", 10}, {u"+0", 5}, {u"-0", 5}, {u"-1", 4}, {u"3", 8}});
+}
+
+TEST(ParseOffset, RefusesEverythingElse) {
+  Expect(ParseOffset, 0, 0,
+         {{u"", kBad},
+          {u"6", kBad},
+          {u"+6", kBad},
+          {u"-6", kBad},
+          {u"+", kBad},
+          {u"-", kBad},
+          {u"12", kBad},
+          {u"1,", kBad},
+          {u"+12", kBad},
+          {u"--1", kBad},
+          {u"x", kBad}});
+}
+
+}  // namespace
+}  // namespace dosmara

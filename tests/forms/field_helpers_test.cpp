@@ -1,0 +1,112 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "shell/field_helpers.h"
+
+#include <gtest/gtest.h>
+
+#include <QLocale>
+
+namespace dosmara {
+namespace {
+
+class FieldHelpers : public testing::Test {
+ protected:
+  FieldHelpers() {
+    QLocale::setDefault(QLocale::c());
+    bar_.SetSpan(0, 100, 10);
+  }
+  ~FieldHelpers() override { QLocale::setDefault(QLocale::c()); }
+
+  std::string Format(double value, int decimals) { return FormatDecimals(value, decimals).toStdString(); }
+  std::string Text() { return text_.text().toStdString(); }
+
+  QLabel text_;
+  Bar bar_;
+};
+
+TEST_F(FieldHelpers, FormatsWithThatManyDecimals) {
+  EXPECT_EQ(Format(5, 0), "5");
+  EXPECT_EQ(Format(5, 1), "5.0");
+  EXPECT_EQ(Format(5, 2), "5.00");
+  EXPECT_EQ(Format(5, 3), "5.000");
+  EXPECT_EQ(Format(0, 2), "0.00");
+  EXPECT_EQ(Format(65535, 0), "65535");
+  EXPECT_EQ(Format(4294967295.0, 3), "4294967295.000");
+}
+
+TEST_F(FieldHelpers, AnyOtherNumberOfDecimalsIsEmpty) {
+  EXPECT_EQ(Format(5, 4), "");
+  EXPECT_EQ(Format(5, -1), "");
+}
+
+TEST_F(FieldHelpers, RoundsTheHalvesThatOneSees) {
+  EXPECT_EQ(Format(12.345, 2), "12.35");
+  EXPECT_EQ(Format(1.005, 2), "1.01");
+  EXPECT_EQ(Format(2.675, 2), "2.68");
+  EXPECT_EQ(Format(0.5, 0), "1");
+  EXPECT_EQ(Format(2.5, 0), "3");
+  EXPECT_EQ(Format(12.3449, 2), "12.34");
+  EXPECT_EQ(Format(-12.345, 2), "-12.35");
+}
+
+TEST_F(FieldHelpers, NoughtHasNoSign) { EXPECT_EQ(Format(-0.04, 1), "0.0"); }
+
+TEST_F(FieldHelpers, TheSeparatorIsTheLocales) {
+  QLocale::setDefault(QLocale(QLocale::Italian, QLocale::Italy));
+  EXPECT_EQ(Format(1234.5, 1), "1234,5");
+}
+
+TEST_F(FieldHelpers, BindsAWholeNumber) {
+  BindScrollText(text_, bar_, 42);
+  EXPECT_EQ(bar_.Value(), 42);
+  EXPECT_EQ(Text(), "42");
+}
+
+TEST_F(FieldHelpers, BindsTenths) {
+  BindScrollTenths(text_, bar_, 42);
+  EXPECT_EQ(bar_.Value(), 42);
+  EXPECT_EQ(Text(), "4.2");
+}
+
+TEST_F(FieldHelpers, BindsDecimals) {
+  BindScrollDecimals(text_, bar_, 42, 3);
+  EXPECT_EQ(bar_.Value(), 42);
+  EXPECT_EQ(Text(), "0.042");
+}
+
+TEST_F(FieldHelpers, AValueOutsideTheSpanPutsTheBarAtItsEndAndKeepsItsText) {
+  BindScrollTenths(text_, bar_, 123);
+  EXPECT_EQ(bar_.Value(), 100);
+  EXPECT_EQ(Text(), "12.3");
+  BindScrollText(text_, bar_, 4294967295.0);
+  EXPECT_EQ(bar_.Value(), 100);
+  EXPECT_EQ(Text(), "4294967295");
+  bar_.SetSpan(10, 100, 1);
+  BindScrollText(text_, bar_, 3);
+  EXPECT_EQ(bar_.Value(), 10);
+  EXPECT_EQ(Text(), "3");
+}
+
+TEST(DayNumber, CountsFromTheEndOf1899) {
+  EXPECT_EQ(DayNumber(1, 1, 1900), 2);
+  EXPECT_EQ(DayNumber(31, 12, 1900), 366);
+  EXPECT_EQ(DayNumber(1, 1, 1901), 367);
+}
+
+TEST(DayNumber, KnowsTheLeapDays) {
+  EXPECT_EQ(DayNumber(1, 3, 1900), 61);
+  EXPECT_EQ(DayNumber(29, 2, 2000), 36585);
+  EXPECT_EQ(DayNumber(1, 3, 2000), 36586);
+  EXPECT_EQ(DayNumber(1, 1, 2001), 36892);
+  EXPECT_EQ(DayNumber(1, 3, 2024), 45352);
+  EXPECT_EQ(DayNumber(1, 3, 2100), 73110);
+}
+
+TEST(DayNumber, EveryMonthFollowsTheOneBefore) {
+  const int lengths[] = {31, 28, 31, 30, 31, 30, 31, 31, 30, 31, 30, 31};
+  for (int month = 1; month < 12; ++month) {
+    EXPECT_EQ(DayNumber(1, month + 1, 2023), DayNumber(lengths[month - 1], month, 2023) + 1) << month;
+  }
+}
+
+}  // namespace
+}  // namespace dosmara

@@ -1,0 +1,36 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// Whatever is typed, a parser refuses it or gives a number that its row can hold.
+#include "shell/entry_parsers.h"
+
+#include <QString>
+#include <cstdint>
+#include <cstdlib>
+
+namespace {
+
+void Require(bool holds) {
+  if (!holds) {
+    std::abort();
+  }
+}
+
+void RequireWithin(std::optional<int> entry, int min, int max) {
+  Require(!entry || (*entry >= min && *entry <= max));
+}
+
+}  // namespace
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+  using namespace dosmara;
+  const QString text = QString::fromUtf8(reinterpret_cast<const char*>(data), static_cast<qsizetype>(size));
+  for (const int max : {3, 100, 255, 999, 65535}) {
+    RequireWithin(ParseWhole(text, 1, max), 1, max);
+    RequireWithin(ParseInt(text, 0, max), 0, max);
+    RequireWithin(ParseTenths(text, 29, max), 0, max);
+  }
+  RequireWithin(ParseDelta(text, 10, 50), 10, 50);
+  RequireWithin(ParseOffset(text, 0, 0), 0, 10);
+  Require(!ParseInt(text, 0, 999) || !text.isEmpty());
+  Require(ParseNumeric(text).has_value() || !ParseWhole(text, -999, 999).has_value());
+  return 0;
+}
