@@ -7,6 +7,9 @@
 //   waiting      false     on      the receive event, or Timer2
 //   identifying  as above, with LinkIdentifying true: a finished exchange only sets LinkIdle
 //
+// Bytes that cannot be the reply, because nothing was asked or because the line is not quiet, are never
+// taken for it: they are dropped, or make the reply count as bad.
+//
 // Everything here runs on the one user-interface thread and returns without waiting.
 #pragma once
 

@@ -46,6 +46,7 @@ TEST_F(Identification, ReadsTheMainBoardInItsOrder) {
 
 TEST_F(Identification, ReadsOneByteWhateverTheEntrySays) {
   IdentTable[0][1] = {1, 0xFF, 0x23, 0, 0, 0, 7, 0, 0, 0, 0};
+  ExchLength = 3;
   ScriptedBoard script;
   script.replies = {{5, 5}};
   host_.board = &script;
@@ -125,6 +126,17 @@ TEST_F(Identification, FiveBadRepliesAreSilence) {
   BoardIdentify(1);
   EXPECT_FALSE(NodePresent[1]);
   EXPECT_EQ(host_.frames.size(), 5U);
+}
+
+TEST_F(Identification, ANoisyAbsentNodeLeavesTheNextOneItsRetries) {
+  ScriptedBoard script;
+  script.replies = {{1, 2}, {1, 2}};
+  host_.board = &script;
+  BoardIdentify(1);
+  EXPECT_FALSE(NodePresent[1]);
+  script.replies = {{1, 2}, {1, 2}, {1, 2}, {9, 9}, {1, 1}, {2, 2}, {3, 3}, {4, 4}, {5, 5}};
+  BoardIdentify(2);
+  EXPECT_TRUE(NodePresent[2]);
 }
 
 TEST_F(Identification, ASilentMainBoardAsksTheOperator) {

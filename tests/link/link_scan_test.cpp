@@ -39,6 +39,26 @@ TEST_F(LinkScanWalk, IdleRecordsSendNothing) {
   EXPECT_TRUE(host_.frames.empty());
 }
 
+// Notes whether the tick was enabled as each request left.
+class TickWatcher : public SimulatedBoard {
+ public:
+  std::vector<bool> tick_enabled;
+  void FrameBegins(const Bytes& /*frame*/, VirtualHost& line) override {
+    tick_enabled.push_back(line.IsEnabled(LinkTimer::Timer1));
+  }
+};
+
+TEST_F(LinkScanWalk, TheTickIsOffWhileItRunsAndOnAgainAfterwards) {
+  TickWatcher watcher;
+  host_.board = &watcher;
+  Records(0, 10);
+  Subscribe(0, 4);
+  StartScan();
+  Ticks(1);
+  EXPECT_EQ(watcher.tick_enabled, (std::vector<bool>{false}));
+  EXPECT_TRUE(host_.IsEnabled(LinkTimer::Timer1));
+}
+
 TEST_F(LinkScanWalk, SendsOneRequestPerTick) {
   Records(0, 10);
   for (const int index : {2, 3, 7}) Subscribe(0, index);

@@ -19,6 +19,7 @@ class PortSearch : public LinkFixture {
     EXPECT_EQ(host_.boxes[0].text, "Check serial !\nSerial device unavailable\nor Board Not Ready");
     EXPECT_EQ(host_.boxes[0].title, title);
     EXPECT_EQ(host_.boxes[0].style, BoxStyle::kCritical);
+    EXPECT_TRUE(host_.ticked.empty());
   }
   void Answer(const Bytes& reply) {
     script_.replies.assign(20, reply);
@@ -98,6 +99,7 @@ TEST_F(PortSearch, PortsThatCannotBeOpenedArePassedOver) {
 TEST_F(PortSearch, TheTitleBearsTheNumberOfTheLastError) {
   host_.open_errors = {{1, 68}, {2, 68}, {3, 68}, {4, 8005}};
   ExpectSearchEnds("ERROR 8005");
+  EXPECT_FALSE(host_.IsOpen());
 }
 
 TEST_F(PortSearch, TwoEqualBytesPassWhateverTheyAre) {
@@ -125,6 +127,7 @@ TEST_F(PortSearch, AReplyAfterHalfASecondIsTooLate) {
 
 TEST_F(PortSearch, WithoutASettingsFileItIsWrittenAndPortOneTaken) {
   host_.settings_error = 53;
+  PortNumber = 2;
   LinkOpenPort(0);
   EXPECT_EQ(host_.default_port_writes, 1);
   EXPECT_EQ(host_.opened, (Ports{1}));

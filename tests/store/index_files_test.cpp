@@ -2,6 +2,7 @@
 #include "store/index_files.h"
 
 #include <gtest/gtest.h>
+#include <sys/stat.h>
 
 #include <algorithm>
 #include <cstring>
@@ -190,14 +191,21 @@ TEST_F(IndexFiles, FullFileOf32768RecordsIsRefusedBeforeAnythingIsStored) {
 }
 
 TEST_F(IndexFiles, AMissingFileIsNotFound) {
+  NodeRecordCount[0] = 30;
   EXPECT_EQ(FailureOf(LoadSmallIndex, "W0256.inx", 0), 53);
   EXPECT_EQ(what_, "W0256.inx not found !");
+  EXPECT_EQ(NodeRecordCount[0], 0);
   EXPECT_EQ(FailureOf(LoadFullIndex, "W0256AO01.inx", 0), 53);
   EXPECT_EQ(what_, "W0256AO01.inx not found !");
 }
 
 TEST_F(IndexFiles, AFolderOfTheNameIsNotTheFile) {
   std::filesystem::create_directory(folder_.path() / "W0256.inx");
+  EXPECT_EQ(FailureOf(LoadSmallIndex, "W0256.inx", 0), 53);
+}
+
+TEST_F(IndexFiles, APipeOfTheNameIsNotTheFileAndIsNotWaitedFor) {
+  ASSERT_EQ(mkfifo((folder_.path() / "W0256.inx").c_str(), 0600), 0);
   EXPECT_EQ(FailureOf(LoadSmallIndex, "W0256.inx", 0), 53);
 }
 

@@ -1,0 +1,113 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// What the core costs beside the wire, as ratios that hold on any machine: the walk over idle records against
+// summing the same bytes, and an arrival that nobody wants against as many empty calls.
+#include <benchmark/benchmark.h>
+
+#include <array>
+#include <chrono>
+#include <limits>
+#include <memory>
+#include <numeric>
+#include <vector>
+
+#include "link/link_engine.h"
+#include "link/notification.h"
+#include "store/parameter_table.h"
+
+namespace dosmara {
+namespace {
+
+constexpr int kForms = 30;
+
+template <typename Work>
+double Seconds(Work work) {
+  const auto start = std::chrono::steady_clock::now();
+  work();
+  return std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count();
+}
+
+// Measures two pieces of work turn by turn, so that both see the same machine. The time shown is that of the
+// first; the counter "ratio" is first to second.
+template <typename First, typename Second>
+void Compare(benchmark::State& state, First first, Second second) {
+  double first_total = 0;
+  double second_total = 0;
+  for (auto _ : state) {
+    const double seconds = Seconds(first);
+    state.SetIterationTime(seconds);
+    first_total += seconds;
+    second_total += Seconds(second);
+  }
+  state.counters["ratio"] = first_total / second_total;
+}
+
+// As many records as a node can count.
+void IdlePass(benchmark::State& state) {
+  constexpr std::int16_t kRecords = std::numeric_limits<std::int16_t>::max();
+  NodeRecordCount[0] = kRecords;
+  const auto pass = [] {
+    ScanCursor = 0;
+    NodeIndex = 0;
+    LinkScan();
+    benchmark::ClobberMemory();
+  };
+  const auto sum = [] {
+    const auto* bytes = reinterpret_cast<const std::uint8_t*>(&ParamTable[0][0]);
+    benchmark::DoNotOptimize(std::accumulate(bytes, bytes + kRecords * sizeof(ParamRec), 0U));
+    benchmark::ClobberMemory();
+  };
+  Compare(state, pass, sum);
+}
+BENCHMARK(IdlePass)->UseManualTime();
+
+// Turns every record away that is not its own, as all open forms but one do.
+class OtherForm : public LoadedForm {
+ public:
+  void SLabelChange(std::int32_t index, double value) override {
+    if (NodeIndex != 1) return;
+    if (index >= 31 && index <= 62) last_ = value;
+  }
+
+ private:
+  double last_ = 0;
+};
+
+class EmptyCall {
+ public:
+  virtual ~EmptyCall() = default;
+  virtual void Call() = 0;
+};
+
+class Nothing : public EmptyCall {
+ public:
+  void Call() override {}
+};
+
+void UnwantedArrival(benchmark::State& state) {
+  constexpr int kRounds = 1000;  // one arrival is too short for the clock
+  std::array<OtherForm, kForms + 2> forms;
+  LoadedForms.clear();
+  for (OtherForm& form : forms) LoadedForms.push_back(&form);
+  std::vector<std::unique_ptr<EmptyCall>> calls;
+  for (int i = 0; i < kForms; ++i) calls.push_back(std::make_unique<Nothing>());
+  NodeIndex = 0;
+  const Bytes reply = {57, 1};
+  const auto arrivals = [&] {
+    for (int i = 0; i < kRounds; ++i) {
+      NotifyForms(311, reply);
+      benchmark::ClobberMemory();
+    }
+  };
+  const auto empty_calls = [&] {
+    for (int i = 0; i < kRounds; ++i) {
+      for (const auto& call : calls) call->Call();
+      benchmark::ClobberMemory();
+    }
+  };
+  Compare(state, arrivals, empty_calls);
+  LoadedForms.clear();
+}
+BENCHMARK(UnwantedArrival)->UseManualTime();
+
+}  // namespace
+}  // namespace dosmara
