@@ -44,7 +44,7 @@ function(dosmara_fuzz name)
     file(MAKE_DIRECTORY ${CMAKE_BINARY_DIR}/corpus/${name})
     # The first folder takes the inputs that libFuzzer finds.
     add_test(NAME fuzz.${name}
-      COMMAND ${name} -runs=${arg_RUNS} -seed=1 ${CMAKE_BINARY_DIR}/corpus/${name} ${seeds})
+      COMMAND ${name} -runs=${arg_RUNS} -max_total_time=10 -seed=1 ${CMAKE_BINARY_DIR}/corpus/${name} ${seeds})
   else()
     target_sources(${name} PRIVATE ${PROJECT_SOURCE_DIR}/tests/fuzz/driver.cpp)
     add_test(NAME fuzz.${name} COMMAND ${name} ${arg_RUNS} ${seeds})

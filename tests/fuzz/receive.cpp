@@ -5,7 +5,8 @@
 
 #include "link/link_engine.h"
 #include "store/index_files.h"
-#include "support/link_fixture.h"
+#include "store/parameter_table.h"
+#include "support/virtual_host.h"
 
 namespace {
 
@@ -13,14 +14,17 @@ using namespace dosmara;
 
 constexpr int kRecords = 12;
 
+// Clears the few records in use only: the whole table would take most of the time of a run.
 void SetUp(VirtualHost& host) {
-  ResetCore();
+  InitNodeTables();
   LinkAttach(host);
   host.OpenPort(1);
   for (int node = 0; node < kNodeCount; ++node) {
     NodeRecordCount[node] = kRecords;
+    NodePresent[node] = true;
     NodeIndex = static_cast<std::uint8_t>(node);
     for (int index = 1; index < kRecords; ++index) {
+      ParamTable[node][index] = {};
       ParamTable[node][index].Control = static_cast<std::uint8_t>(index);  // lengths 2 to 12
       ParamTable[node][index].Period = static_cast<std::uint8_t>(index % 4);
       ParamSubscribe(index);
