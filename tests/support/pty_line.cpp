@@ -29,7 +29,10 @@ void PtyLine::Plug() {
   std::filesystem::create_symlink(device_, link_);
 }
 
+// The link goes first: the system gives the number of a device that is gone to whoever asks next, and a tool
+// that still finds the link would open a stranger's line.
 void PtyLine::Unplug() {
+  std::filesystem::remove(link_);
   close(std::exchange(tool_end_, -1));
   close(std::exchange(machine_end_, -1));
 }
