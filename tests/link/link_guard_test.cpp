@@ -83,7 +83,6 @@ TEST_F(LinkGuard, AFloodOfZerosThatBeginsOnAnIdleLineIsNeverTakenForAValue) {
 }
 
 TEST_F(LinkGuard, AFloodOfZerosIsNeverTakenForTheEchoOfAWrite) {
-  // The request for value 116 has the checksum 248 + ... such that its echo is zero.
   Put(0, 4, 124);  // 128 + 4 + 124 = 256: checksum 0, echo 0
   Noise(Bytes(400, 0));
   host_.RunFor(milliseconds(1));
