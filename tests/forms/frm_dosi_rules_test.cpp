@@ -182,6 +182,8 @@ TEST_F(FrmDosiTest, TheSwitchesShowThePreviousSelectionUntilTheBytesAreReadAgain
   EXPECT_EQ(Position("SwitchX1(0)"), 1);
   Arrive(1, 38, 1);
   EXPECT_EQ(Position("SwitchX1(0)"), 0);
+  Arrive(1, 39, 255);
+  EXPECT_EQ(Position("SwitchX1(0)"), 0);
 }
 
 TEST_F(FrmDosiTest, ABytesOtherBitsAreKeptWhileAnotherSelectionIsShown) {
