@@ -221,7 +221,9 @@ void ReceiveEvent() {
 
 void LinkComplete() {
   ParamRec& record = ParamTable[NodeIndex][ScanCursor];
-  if ((record.Flags & kDue) && !ReplyData.empty()) {
+  // A value put while the exchange ran is newer than its reply. It stays, and goes out in the next pass.
+  const bool overtaken = record.Flags & kWritePending;
+  if ((record.Flags & kDue) && !ReplyData.empty() && !overtaken) {
     if (!(record.Flags & kWanted)) StopProgram("LinkComplete: a record arrived that nobody wanted");
     record.Flags |= kArrived;
     if ((record.Flags & kOneShot) || record.Period == 0) {

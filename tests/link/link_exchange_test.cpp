@@ -92,6 +92,31 @@ TEST_F(LinkExchange, WriteSendsTheValueAndTakesItOnTheEcho) {
   EXPECT_EQ(Arrivals(), (std::vector<ListeningForm::Arrival>{{0, 16, 1000}}));
 }
 
+TEST_F(LinkExchange, AValuePutWhileTheRecordIsBeingReadIsNotLost) {
+  Board().Set(0, 4, 7);
+  AskFor({});
+  ASSERT_TRUE(host_.RunUntil([&] { return !LinkIdle; }, milliseconds(100)));
+  Put(0, 4, 58);
+  ASSERT_TRUE(host_.RunUntil([&] { return LinkIdle; }, milliseconds(100)));
+  EXPECT_EQ(Value(0, 4), (std::array{58, 0, 0, 0}));
+  EXPECT_FALSE(ParamIsFresh(4, 0));
+  EXPECT_TRUE(Arrivals().empty());
+  Ticks(8);
+  EXPECT_EQ(Board().Get(0, 4), 58U);
+  EXPECT_EQ(Arrivals(), (std::vector<ListeningForm::Arrival>{{0, 4, 58}}));
+}
+
+TEST_F(LinkExchange, ASecondValuePutWhileTheFirstIsBeingWrittenIsNotLost) {
+  Records(0, 10);
+  Put(0, 4, 57);
+  StartScan();
+  ASSERT_TRUE(host_.RunUntil([&] { return !LinkIdle; }, milliseconds(100)));
+  Put(0, 4, 58);
+  Ticks(8);
+  EXPECT_EQ(Board().Get(0, 4), 58U);
+  EXPECT_EQ(Arrivals(), (std::vector<ListeningForm::Arrival>{{0, 4, 58}}));
+}
+
 TEST_F(LinkExchange, WriteToNodeTwoIsPassedOn) {
   Records(2, 10);
   Put(2, 1, 5);
