@@ -12,6 +12,7 @@ constexpr int kPanels = 4;
 constexpr int kFirstLamp = 2;
 constexpr int kLampSize = 16;
 constexpr double kLampPanelTwips = 255;
+constexpr int kRightMargin = 6;
 
 // The six lamp images, image 1 first. The text tells what the picture shows.
 struct LampImage {
@@ -30,6 +31,7 @@ constexpr LampImage kImages[] = {
 StatusBar::StatusBar() {
   setObjectName("StatusBar1");
   setSizeGripEnabled(false);
+  setContentsMargins(0, 0, kRightMargin, 0);
 }
 
 void StatusBar::MakePanels() {

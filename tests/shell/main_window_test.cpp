@@ -81,12 +81,13 @@ class MainWindowTest : public testing::Test {
     window_->Load();
   }
 
-  // A launcher above the program's directory that notes where it runs.
+  // A launcher above the program's directory that notes each start and where it runs.
   void PutLauncher() const {
-    folder_.Write("../DOSMARA.EXE", "#!/bin/sh\npwd > started.tmp && mv started.tmp started\n");
+    folder_.Write("../DOSMARA.EXE", "#!/bin/sh\npwd >> started\n");
     QFile::setPermissions(folder_.parent() + "/DOSMARA.EXE", QFile::ReadOwner | QFile::ExeOwner);
   }
-  bool LauncherStarted() { return QFile::exists(folder_.parent() + "/started"); }
+  // How often it was started.
+  qsizetype LauncherStarts() const { return folder_.Read("../started").count('\n'); }
 
   QAction* Action(const char* name) { return window_->findChild<QAction*>(name); }
   void Click(const char* name) {
@@ -156,7 +157,7 @@ TEST_F(MainWindowStart, EndsWithoutTheLauncherWhenNoPortHasABoard) {
   EXPECT_EQ(screen_.boxes, std::vector<Box>{kNoBoard});
   window_.reset();
   RunFor(std::chrono::milliseconds(50));
-  EXPECT_FALSE(LauncherStarted());
+  EXPECT_EQ(LauncherStarts(), 0);
 }
 
 TEST_F(MainWindowStart, RefusesAModelBelow23) {
@@ -283,6 +284,14 @@ TEST_F(MainWindowLanguage, ChangesMenusAndOpenFormsAtOnce) {
   EXPECT_EQ(folder_.Read("dosmara.ini"), "Com=1\nLingua=English\n");
 }
 
+TEST_F(MainWindowLanguage, ReachesTheFormThatIsActiveAlready) {
+  StartOnAMachine();
+  Click("smnuDosi");
+  const qsizetype dosi = history["FrmDosi"].count("captions");
+  Click("smnuLingue(0)");
+  EXPECT_GT(history["FrmDosi"].count("captions"), dosi);
+}
+
 TEST_F(MainWindowLanguage, StaysWhenTheFileDoesNotFit) {
   StartOnAMachine();
   folder_.Write("English.lng", "File\nExit\n");
@@ -325,7 +334,7 @@ TEST_F(MainWindowPort, EndsTheProgramWithoutTheLauncherWhenNoneHasABoard) {
   QTimer::singleShot(0, Action("mnuCox(2)"), &QAction::trigger);
   EXPECT_EQ(QApplication::exec(), 0);
   EXPECT_EQ(screen_.boxes, std::vector<Box>{kNoBoard});
-  EXPECT_FALSE(LauncherStarted());
+  EXPECT_EQ(LauncherStarts(), 0);
 }
 
 TEST_F(MainWindowExit, StartsTheLauncherInTheDirectoryAbove) {
@@ -333,7 +342,7 @@ TEST_F(MainWindowExit, StartsTheLauncherInTheDirectoryAbove) {
   PutLauncher();
   QTimer::singleShot(0, Action("smnuExit"), &QAction::trigger);
   EXPECT_EQ(QApplication::exec(), 0);
-  ASSERT_TRUE(WaitUntil([&] { return LauncherStarted(); }));
+  ASSERT_TRUE(WaitUntil([&] { return LauncherStarts() == 1; }));
   EXPECT_EQ(folder_.Read("../started").trimmed(), QDir(folder_.parent()).canonicalPath());
   EXPECT_EQ(QDir::currentPath(), QDir(folder_.parent()).canonicalPath());
 }
@@ -343,11 +352,10 @@ TEST_F(MainWindowExit, StartsTheLauncherOnceWhenTheWindowIsClosed) {
   PutLauncher();
   QTimer::singleShot(0, window_.get(), &QWidget::close);
   EXPECT_EQ(QApplication::exec(), 0);
-  ASSERT_TRUE(WaitUntil([&] { return LauncherStarted(); }));
-  QFile::remove(folder_.parent() + "/started");
+  ASSERT_TRUE(WaitUntil([&] { return LauncherStarts() == 1; }));
   Action("smnuExit")->trigger();
-  RunFor(std::chrono::milliseconds(100));
-  EXPECT_FALSE(LauncherStarted());
+  RunFor(std::chrono::milliseconds(300));
+  EXPECT_EQ(LauncherStarts(), 1);
 }
 
 TEST_F(MainWindowExit, EndsAllTheSameWithoutALauncher) {
@@ -371,7 +379,7 @@ TEST_F(MainWindowExit, EndsInOrderWhileTheBoardsAreIdentified) {
                      &QWidget::close);  // due while the port is tested, delivered after it
   EXPECT_THROW(window_->Load(), ProgramEnds);
   EXPECT_TRUE(screen_.boxes.empty());
-  EXPECT_TRUE(WaitUntil([&] { return LauncherStarted(); }));
+  EXPECT_TRUE(WaitUntil([&] { return LauncherStarts() == 1; }));
 }
 
 }  // namespace
