@@ -18,10 +18,26 @@ void ShowShifted(QLabel& text, Bar& bar, double value) {
 }
 
 constexpr FieldRow kRows[] = {
-    {.line = 48, .node = 1, .record = 31, .mirror = 509, .max = 100, .show = BindScrollTenths,
-     .parse = ParseTenths, .limit = 100, .length = 4},
-    {.line = 230, .node = 2, .record = 31, .min = -32768, .max = 32767, .large_change = 100, .offset = 32768,
-     .show = ShowShifted, .parse = ParseWhole, .limit = 65535, .length = 5},
+    {.line = 48,
+     .node = 1,
+     .record = 31,
+     .mirror = 509,
+     .max = 100,
+     .show = BindScrollTenths,
+     .parse = ParseTenths,
+     .limit = 100,
+     .length = 4},
+    {.line = 230,
+     .node = 2,
+     .record = 31,
+     .min = -32768,
+     .max = 32767,
+     .large_change = 100,
+     .offset = 32768,
+     .show = ShowShifted,
+     .parse = ParseWhole,
+     .limit = 65535,
+     .length = 5},
 };
 
 // Loads with the third counted arrival.

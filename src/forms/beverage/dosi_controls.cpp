@@ -8,6 +8,8 @@
 
 namespace dosmara {
 
+using namespace dosi;
+
 namespace {
 
 // The groups of rows from top to bottom, with a line between them.

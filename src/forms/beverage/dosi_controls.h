@@ -28,13 +28,13 @@ struct DosiControls {
   void SetCommonEnabled(bool enabled);
 
   FieldRows rows;
-  QLabel* label7;                                                     // the selection shown
-  Keypad* keypad;                                                     // Label11(0..21)
-  Bar* selection;                                                     // HScroll7
-  std::array<QPushButton*, std::size(kDrinkTestCodes)> drink_tests;   // Command1
-  std::array<QPushButton*, std::size(kPartTests)> part_tests;         // cmdProva
-  std::array<FieldLabel*, std::size(kProperties)> property_captions;  // Label8
-  std::array<TwoPositionSwitch*, std::size(kProperties)> properties;  // SwitchX1
+  QLabel* label7;                                                           // the selection shown
+  Keypad* keypad;                                                           // Label11(0..21)
+  Bar* selection;                                                           // HScroll7
+  std::array<QPushButton*, std::size(dosi::kDrinkTestCodes)> drink_tests;   // Command1
+  std::array<QPushButton*, std::size(dosi::kPartTests)> part_tests;         // cmdProva
+  std::array<FieldLabel*, std::size(dosi::kProperties)> property_captions;  // Label8
+  std::array<TwoPositionSwitch*, std::size(dosi::kProperties)> properties;  // SwitchX1
 
  private:
   QLayout* LayOutSelection();

@@ -3,7 +3,7 @@
 
 #include "shell/field_helpers.h"
 
-namespace dosmara {
+namespace dosmara::dosi {
 
 void ShowWater(QLabel& text, Bar& bar, double value) {
   const int count = bar.Clamped(value);
@@ -19,4 +19,4 @@ void ShowSugar(QLabel& text, Bar& bar, double value) {
   text.setText(tenths == 0 ? QStringLiteral("OFF") : FormatDecimals(tenths == 1 ? 0 : tenths / 10.0, 1));
 }
 
-}  // namespace dosmara
+}  // namespace dosmara::dosi

@@ -4,8 +4,9 @@
 #pragma once
 
 #include "shell/field_rows.h"
+#include "shell/records.h"
 
-namespace dosmara {
+namespace dosmara::dosi {
 
 inline constexpr int kMaster = 0;     // node of the test and status records
 inline constexpr int kHotDrinks = 1;  // node of the doses
@@ -79,16 +80,33 @@ inline constexpr Head kHeads[] = {
     {.row = 9, .first = 10, .last = 10, .first_test = 3, .last_test = 3, .has_delay = true},
 };
 
-// The test of a single part: it lasts as long as the row says.
-struct PartTest {
-  int row;
-  int code;  // for the machine
-};
-inline constexpr PartTest kPartTests[] = {{2, 66}, {4, 68}, {7, 72}, {10, 80}, {12, 192}};
-inline constexpr int kSugarTest = 4;
+// Records of the master. A test writes the selection first; the command follows when its echo is back.
+inline constexpr int kGateRecord = 312;
+inline constexpr int kTestCommand = 314;
+inline constexpr int kTestSelection = 315;
+inline constexpr int kTestPart = 316;
+inline constexpr int kStatus = 317;
+inline constexpr int kStatusDispensing = 2;
 
 // Commands for the tests of the whole drink: only water, without sugar, complete.
 inline constexpr int kDrinkTestCodes[] = {4, 3, 2};
+inline constexpr int kDrinkTestPatience = 2000;  // ms for the machine to start
+
+// The test of a single part: it lasts as long as the row says.
+struct PartTest {
+  int row;
+  int part;  // as the machine calls it
+};
+inline constexpr PartTest kPartTests[] = {{2, 66}, {4, 68}, {7, 72}, {10, 80}, {12, 192}};
+inline constexpr int kSugarTest = 4;
+inline constexpr int kPartTestCode = 7;
+
+// Milliseconds for a part of so many tenths of a second, with one second to spare. A part whose time is 0
+// gets a tenth.
+constexpr int PartTestInterval(int tenths) {
+  const int interval = (tenths * 5 + 50) * 20;
+  return interval < 1001 ? 100 : interval;
+}
 
 // A yes or no of each selection, one bit in three bytes.
 struct Property {
@@ -105,4 +123,12 @@ inline constexpr Property kProperties[] = {
 };
 inline constexpr int kPropertyBytes = 3;
 
-}  // namespace dosmara
+// Where the bit of a selection lies.
+constexpr int PropertyByte(int selection) { return selection / 8; }
+constexpr int PropertyMask(int selection) { return 1 << selection % 8; }
+
+// Released at the close though never subscribed: the mirrors of the properties and the record behind them.
+inline constexpr Records kReleasedOnly[] = {
+    {kHotDrinks, 512, 3}, {kHotDrinks, 516, 3}, {kHotDrinks, 520, 3}, {kHotDrinks, 593, 4}};
+
+}  // namespace dosmara::dosi

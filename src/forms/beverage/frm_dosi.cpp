@@ -8,39 +8,15 @@
 
 namespace dosmara {
 
+using namespace dosi;
+
 namespace {
 
 constexpr int kLoadThreshold = 23;
-constexpr int kSelectionsPerByte = 8;
 
 // Models without some of the controls.
 constexpr int kFirstModelWithPartTests = 21;
 constexpr int kFirstModelWithDelay = 25;
-
-// Records of the master. A test writes the selection first; the command follows when its echo is back.
-constexpr int kGateRecord = 312;
-constexpr int kTestCommand = 314;
-constexpr int kTestSelection = 315;
-constexpr int kTestPart = 316;
-constexpr int kStatus = 317;
-constexpr int kStatusDispensing = 2;
-
-constexpr int kPartTestCode = 7;
-constexpr int kDrinkTestPatience = 2000;  // ms for the machine to start
-constexpr int kEmptyPartTest = 100;       // ms, for a part whose time is 0
-
-// Released at the close though never subscribed: the mirrors of the properties and the record behind them.
-constexpr Records kReleasedOnly[] = {
-    {kHotDrinks, 512, 3}, {kHotDrinks, 516, 3}, {kHotDrinks, 520, 3}, {kHotDrinks, 593, 4}};
-
-// Milliseconds for a part of so many tenths of a second, with one second to spare.
-constexpr int PartTestInterval(int tenths) {
-  const int interval = (tenths * 5 + 50) * 20;
-  return interval < 1001 ? kEmptyPartTest : interval;
-}
-
-int PropertyByte(int selection) { return selection / kSelectionsPerByte; }
-int PropertyMask(int selection) { return 1 << selection % kSelectionsPerByte; }
 
 }  // namespace
 
@@ -259,7 +235,7 @@ void FrmDosi::DrinkTestDue() {
 void FrmDosi::TestPart(std::size_t i) {
   TestCode = kPartTestCode;
   PutRecord(kMaster, kTestSelection, Selection);
-  PutRecord(kMaster, kTestPart, kPartTests[i].code);
+  PutRecord(kMaster, kTestPart, kPartTests[i].part);
   timer3_->setInterval(PartTestInterval(controls_.rows[kPartTests[i].row].bar().Value()));
   DisableAll();
   timer3_->start();

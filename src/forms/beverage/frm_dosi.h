@@ -34,10 +34,10 @@ class FrmDosi : public DataForm {
 
   void DisableAll();
   void EnableAll();
-  void SetDependantsOpen(const Head& head, bool open);
+  void SetDependantsOpen(const dosi::Head& head, bool open);
   void Loaded() override;
 
-  BitByte& Bits(std::size_t property, int byte) { return bits_[property * kPropertyBytes + byte]; }
+  BitByte& Bits(std::size_t property, int byte) { return bits_[property * dosi::kPropertyBytes + byte]; }
   void TakeBits(std::size_t property, int byte, double value);
   void WriteProperty(std::size_t property, int position);
 
