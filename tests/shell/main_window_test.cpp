@@ -156,7 +156,6 @@ TEST_F(MainWindowStart, EndsWithoutTheLauncherWhenNoPortHasABoard) {
   EXPECT_THROW(window_->Load(), ProgramEnds);
   EXPECT_EQ(screen_.boxes, std::vector<Box>{kNoBoard});
   window_.reset();
-  RunFor(std::chrono::milliseconds(50));
   EXPECT_EQ(LauncherStarts(), 0);
 }
 
@@ -354,8 +353,7 @@ TEST_F(MainWindowExit, StartsTheLauncherOnceWhenTheWindowIsClosed) {
   EXPECT_EQ(QApplication::exec(), 0);
   ASSERT_TRUE(WaitUntil([&] { return LauncherStarts() == 1; }));
   Action("smnuExit")->trigger();
-  RunFor(std::chrono::milliseconds(300));
-  EXPECT_EQ(LauncherStarts(), 1);
+  EXPECT_FALSE(WaitUntil([&] { return LauncherStarts() > 1; }, std::chrono::milliseconds(300)));
 }
 
 TEST_F(MainWindowExit, EndsAllTheSameWithoutALauncher) {
