@@ -38,9 +38,14 @@ void PtyLine::Unplug() {
 }
 
 void PtyLine::Send(const Bytes& bytes) const {
-  if (write(machine_end_, bytes.data(), bytes.size()) != static_cast<ssize_t>(bytes.size())) {
+  if (Offer(bytes) != bytes.size()) {
     throw std::system_error(errno, std::generic_category(), "write");
   }
+}
+
+std::size_t PtyLine::Offer(const Bytes& bytes) const {
+  const ssize_t taken = write(machine_end_, bytes.data(), bytes.size());
+  return taken > 0 ? static_cast<std::size_t>(taken) : 0;
 }
 
 Bytes PtyLine::Receive() const {

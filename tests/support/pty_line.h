@@ -25,6 +25,8 @@ class PtyLine {
 
   // Sends bytes to the tool.
   void Send(const Bytes& bytes) const;
+  // Sends as many of the bytes as the line takes at once, and returns how many.
+  std::size_t Offer(const Bytes& bytes) const;
   // What the tool has sent by now.
   Bytes Receive() const;
   // Waits without delivering events until the tool has sent something; says whether it has.
