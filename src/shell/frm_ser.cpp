@@ -48,7 +48,7 @@ FrmSer::FrmSer(Settings& settings, StatusBar& status_bar)
     timers_[i].setObjectName(QString("Timer%1").arg(i + 1));
     timers_[i].setTimerType(Qt::PreciseTimer);
     timers_[i].setInterval(kLinkTimerInterval[i]);
-    connect(&timers_[i], &QTimer::timeout, this, [i] { TimerEvent(static_cast<LinkTimer>(i)); });
+    connect(&timers_[i], &QTimer::timeout, this, [this, i] { Fire(static_cast<LinkTimer>(i)); });
   }
   try_again_.setInterval(kTryAgainInterval);
   connect(&try_again_, &QTimer::timeout, this, &FrmSer::TryAgain);
@@ -168,6 +168,12 @@ void FrmSer::OnReadyRead() {
   }
 }
 
+void FrmSer::Fire(LinkTimer timer) {
+  ticking_ = timer == LinkTimer::Timer1;
+  TimerEvent(timer);
+  ticking_ = false;
+}
+
 void FrmSer::EnableTimer(LinkTimer timer) {
   QTimer& enabled = timers_[static_cast<int>(timer)];
   if (!enabled.isActive()) {
@@ -175,7 +181,13 @@ void FrmSer::EnableTimer(LinkTimer timer) {
   }
 }
 
-void FrmSer::DisableTimer(LinkTimer timer) { timers_[static_cast<int>(timer)].stop(); }
+// The scan tick disables itself for the length of its event. It runs on instead: a timer that is started anew
+// fires at the next whole millisecond behind its interval, which would make each tick 41 ms long.
+void FrmSer::DisableTimer(LinkTimer timer) {
+  if (!ticking_ || timer != LinkTimer::Timer1) {
+    timers_[static_cast<int>(timer)].stop();
+  }
+}
 
 void FrmSer::ShowLamp(int panel, int image) { status_bar_.ShowLamp(panel, image); }
 

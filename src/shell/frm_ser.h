@@ -52,6 +52,7 @@ class FrmSer : public Form, public LinkHost {
   void PortTicksChanged();
 
  private:
+  void Fire(LinkTimer timer);
   int OpenDevice();
   void CloseDevice();
   void OnError(QSerialPort::SerialPortError error);
@@ -67,6 +68,7 @@ class FrmSer : public Form, public LinkHost {
   int port_ = 0;           // port in use
   QString device_;         // its name; empty while the system has no such device
   bool lost_ = false;      // the open device has failed and waits to be closed
+  bool ticking_ = false;   // inside the event of Timer1
   bool waiting_ = false;   // inside WaitBlocking: input only collects
   bool unloaded_ = false;  // the program is ending
 };

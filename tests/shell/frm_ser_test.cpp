@@ -8,6 +8,7 @@
 #include <QElapsedTimer>
 #include <QSerialPort>
 #include <thread>
+#include <vector>
 
 #include "link/link_engine.h"
 #include "shell/serial_names.h"
@@ -317,6 +318,18 @@ TEST_F(FrmSerTimers, EnablingARunningTimerLeavesItRunning) {
   EXPECT_LT(Timer(2)->remainingTime(), 59'990);
   ser_.DisableTimer(LinkTimer::Timer2);
   EXPECT_FALSE(Timer(2)->isActive());
+}
+
+TEST_F(FrmSerTimers, TheScanTickKeepsItsPaceThroughItsOwnEvents) {
+  QElapsedTimer clock;
+  clock.start();
+  std::vector<qint64> ticks;
+  QObject::connect(Timer(1), &QTimer::timeout, [&] { ticks.push_back(clock.elapsed()); });
+  ser_.EnableTimer(LinkTimer::Timer1);
+  // A tick that were started anew at each event would take 41 ms.
+  EXPECT_TRUE(WaitUntil([&] { return ticks.size() > 10 && ticks.back() - ticks[ticks.size() - 11] < 405; }));
+  ser_.DisableTimer(LinkTimer::Timer1);
+  EXPECT_FALSE(Timer(1)->isActive());
 }
 
 TEST_F(FrmSerTimers, TheClockNeverRunsBackward) {
