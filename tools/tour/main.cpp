@@ -6,10 +6,10 @@
 // when it was called wrongly.
 #include <QApplication>
 #include <QDir>
-#include <QStyleFactory>
 #include <cstdio>
 
 #include "forms/form_list.h"
+#include "shell/application.h"
 #include "store/failure.h"
 #include "tour/machine_process.h"
 #include "tour/steps.h"
@@ -25,8 +25,7 @@ constexpr QSize kLaptop(1366, 768);
 int main(int argc, char** argv) {
   using namespace dosmara;
   QApplication app(argc, argv);
-  QApplication::setApplicationName("Dosmara");
-  QApplication::setStyle(QStyleFactory::create("Fusion"));
+  DressApplication();
   const QStringList arguments = QApplication::arguments();
   if (arguments.size() != 4) {
     std::fputs("usage: dosmara-tour PROGRAM_FOLDER MACHINE PICTURES\n", stderr);
