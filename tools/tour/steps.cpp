@@ -48,7 +48,7 @@ void Dispense(Tour& tour, QWidget& form, const QString& button) {
   tour.Expect(press.isEnabled(), button + " is not enabled");
   press.click();
   tour.Expect(!press.isEnabled(), "the form does not close for the test");
-  tour.Await([&] { return tour.machine().Command("status").value_or(QString()).contains("dispensing"); },
+  tour.Await([&] { return tour.machine().Command("status").value_or(QString()).contains("dispensing yes"); },
              "the machine does not dispense");
   tour.Picture("dispensing");
   tour.Await([&] { return press.isEnabled(); }, "the form does not open again", kDrinkMs);
