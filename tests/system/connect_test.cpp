@@ -100,6 +100,8 @@ TEST_F(Connects, TriesASilentMainBoardAgainOnRetry) {
   const MsgBoxHandler recorder = SetMsgBoxHandler({});
   SetMsgBoxHandler([&](const QString& text, const QString& title, BoxStyle style) {
     recorder(text, title, style);
+    // A technician is slower than a repeated request that is still on the line.
+    machine().Command("wait 100");
     machine().Command("mute off");
     return BoxAnswer::kRetry;
   });
