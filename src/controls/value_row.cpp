@@ -39,6 +39,14 @@ void ValueRow::PlaceIn(QGridLayout& grid, int row, int column) {
   grid.addWidget(echo_, row, column + 3);
 }
 
+void ValueRow::PlaceStackedIn(QGridLayout& grid, int row) {
+  grid.addWidget(caption_, row, 0);
+  grid.addWidget(value_, row, 1);
+  grid.addWidget(box_, row, 1);
+  grid.addWidget(echo_, row, 2);
+  grid.addWidget(bar_, row + 1, 0, 1, 3);
+}
+
 void ValueRow::SetCaption(const QString& text) {
   caption_->setText(text);
   box_->setAccessibleName(text);
@@ -52,7 +60,10 @@ void ValueRow::SetOpen(bool open) {
   if (setup_.closed_box_stays) {
     box_->setEnabled(open);
   } else {
-    box_->setVisible(open);
+    box_->setVisible(open && !withdrawn_);
+  }
+  if (open && setup_.opening_fills_box) {
+    box_->Put(value_->text());
   }
 }
 
@@ -62,6 +73,7 @@ void ValueRow::SetLabelsEnabled(bool enabled) {
 }
 
 void ValueRow::Withdraw() {
+  withdrawn_ = true;
   for (QWidget* control :
        {static_cast<QWidget*>(caption_), static_cast<QWidget*>(value_), static_cast<QWidget*>(box_),
         static_cast<QWidget*>(bar_), static_cast<QWidget*>(echo_)}) {

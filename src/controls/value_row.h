@@ -28,6 +28,7 @@ struct ValueRowSetup {
   std::function<std::optional<int>(const QString& text)> parse;
   QString* saved_text = nullptr;    // as of EntryBox
   bool closed_box_stays = false;    // a closed row's box is disabled instead of hidden
+  bool opening_fills_box = false;   // a row that opens shows its value on the box anew
   bool restore_from_label = false;  // a bad entry brings back the shown value, not the kept text
 };
 
@@ -49,6 +50,8 @@ class ValueRow : public QObject {
 
   // Lays the controls into five columns of `grid`: caption, value and box, bar, mark.
   void PlaceIn(QGridLayout& grid, int row, int column);
+  // Lays them into two rows of `grid`, the bar below the others, where a form has little width.
+  void PlaceStackedIn(QGridLayout& grid, int row);
 
   // Sets the caption, which is also what the box and the bar are called by a screen reader.
   void SetCaption(const QString& text);
@@ -62,13 +65,14 @@ class ValueRow : public QObject {
   // Enables or disables the caption and the value.
   void SetLabelsEnabled(bool enabled);
 
-  // Takes the row off the form.
+  // Takes the row off the form for good.
   void Withdraw();
 
  private:
   void Confirm(const QString& text);
 
   ValueRowSetup setup_;
+  bool withdrawn_ = false;
   FieldLabel* caption_;
   FieldLabel* value_;
   EntryBox* box_;

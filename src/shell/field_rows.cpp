@@ -6,17 +6,22 @@
 
 namespace dosmara {
 
-QString Indexed(const char* name, int index) { return QStringLiteral("%1(%2)").arg(name).arg(index); }
+QString Indexed(const char* name, int index) {
+  return index == kNoArray ? QString(name) : QStringLiteral("%1(%2)").arg(name).arg(index);
+}
 
 FieldRows::FieldRows(QWidget* parent, const RowStyle& style, std::span<const FieldRow> fields,
                      const bool& in_arrival, QString* saved_text)
     : fields_(fields), in_arrival_(in_arrival) {
   for (int n = 0; n < size(); ++n) {
     const FieldRow& field = fields_[n];
-    auto* view = new ValueRow(parent, {.caption_name = Indexed(style.caption, style.first_caption + n),
-                                       .value_name = Indexed(style.value, style.first + n),
-                                       .box_name = Indexed(style.box, style.first + n),
-                                       .bar_name = Indexed(style.bar, style.first + n),
+    const bool alone = style.first == kNoArray;
+    const int index = alone ? kNoArray : style.first + n;
+    const int caption = alone ? kNoArray : style.first_caption + n;
+    auto* view = new ValueRow(parent, {.caption_name = Indexed(style.caption, caption),
+                                       .value_name = Indexed(style.value, index),
+                                       .box_name = Indexed(style.box, index),
+                                       .bar_name = Indexed(style.bar, index),
                                        .min = field.min,
                                        .max = field.max,
                                        .large_change = field.large_change,
@@ -28,6 +33,7 @@ FieldRows::FieldRows(QWidget* parent, const RowStyle& style, std::span<const Fie
                                        },
                                        .saved_text = saved_text,
                                        .closed_box_stays = style.closed_box_stays,
+                                       .opening_fills_box = style.opening_fills_box,
                                        .restore_from_label = field.restore_from_label});
     QObject::connect(&view->bar(), &Bar::Changed, view, [this, n](int value) { Write(n, value); });
     rows_.push_back({.view = view});
@@ -41,9 +47,25 @@ void FieldRows::SetShift(int shift) {
   }
 }
 
+void FieldRows::PlaceIn(QGridLayout& grid, int first, int last, int line) {
+  for (int n = first; n <= last; ++n) {
+    rows_[n].view->PlaceIn(grid, line++, 0);
+  }
+}
+
+void FieldRows::SetOpen(int node, bool open) {
+  for (int n = 0; n < size(); ++n) {
+    if (fields_[n].node == node) {
+      rows_[n].view->SetOpen(open);
+    }
+  }
+}
+
 void FieldRows::SetCaptions() {
   for (int n = 0; n < size(); ++n) {
-    rows_[n].view->SetCaption(Caption(fields_[n].line));
+    const FieldRow& field = fields_[n];
+    const QString number = field.number != 0 ? ' ' + QString::number(field.number) : QString();
+    rows_[n].view->SetCaption(Caption(field.line) + number);
   }
 }
 
@@ -69,8 +91,10 @@ void FieldRows::UnsubscribeMirrors() const {
 
 // A value that was on its way before the write may still arrive; only the written one is the echo.
 void FieldRows::Show(int n, double value) {
+  const FieldRow& field = fields_[n];
   ValueRow& view = *rows_[n].view;
-  fields_[n].show(view.value(), view.bar(), value);
+  const double shown = field.clamped ? view.bar().Clamped(value - field.offset) + field.offset : value;
+  field.show(view.value(), view.bar(), shown);
   view.TakeValueText();
   if (view.echo().state() == EchoMark::State::kWaiting && value == rows_[n].written) {
     view.echo().SetState(EchoMark::State::kTaken);

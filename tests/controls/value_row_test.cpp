@@ -14,7 +14,8 @@ namespace {
 // Two rows, 0 to 9 each, that take a single digit.
 class ValueRowTest : public testing::Test {
  protected:
-  void Make(QString* saved_text = nullptr, bool closed_box_stays = false, bool restore_from_label = false) {
+  void Make(QString* saved_text = nullptr, bool closed_box_stays = false, bool restore_from_label = false,
+            bool opening_fills_box = false) {
     auto* grid = new QGridLayout(&window_);
     for (int n = 0; n < 2; ++n) {
       rows_[n] = new ValueRow(&window_, {.caption_name = "Caption",
@@ -32,6 +33,7 @@ class ValueRowTest : public testing::Test {
                                          },
                                          .saved_text = saved_text,
                                          .closed_box_stays = closed_box_stays,
+                                         .opening_fills_box = opening_fills_box,
                                          .restore_from_label = restore_from_label});
       rows_[n]->PlaceIn(*grid, n, 0);
     }
@@ -183,6 +185,46 @@ TEST_F(ValueRowTest, AWithdrawnRowIsGone) {
         static_cast<QWidget*>(&Box()), static_cast<QWidget*>(&rows_[0]->bar())}) {
     EXPECT_FALSE(control->isVisible());
   }
+}
+
+TEST_F(ValueRowTest, AWithdrawnRowStaysAwayWhenItIsOpened) {
+  Make();
+  rows_[0]->Withdraw();
+  rows_[0]->SetOpen(true);
+  EXPECT_FALSE(Box().isVisible());
+}
+
+TEST_F(ValueRowTest, OpeningLeavesATypedTextAlone) {
+  Make();
+  Box().setFocus();
+  QTest::keyClicks(&Box(), "7");
+  rows_[0]->SetOpen(true);
+  EXPECT_EQ(Box().text(), "7");
+}
+
+TEST_F(ValueRowTest, OpeningMayShowTheValueAnew) {
+  Make(nullptr, false, false, true);
+  Box().setFocus();
+  QTest::keyClicks(&Box(), "7");
+  rows_[0]->SetOpen(false);
+  EXPECT_EQ(Box().text(), "3");
+  Box().setText("9");
+  rows_[0]->SetOpen(false);
+  EXPECT_EQ(Box().text(), "9");
+  rows_[0]->SetOpen(true);
+  EXPECT_EQ(Box().text(), "3");
+}
+
+TEST_F(ValueRowTest, AStackedRowHasItsBarBelowAndItsBoxOverItsValue) {
+  Make();
+  QWidget window;
+  auto* grid = new QGridLayout(&window);
+  rows_[0]->PlaceStackedIn(*grid, 0);
+  rows_[1]->PlaceStackedIn(*grid, 2);
+  window.show();
+  EXPECT_EQ(Box().geometry(), rows_[0]->value().geometry());
+  EXPECT_GT(rows_[0]->bar().y(), rows_[0]->caption().geometry().bottom());
+  EXPECT_LT(rows_[0]->bar().geometry().bottom(), rows_[1]->caption().y());
 }
 
 TEST_F(ValueRowTest, BoxAndBarAreCalledByTheCaption) {

@@ -221,6 +221,93 @@ TEST_F(DataFormTest, ABoxWithTheFocusOutlivesNoForm) {
   delete &form();
 }
 
+// Rows that use what few tables need.
+constexpr FieldRow kClampedRows[] = {
+    {.line = 618,
+     .number = 8,
+     .node = 2,
+     .record = 51,
+     .min = 1,
+     .max = 16,
+     .show = BindScrollText,
+     .clamped = true},
+    {.line = 230,
+     .node = 3,
+     .record = 48,
+     .min = -32768,
+     .max = 32767,
+     .offset = 32768,
+     .show = ShowShifted,
+     .clamped = true},
+    WholeRow({.line = 52, .node = 2, .record = 32, .min = 5, .max = 90, .length = 2}),
+};
+
+class FieldRowsTest : public FormFixture {
+ protected:
+  FieldRowsTest() : rows_(Open(new Form("Rows")), kStyle, kClampedRows, in_arrival_) {}
+  Form* Open(Form* form) { return &FormFixture::Open(form); }
+
+  static constexpr RowStyle kStyle = {
+      .caption = "Label2", .value = "Label1", .box = "Text1", .bar = "HScroll1"};
+  bool in_arrival_ = false;
+  FieldRows rows_;
+};
+
+TEST_F(FieldRowsTest, ANumberFollowsTheCaptionBehindABlank) {
+  rows_.SetCaptions();
+  EXPECT_EQ(LabelText("Label2(0)"), "#618 8");
+  EXPECT_EQ(LabelText("Label2(1)"), "#230");
+}
+
+TEST_F(FieldRowsTest, AClampedRowShowsNothingThatItsBarCannotHold) {
+  rows_.Show(0, 17);
+  EXPECT_EQ(LabelText("Label1(0)"), "16");
+  EXPECT_EQ(BarOf("HScroll1(0)").Value(), 16);
+  rows_.Show(0, 0);
+  EXPECT_EQ(LabelText("Label1(0)"), "1");
+  rows_.Show(2, 91);
+  EXPECT_EQ(LabelText("Label1(2)"), "91");
+  EXPECT_EQ(BarOf("HScroll1(2)").Value(), 90);
+}
+
+TEST_F(FieldRowsTest, AShiftedRowIsClampedInUnitsOfItsRecord) {
+  rows_.Show(1, 65536);
+  EXPECT_EQ(LabelText("Label1(1)"), "65535");
+  rows_.Show(1, 40000);
+  EXPECT_EQ(LabelText("Label1(1)"), "40000");
+}
+
+TEST_F(FieldRowsTest, AWholeRowTakesWhatItsBarCanHold) {
+  rows_.SetOpen(2, true);
+  for (const char* bad : {"4", "91", "x", ""}) {
+    Enter("Text1(2)", bad);
+    EXPECT_EQ(Written(), Writes{}) << bad;
+  }
+  Enter("Text1(2)", "6");
+  EXPECT_EQ(Written(), (Writes{{2, 32, 6}}));
+  Enter("Text1(2)", "90");
+  EXPECT_EQ(Written(), (Writes{{2, 32, 90}}));
+}
+
+TEST_F(FieldRowsTest, RowsOpenByNode) {
+  rows_.SetOpen(2, true);
+  EXPECT_TRUE(Enabled("HScroll1(0)"));
+  EXPECT_FALSE(Enabled("HScroll1(1)"));
+  EXPECT_TRUE(Enabled("HScroll1(2)"));
+  rows_.SetOpen(2, false);
+  EXPECT_FALSE(Enabled("HScroll1(0)"));
+}
+
+TEST_F(FieldRowsTest, ARowThatStandsAloneHasPlainNames) {
+  RowStyle alone = kStyle;
+  alone.first = kNoArray;
+  alone.bar = "HScroll9";
+  alone.box = "Text9";
+  const FieldRows rows(&form(), alone, std::span(kClampedRows).first(1), in_arrival_);
+  EXPECT_EQ(BarOf("HScroll9").maximum(), 16);
+  EXPECT_EQ(BoxText("Text9"), "");
+}
+
 TEST(ArrivalMap, KnowsARecordOfItsNodeAlone) {
   ArrivalMap map;
   map.Set(1, 31, 7);
