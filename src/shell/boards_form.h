@@ -1,0 +1,58 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// What forms have in common whose rows belong to several boards.
+#pragma once
+
+#include <QGroupBox>
+#include <memory>
+#include <span>
+#include <vector>
+
+#include "shell/data_form.h"
+
+namespace dosmara {
+
+// The frame of one board on a form.
+struct BoardFrame {
+  const char* name = nullptr;  // objectName
+  int line = 0;                // title, line of the language file
+  int node = 0;                // the board: the frame opens and closes with the rows of this node
+  int gate = 0;                // record by which it does so
+};
+
+// A form with a frame for each board. A frame is grey until the form has loaded and then follows its board's
+// gate, whatever the others do.
+class BoardsForm : public DataForm {
+ public:
+  // `boards` outlives the form. Each board's gate is a `gate` on its own record.
+  BoardsForm(const QString& name, int load_threshold, std::span<const BoardFrame> boards, const Gate& gate);
+
+  // Subscribes the rows and the gates, sets the captions, places the form.
+  void Load() override;
+  // Sets the titles of the frames and the captions of the rows.
+  void InitMessaggi() override;
+  // Unsubscribes what Load has subscribed.
+  void Unload() override;
+
+ protected:
+  // Makes rows as FieldRows does. They belong to the form; the caller lays them out.
+  FieldRows& NewRows(const RowStyle& style, std::span<const FieldRow> fields, QString* saved_text = nullptr);
+
+  // The frame of the board at `index` in the list of boards; the caller lays it out.
+  QGroupBox* Frame(std::size_t index) { return groups_[index].frame; }
+
+  void Loaded() override;
+
+ private:
+  struct Group {
+    const BoardFrame& board;
+    QGroupBox* frame;
+    Gate gate;
+  };
+
+  void Follow(const Group& group);
+
+  std::vector<Group> groups_;
+  std::vector<std::unique_ptr<FieldRows>> rows_;
+};
+
+}  // namespace dosmara
