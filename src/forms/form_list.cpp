@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "forms/form_list.h"
 
+#include "forms/beverage/frm_azione.h"
 #include "forms/beverage/frm_dosi.h"
 
 namespace dosmara {
@@ -8,6 +9,7 @@ namespace dosmara {
 namespace {
 
 constexpr FormEntry kForms[] = {
+    {"FrmAzione", CreateForm<FrmAzione>},
     {"FrmDosi", CreateForm<FrmDosi>},
 };
 

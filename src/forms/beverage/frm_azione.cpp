@@ -1,0 +1,115 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "forms/beverage/frm_azione.h"
+
+#include <QScopedValueRollback>
+
+#include "shell/caption_table.h"
+#include "shell/records.h"
+
+namespace dosmara {
+
+namespace {
+
+constexpr int kLoadThreshold = 7;
+constexpr int kMainBoard = 0;
+constexpr int kHotDrinks = 1;
+constexpr int kGateRecord = 312;
+
+// A bar spans the signed 16-bit numbers, a count the unsigned ones: the bar holds the count less this.
+constexpr int kShift = 32768;
+constexpr int kLargestCount = 65535;
+// Where a bar stands until its count arrives.
+constexpr int kFirstPosition = -32767;
+
+void ShowCount(QLabel& text, Bar& bar, double value) {
+  const int position = bar.Clamped(value - kShift);
+  bar.SetValue(position);
+  text.setText(QString::number(position + kShift));
+}
+
+constexpr FieldRow CountRow(int line, int record, int mirror) {
+  return {.line = line,
+          .node = kHotDrinks,
+          .record = record,
+          .mirror = mirror,
+          .min = -kShift,
+          .max = kLargestCount - kShift,
+          .large_change = 100,
+          .offset = kShift,
+          .show = ShowCount,
+          .parse = ParseWhole,
+          .limit = kLargestCount,
+          .length = 5};
+}
+
+constexpr FieldRow kRows[] = {
+    CountRow(230, 553, 557),  // valves
+    CountRow(231, 554, 558),  // seals
+    CountRow(232, 555, 559),  // boiler
+    CountRow(233, 556, 560),  // sanitizing
+    CountRow(234, 48, 526),   // softener
+    CountRow(235, 49, 527),   // grinder blades
+    CountRow(236, 50, 528),   // coffee filters
+};
+
+}  // namespace
+
+FrmAzione::FrmAzione()
+    : DataForm("FrmAzione", kLoadThreshold),
+      Presenza1{.record = kGateRecord, .while_loading = Gate::WhileLoading::kCountsChanges},
+      rows_(Body(), {.caption = "Label6", .value = "Label10", .box = "Text1", .bar = "HScroll1"}, kRows,
+            InArrival) {
+  auto* grid = new QGridLayout(Body());
+  grid->setColumnStretch(2, 1);
+  grid->setRowStretch(rows_.size(), 1);
+  const QScopedValueRollback guard(InArrival, true);
+  for (int n = 0; n < rows_.size(); ++n) {
+    rows_[n].PlaceIn(*grid, n, 0);
+    rows_[n].bar().SetValue(kFirstPosition);
+  }
+}
+
+void FrmAzione::Load() {
+  InitDati();
+  InitMessaggi();
+  DisableLumeno();
+  FormCentre(*this);
+}
+
+void FrmAzione::Unload() {
+  Unsubscribe({kMainBoard, kGateRecord});
+  rows_.Unsubscribe();
+  // Released though never subscribed.
+  rows_.UnsubscribeMirrors();
+}
+
+void FrmAzione::InitDati() {
+  Subscribe({kMainBoard, kGateRecord});
+  rows_.Subscribe();
+  Listen(Presenza1, [this] { FollowGate(); });
+  Listen(rows_);
+}
+
+void FrmAzione::InitMessaggi() {
+  setWindowTitle(Caption(43));
+  rows_.SetCaptions();
+}
+
+void FrmAzione::EnableLumeno() {
+  for (int n = 0; n < rows_.size(); ++n) {
+    rows_[n].SetOpen(true);
+    rows_[n].SetLabelsEnabled(true);
+    rows_[n].TakeValueText();
+  }
+}
+
+void FrmAzione::DisableLumeno() {
+  for (int n = 0; n < rows_.size(); ++n) {
+    rows_[n].SetOpen(false);
+    rows_[n].SetLabelsEnabled(false);
+  }
+}
+
+void FrmAzione::FollowGate() { Presenza1.Open() ? EnableLumeno() : DisableLumeno(); }
+
+}  // namespace dosmara
