@@ -3,6 +3,7 @@
 
 #include "forms/beverage/frm_azione.h"
 #include "forms/beverage/frm_dosi.h"
+#include "shell/frm_password.h"
 
 namespace dosmara {
 
@@ -11,6 +12,7 @@ namespace {
 constexpr FormEntry kForms[] = {
     {"FrmAzione", CreateForm<FrmAzione>},
     {"FrmDosi", CreateForm<FrmDosi>},
+    {"FrmPassword", CreateForm<FrmPassword>},
 };
 
 }  // namespace
