@@ -3,6 +3,7 @@
 
 #include "forms/beverage/frm_azione.h"
 #include "forms/beverage/frm_dosi.h"
+#include "shell/frm_info.h"
 #include "shell/frm_password.h"
 
 namespace dosmara {
@@ -12,6 +13,7 @@ namespace {
 constexpr FormEntry kForms[] = {
     {"FrmAzione", CreateForm<FrmAzione>},
     {"FrmDosi", CreateForm<FrmDosi>},
+    {"FrmInfo", CreateForm<FrmInfo>},
     {"FrmPassword", CreateForm<FrmPassword>},
 };
 

@@ -31,10 +31,10 @@ QPoint FormCentrePosition(QSize main, QSize form) {
           qRound(main.height() / 2.0 - form.height() / 2.0 - FromTwips(80))};
 }
 
-void FormCentre(Form& form) {
+QMdiSubWindow* FitFrame(Form& form) {
   auto* frame = qobject_cast<QMdiSubWindow*>(form.parentWidget());
   if (frame == nullptr) {
-    return;
+    return nullptr;
   }
   // Controls that have not been on the screen yet do not tell their layouts of new captions.
   for (QLayout* layout : form.findChildren<QLayout*>()) {
@@ -43,8 +43,14 @@ void FormCentre(Form& form) {
   }
   form.updateGeometry();
   frame->resize(frame->sizeHint().boundedTo(frame->parentWidget()->size()));
-  const QPoint place = FormCentrePosition(frame->window()->size(), frame->size());
-  frame->move(std::max(place.x(), 0), std::max(place.y(), 0));
+  return frame;
+}
+
+void FormCentre(Form& form) {
+  if (QMdiSubWindow* frame = FitFrame(form)) {
+    const QPoint place = FormCentrePosition(frame->window()->size(), frame->size());
+    frame->move(std::max(place.x(), 0), std::max(place.y(), 0));
+  }
 }
 
 }  // namespace dosmara

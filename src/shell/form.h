@@ -10,6 +10,8 @@
 
 #include "link/notification.h"
 
+class QMdiSubWindow;
+
 namespace dosmara {
 
 // A child form. It is in LoadedForms from its construction until it is closed, so it is offered every
@@ -56,8 +58,12 @@ constexpr double FromTwips(double twips) { return twips / 15; }
 // Where a form of size `form` lies in a main window of size `main`: a little above and left of its centre.
 QPoint FormCentrePosition(QSize main, QSize form);
 
-// Gives the form's frame the size of its contents, as far as the main window has room, and moves it to
-// FormCentrePosition, but never so far that its title bar is out of reach.
+// Gives the form's frame the size of its contents, as far as the main window has room. Returns the frame;
+// null for a form that lies in none.
+QMdiSubWindow* FitFrame(Form& form);
+
+// Fits the form's frame and moves it to FormCentrePosition, but never so far that its title bar is out of
+// reach.
 void FormCentre(Form& form);
 
 }  // namespace dosmara
