@@ -12,7 +12,8 @@ namespace {
 // The form of the program "Doser", version 12.3.45.
 class FrmInfoTest : public FormFixture {
  protected:
-  FrmInfoTest() : name_(QCoreApplication::applicationName()), version_(QCoreApplication::applicationVersion()) {
+  FrmInfoTest()
+      : name_(QCoreApplication::applicationName()), version_(QCoreApplication::applicationVersion()) {
     QCoreApplication::setApplicationName("Doser");
     QCoreApplication::setApplicationVersion("12.3.45");
     Open("FrmInfo");

@@ -4,7 +4,6 @@
 #include <QAbstractButton>
 #include <QAction>
 #include <QLabel>
-#include <QLineEdit>
 #include <QTest>
 #include <algorithm>
 
@@ -85,9 +84,13 @@ void SystemTest::Select(int selection) {
 }
 
 void SystemTest::Type(int row, const QString& text) {
-  auto& box = Control<QLineEdit>(QString("txtVal(%1)").arg(row));
+  Enter(Control<QLineEdit>(QString("txtVal(%1)").arg(row)), text);
+}
+
+void SystemTest::Enter(QLineEdit& box, const QString& text) {
   box.clearFocus();  // a box empties as it takes the focus
   box.setFocus();
+  box.selectAll();
   QTest::keyClicks(&box, text);
   QTest::keyClick(&box, Qt::Key_Return);
 }

@@ -4,6 +4,7 @@
 
 #include <gtest/gtest.h>
 
+#include <QLineEdit>
 #include <QWidget>
 #include <functional>
 #include <stdexcept>
@@ -42,6 +43,8 @@ class SystemTest : public testing::Test {
 
   void Click(const QString& menu_entry);
   bool Ticked(const QString& menu_entry);
+  // Types over what a box holds, and confirms.
+  static void Enter(QLineEdit& box, const QString& text);
   // Number of the lamp image on status bar panel 2, 3 or 4.
   int Lamp(int panel);
 
