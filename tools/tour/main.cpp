@@ -53,6 +53,9 @@ int main(int argc, char** argv) {
   if (tour.failures() == 0) {
     VisitMainWindow(tour);
     VisitDoses(tour);
+    VisitPreventiveActions(tour);
+    VisitMachineCodes(tour);
+    VisitInformation(tour);
   }
   std::printf("%d failed, pictures in %s\n", tour.failures(), qPrintable(pictures));
   return tour.failures() == 0 ? 0 : 1;

@@ -4,6 +4,7 @@
 #include <QAbstractButton>
 #include <QAction>
 #include <QLabel>
+#include <QLineEdit>
 #include <algorithm>
 
 #include "store/parameter_table.h"
@@ -12,7 +13,10 @@ namespace dosmara {
 
 namespace {
 
+constexpr int kMainBoard = 0;
 constexpr int kHotDrinks = 1;
+constexpr int kSalesCode = 3;
+constexpr int kGrinderBlades = 49;
 constexpr int kCoffeeWater = 148;  // record of the first selection
 constexpr int kMilkTime = 280;
 constexpr int kMilkySelection = 3;  // index of a selection with milk in it
@@ -52,6 +56,16 @@ void Dispense(Tour& tour, QWidget& form, const QString& button) {
              "the machine does not dispense");
   tour.Picture("dispensing");
   tour.Await([&] { return press.isEnabled(); }, "the form does not open again", kDrinkMs);
+}
+
+void CloseForm(Tour& tour, QWidget& form) {
+  tour.Step(form.objectName() + " closes and leaves no record subscribed", [&] {
+    tour.Close(form);
+    for (const auto& node : ParamTable) {
+      tour.Expect(std::ranges::all_of(node, [](const ParamRec& record) { return record.Subscribers == 0; }),
+                  "a record stays subscribed");
+    }
+  });
 }
 
 }  // namespace
@@ -99,12 +113,59 @@ void VisitDoses(Tour& tour) {
     (*ticked)->trigger();
     tour.Expect(form->windowTitle() == title, "the first language does not come back");
   });
-  tour.Step("FrmDosi closes and leaves no record subscribed", [&] {
-    tour.Close(*form);
-    for (const auto& node : ParamTable) {
-      tour.Expect(std::ranges::all_of(node, [](const ParamRec& record) { return record.Subscribers == 0; }),
-                  "a record stays subscribed");
-    }
+  CloseForm(tour, *form);
+}
+
+void VisitPreventiveActions(Tour& tour) {
+  QWidget* form = nullptr;
+  tour.Step("FrmAzione opens and unlocks", [&] {
+    form = &tour.Open("smnuAzione", "FrmAzione");
+    tour.Await([&] { return tour.Control<QWidget>(*form, "Text1(0)").isVisible(); }, "it stays locked",
+               kUnlockMs);
+  });
+  if (form == nullptr) {
+    return;
+  }
+  tour.Step("a count is typed, the machine holds it, the label follows", [&] {
+    const int count = tour.machine().Get(kHotDrinks, kGrinderBlades) == 45000 ? 40000 : 45000;
+    tour.Type(*form, "Text1(5)", QString::number(count));
+    tour.Await([&] { return tour.machine().Get(kHotDrinks, kGrinderBlades) == count; },
+               "the machine does not hold the count");
+    tour.Await([&] { return tour.Control<QLabel>(*form, "Label10(5)").text() == QString::number(count); },
+               "the label does not follow");
+    tour.Picture("preventive_actions");
+  });
+  CloseForm(tour, *form);
+}
+
+void VisitMachineCodes(Tour& tour) {
+  QWidget* form = nullptr;
+  tour.Step("FrmPassword opens and shows the codes of the machine", [&] {
+    form = &tour.Open("smnuPassword", "FrmPassword");
+    const QString code = QString::number(tour.machine().Get(kMainBoard, kSalesCode));
+    tour.Await([&] { return tour.Control<QLineEdit>(*form, "Text1(1)").text() == code; },
+               "the code does not show");
+    tour.Picture("machine_codes");
+  });
+  if (form == nullptr) {
+    return;
+  }
+  tour.Step("a code is typed, the machine holds it", [&] {
+    const int code = tour.machine().Get(kMainBoard, kSalesCode) == 54321 ? 12300 : 54321;
+    tour.Type(*form, "Text1(1)", QString::number(code));
+    tour.Await([&] { return tour.machine().Get(kMainBoard, kSalesCode) == code; },
+               "the machine does not hold the code");
+  });
+  CloseForm(tour, *form);
+}
+
+void VisitInformation(Tour& tour) {
+  tour.Step("FrmInfo tells the title and the revision", [&] {
+    QWidget& form = tour.Open("mnuVer", "FrmInfo");
+    tour.Expect(tour.Control<QLabel>(form, "Label1(0)").text() == "Dosmara", "the title is another");
+    tour.Expect(tour.Control<QLabel>(form, "Label1(1)").text().startsWith("Rev. "), "there is no revision");
+    tour.Picture("information");
+    tour.Close(form);
   });
 }
 

@@ -12,4 +12,13 @@ void VisitMainWindow(Tour& tour);
 // Doses: unlocks, a dose changed and held by the machine, a drink and a part dispensed, the other language.
 void VisitDoses(Tour& tour);
 
+// Preventive actions: unlocks, a count changed and held by the machine.
+void VisitPreventiveActions(Tour& tour);
+
+// Machine codes: shown as the machine holds them, one changed and held.
+void VisitMachineCodes(Tour& tour);
+
+// The information window.
+void VisitInformation(Tour& tour);
+
 }  // namespace dosmara

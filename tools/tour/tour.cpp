@@ -81,6 +81,7 @@ void Tour::Type(QWidget& form, const QString& box, const QString& text) {
   auto& edit = Control<QLineEdit>(form, box);
   Expect(edit.isVisible() && edit.isEnabled(), box + " takes no entry");
   edit.setFocus();
+  edit.selectAll();
   QTest::keyClicks(&edit, text);
   QTest::keyClick(&edit, Qt::Key_Return);
 }

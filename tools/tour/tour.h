@@ -43,7 +43,7 @@ class Tour {
   // Clicks a menu entry by name and returns the form of that name when it is there.
   QWidget& Open(const QString& entry, const QString& form);
   void Close(QWidget& form);
-  // Types into a box that takes the focus, and confirms with Enter.
+  // Types over what a box holds, and confirms with Enter.
   void Type(QWidget& form, const QString& box, const QString& text);
   // Saves the main window as <name>.png in the folder for the pictures.
   void Picture(const QString& name);
