@@ -7,14 +7,13 @@
 #include <QApplication>
 #include <QElapsedTimer>
 #include <QEventLoop>
-#include <QTimer>
 #include <cstdio>
 #include <cstdlib>
 #include <vector>
 
-#include "link/link_engine.h"
 #include "store/parameter_table.h"
 #include "support/process_figures.h"
+#include "support/scan_ticks.h"
 #include "support/tool_rig.h"
 
 namespace dosmara {
@@ -48,41 +47,6 @@ class Insatiable : public LoadedForm {
   int wanted_ = 0;
 };
 
-// What has become of each tick of the scan.
-class Ticks : public QObject {
- public:
-  explicit Ticks(QTimer& timer) {
-    timer.installEventFilter(this);
-    connect(&timer, &QTimer::timeout, this, &Ticks::After);
-  }
-
-  bool eventFilter(QObject* /*timer*/, QEvent* event) override {
-    if (event->type() == QEvent::Timer) {
-      idle_before_ = LinkIdle;
-    }
-    return false;
-  }
-
-  int all = 0;
-  int sent = 0;
-  int end_of_node = 0;  // the scan has moved to the next node, which takes a tick
-  int waiting = 0;      // the exchange before was still under way
-
- private:
-  void After() {
-    ++all;
-    if (!idle_before_) {
-      ++waiting;
-    } else if (!LinkIdle) {
-      ++sent;
-    } else if (ScanCursor == 0) {
-      ++end_of_node;
-    }
-  }
-
-  bool idle_before_ = false;
-};
-
 void SubscribeEverything() {
   for (int node = 0; node < kNodeCount; ++node) {
     for (int index = 1; index < NodeRecordCount[node]; ++index) {
@@ -99,7 +63,7 @@ void Run(int wanted) {
   window.findChild<QAction*>("smnuDosi")->trigger();
   SubscribeEverything();
   Insatiable form;
-  Ticks ticks(*window.findChild<QWidget*>("FrmSer")->findChild<QTimer*>("Timer1"));
+  ScanTicks ticks(*window.findChild<QWidget*>("FrmSer")->findChild<QTimer*>("Timer1"));
 
   QElapsedTimer clock;
   clock.start();
