@@ -18,16 +18,12 @@ void StoreLittleEndian(std::uint32_t value, Cell& cell) {
 bool Board::AddRecord(const Address& address, std::uint32_t value) {
   Cell cell{.number = record_count() + 1, .address = address};
   StoreLittleEndian(value, cell);
-  if (!Register(cell)) return false;
-  records_.push_back(address);
-  return true;
+  return Register(cell, records_);
 }
 
 bool Board::AddIdentification(const Address& address) {
   const int entry = static_cast<int>(identification_.size()) + 1;
-  if (!Register({.identification = true, .number = entry, .address = address})) return false;
-  identification_.push_back(address);
-  return true;
+  return Register({.identification = true, .number = entry, .address = address}, identification_);
 }
 
 void Board::SetIdentity(const Identity& identity) {
@@ -37,13 +33,13 @@ void Board::SetIdentity(const Identity& identity) {
                                                  {17, identity.file_number}, {18, identity.model}};
   for (const auto& [entry, value] : entries) {
     if (entry > identification_.size()) continue;
-    cells_.at(identification_[entry - 1]).bytes[0] = static_cast<std::uint8_t>(value);
+    cells_[identification_[entry - 1]].bytes[0] = static_cast<std::uint8_t>(value);
   }
 }
 
 Cell* Board::Find(const Address& address) {
-  const auto found = cells_.find(address);
-  return found == cells_.end() ? nullptr : &found->second;
+  const auto found = by_address_.find(address);
+  return found == by_address_.end() ? nullptr : &cells_[found->second];
 }
 
 std::uint32_t Board::Get(int number) const {
@@ -56,7 +52,13 @@ std::uint32_t Board::Get(int number) const {
 
 void Board::Set(int number, std::uint32_t value) {
   if (!HasRecord(number)) return;
-  StoreLittleEndian(value, cells_.at(records_[static_cast<std::size_t>(number) - 1]));
+  StoreLittleEndian(value, cells_[records_[static_cast<std::size_t>(number) - 1]]);
+}
+
+void Board::Add(int number, std::uint32_t amount) {
+  if (!HasRecord(number)) return;
+  const std::uint32_t value = Get(number);
+  Set(number, value + std::min(amount, Largest(number) - value));
 }
 
 std::uint32_t Board::Largest(int number) const {
@@ -64,6 +66,11 @@ std::uint32_t Board::Largest(int number) const {
   return UINT32_MAX >> (8 * (sizeof(std::uint32_t) - width));
 }
 
-bool Board::Register(const Cell& cell) { return cells_.emplace(cell.address, cell).second; }
+bool Board::Register(const Cell& cell, std::vector<Index>& places) {
+  if (!by_address_.emplace(cell.address, cells_.size()).second) return false;
+  places.push_back(cells_.size());
+  cells_.push_back(cell);
+  return true;
+}
 
 }  // namespace machine

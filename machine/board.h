@@ -43,7 +43,8 @@ class Board {
   void SetIdentity(const Identity& identity);
   const Identity& identity() const { return identity_; }
 
-  // The value at an address, or null when the board has nothing there.
+  // The value at an address, or null when the board has nothing there. It stays where it is once all
+  // records have been added.
   Cell* Find(const Address& address);
 
   bool HasRecord(int number) const { return number >= 1 && number <= record_count(); }
@@ -53,16 +54,23 @@ class Board {
   std::uint32_t Get(int number) const;
   // Stores a value; a record that the board does not have is passed over.
   void Set(int number, std::uint32_t value);
+  // Adds to a record; a count that would not fit stops at the largest value.
+  void Add(int number, std::uint32_t amount);
   // The largest value that fits the record.
   std::uint32_t Largest(int number) const;
 
  private:
-  bool Register(const Cell& cell);
-  const Cell& At(int number) const { return cells_.at(records_[static_cast<std::size_t>(number) - 1]); }
+  // Places in cells_.
+  using Index = std::size_t;
 
-  std::map<Address, Cell> cells_;
-  std::vector<Address> records_;
-  std::vector<Address> identification_;
+  // Adds a cell and notes its place. False when the address is taken.
+  bool Register(const Cell& cell, std::vector<Index>& places);
+  const Cell& At(int number) const { return cells_[records_[static_cast<std::size_t>(number) - 1]]; }
+
+  std::vector<Cell> cells_;
+  std::map<Address, Index> by_address_;
+  std::vector<Index> records_;
+  std::vector<Index> identification_;
   Identity identity_;
 };
 

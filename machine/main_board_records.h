@@ -12,6 +12,8 @@ namespace machine {
 inline constexpr int kCommandRecord = 314;
 inline constexpr int kStatusRecord = 317;
 inline constexpr std::uint32_t kDispensingBit = 2;
+inline constexpr std::uint32_t kClockBit = 4;
+inline constexpr std::uint32_t kEightLanguagesBit = 8;
 
 // Sets or clears bits of a record and leaves the others alone.
 inline void SetBits(Board& board, int record, std::uint32_t mask, bool on) {

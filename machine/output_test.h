@@ -1,0 +1,52 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// Test mode of the boards behind the main board, in which the tool drives their outputs.
+//
+// Node 1 takes a command in record 535 on what was written to 536 to 539 before; the outputs as they are read
+// back in 547 to 550, and bit value 1 of 541 is set in test mode. Nodes 2 and 3 take it in 284 on row 285 and
+// column 286; 288 and 289 read back, and bit value 1 of 290 is set in test mode.
+//
+//   command 1   60 in the first data record enters test mode, or ends what runs in it; 0 leaves it
+//   command 2   the data becomes the outputs, in test mode only
+//
+// All outputs go off on entering and on leaving. A unit turns one sector at a time: of several rows or
+// columns it takes the lowest, and it knows no row 7. Bit 7 of its row is the compressor.
+#pragma once
+
+#include "machine/board.h"
+#include "machine/concern.h"
+
+namespace machine {
+
+// The outputs of node 1 that run outside of test mode as well, in record 547.
+inline constexpr int kOutputsRecord = 547;
+inline constexpr std::uint32_t kPumpOutput = 32;
+inline constexpr std::uint32_t kHeaterOutput = 64;
+
+// The row of a unit, as it is, and the bit of its compressor.
+inline constexpr int kRowRecord = 288;
+inline constexpr std::uint32_t kCompressorOutput = 128;
+
+// The state of a unit: test mode, and motors on their way to zero.
+inline constexpr int kUnitCommandRecord = 284;
+inline constexpr int kUnitStatusRecord = 290;
+inline constexpr std::uint32_t kTestBit = 1;
+inline constexpr std::uint32_t kMotorsBit = 2;
+
+// True while the board of nodes 1 to 3 is in test mode.
+bool InTestMode(const Boards& boards, int node);
+
+class OutputTest : public Concern {
+ public:
+  explicit OutputTest(Boards& boards) : boards_(boards) {}
+
+  void OnWrite(int node, int record) override;
+  void OnRestart() override;
+
+ private:
+  void SetMode(int node, bool on);
+  void Drive(int node);
+
+  Boards& boards_;
+};
+
+}  // namespace machine
