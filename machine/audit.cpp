@@ -9,6 +9,11 @@ namespace {
 constexpr std::uint32_t kClear = 1;
 constexpr std::uint32_t kClearAll = 8;
 
+// Test vends of all kinds, on node 0; the first of each selection, on node 1; of each position, on 2 and 3.
+constexpr int kTestVends = 126;
+constexpr int kSelectionTests = 126;
+constexpr int kPositionTests = 167;
+
 struct Counters {
   int node;
   int first;
@@ -41,6 +46,14 @@ void Audit::OnWrite(int node, int record) {
       boards_[static_cast<std::size_t>(counters.node)].Set(n, 0);
     }
   }
+}
+
+// A part on its own is no vend.
+void Audit::OnServed(const Serving& serving) {
+  if (serving.sale || serving.kind == Serving::Kind::kPart) return;
+  boards_[0].Add(kTestVends, 1);
+  const int first = serving.node == 1 ? kSelectionTests : kPositionTests;
+  boards_[static_cast<std::size_t>(serving.node)].Add(first + serving.index, 1);
 }
 
 }  // namespace machine

@@ -1,10 +1,12 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "machine/dispenser.h"
 
-#include <algorithm>
-#include <array>
+#include <utility>
 
 #include "machine/main_board_records.h"
+#include "machine/output_test.h"
+#include "machine/positions.h"
+#include "machine/recipe.h"
 
 namespace machine {
 namespace {
@@ -22,105 +24,110 @@ constexpr std::uint32_t kSinglePart = 7;
 
 // The way from the command to the first drop: cup, valve, pump.
 constexpr Time kStartDelay = 300ms;
-// One water count is one pulse of the flow meter behind the pump.
-constexpr Time kWaterPulse = 25ms;
 // One turn of a spiral.
 constexpr Time kSpiralTurn = 1500ms;
 
-constexpr std::uint32_t kSelections = 22;
-constexpr std::uint32_t kFirstColumn = 39;
-constexpr std::uint32_t kColumns = 8;
-constexpr std::uint32_t kRows = 6;
-
-// Records of node 1, each the first of 22, one for each selection. A powder with record 0 is not there.
-struct Powder {
-  int delay = 0;
-  int time = 0;
-};
-struct Part {
-  int water = 0;
-  std::array<Powder, 2> powders{};
-};
-constexpr Part kParts[] = {
-    {148},                              // coffee
-    {170, {{{368, 280}, {390, 302}}}},  // milk and chocolate share their water
-    {192, {{{412, 324}}}},              // tea
-    {214, {{{563, 346}}}},              // decaffeinated
-    {236},                              // hot water
-};
-constexpr int kSugarTime = 434;
-
-// What record 316 asks for in a test of one part, and the record of that part's time.
-struct SinglePart {
-  std::uint32_t code;
-  int time;
-};
-constexpr SinglePart kSingleParts[] = {{66, 280}, {68, 302}, {72, 324}, {80, 346}, {192, kSugarTime}};
+// Columns of a unit stand behind all selections.
+constexpr int kColumnsFrom = 38;
 
 }  // namespace
 
+std::string Dispenser::Serve(const Serving& serving) {
+  if (auto obstacle = ObstacleTo(serving); !obstacle.empty()) return obstacle;
+  Time duration = DurationOf(serving);
+  if (duration == Time(0)) return "there is nothing to dispense";
+  std::optional<Alarm> failure;
+  if (const auto defect = defects_.FailureOf(serving)) {
+    duration = defect->timeout;
+    failure = defect->alarm;
+  }
+  serving_ = serving;
+  schedule_.In(kStartDelay, [this] { Show(true); });
+  schedule_.In(kStartDelay + duration, [this, failure] { End(failure); });
+  return {};
+}
+
 void Dispenser::OnWrite(int node, int record) {
-  if (node != 0 || record != kCommandRecord || busy_) return;
-  const auto duration = DurationOfCommand();
-  if (!duration || *duration == Time(0)) return;
-  busy_ = true;
-  schedule_.In(kStartDelay, [this] { SetBits(boards_[0], kStatusRecord, kDispensingBit, true); });
-  schedule_.In(kStartDelay + *duration, [this] {
-    SetBits(boards_[0], kStatusRecord, kDispensingBit, false);
-    busy_ = false;
-  });
+  if (node != 0 || record != kCommandRecord) return;
+  if (const auto serving = Commanded()) Serve(*serving);
 }
 
 void Dispenser::OnRestart() {
-  busy_ = false;
-  SetBits(boards_[0], kStatusRecord, kDispensingBit, false);
+  Show(false);
+  serving_.reset();
 }
 
-std::optional<Time> Dispenser::DurationOfCommand() const {
+std::string Dispenser::Describe() const {
+  if (!serving_) return "nothing";
+  const std::string what = serving_->kind == Serving::Kind::kProduct
+                               ? "product-" + PositionName(serving_->node, serving_->index)
+                               : (serving_->kind == Serving::Kind::kPart ? "part-of-" : "drink-") +
+                                     std::to_string(SelectionNumber(serving_->index));
+  return what + (serving_->sale ? "-sold" : "-tested");
+}
+
+std::optional<Serving> Dispenser::Commanded() const {
   const std::uint32_t command = boards_[0].Get(kCommandRecord);
-  const std::uint32_t selection = boards_[0].Get(kSelectionRecord);
-  if (command == kComplete && selection >= kFirstColumn) return ProductTime();
-  if (!presence_.IsPresent(1)) return std::nullopt;
-  if (command == kSinglePart) return PartTime(selection);
-  const bool drink = command == kComplete || command == kWithoutSugar || command == kWaterOnly;
-  if (!drink || selection < 1 || selection > kSelections) return std::nullopt;
-  return DrinkTime(selection - 1, command != kWaterOnly, command == kComplete);
-}
-
-// The parts follow each other, since there is one pump; the powders of a part run along with its water. A
-// part whose water is off is left out with its powders.
-Time Dispenser::DrinkTime(std::uint32_t selection, bool with_powders, bool with_sugar) const {
-  const int index = static_cast<int>(selection);
-  Time total = with_sugar ? Tenths(kSugarTime + index) : Time(0);
-  for (const Part& part : kParts) {
-    const Time water = boards_[1].Get(part.water + index) * kWaterPulse;
-    Time longest = water;
-    for (const Powder& powder : part.powders) {
-      if (!with_powders || powder.time == 0 || water == Time(0)) continue;
-      longest = std::max(longest, Tenths(powder.delay + index) + Tenths(powder.time + index));
-    }
-    total += longest;
+  const int selection = static_cast<int>(boards_[0].Get(kSelectionRecord));
+  const std::uint32_t part = boards_[0].Get(kPartRecord);
+  if (command == kComplete && selection > kColumnsFrom) {
+    const int node = NodeOfLetter(static_cast<std::uint8_t>(boards_[0].Get(kUnitRecord)));
+    const auto position = PositionAt(static_cast<int>(part / 16), selection - kColumnsFrom);
+    if (node < 2 || !position) return std::nullopt;
+    return Serving{.kind = Serving::Kind::kProduct, .node = node, .index = *position};
   }
-  return total;
+  if (command == kSinglePart) {
+    if (selection >= kSelections) return std::nullopt;
+    return Serving{.kind = Serving::Kind::kPart, .index = selection, .part = part};
+  }
+  if (selection < 1 || selection > kSelections) return std::nullopt;
+  Serving drink{.index = selection - 1};
+  if (command == kComplete) return drink;
+  drink.sugar = false;
+  if (command == kWithoutSugar) return drink;
+  drink.powders = false;
+  if (command == kWaterOnly) return drink;
+  return std::nullopt;
 }
 
-std::optional<Time> Dispenser::PartTime(std::uint32_t selection) const {
-  const std::uint32_t code = boards_[0].Get(kPartRecord);
-  const auto part = std::find_if(std::begin(kSingleParts), std::end(kSingleParts),
-                                 [code](const SinglePart& single) { return single.code == code; });
-  if (part == std::end(kSingleParts) || selection >= kSelections) return std::nullopt;
-  return Tenths(part->time + static_cast<int>(selection));
+Time Dispenser::DurationOf(const Serving& serving) const {
+  switch (serving.kind) {
+    case Serving::Kind::kDrink:
+      return DrinkTime(boards_[1], serving);
+    case Serving::Kind::kPart:
+      return PartTime(boards_[1], serving);
+    case Serving::Kind::kProduct:
+      return kSpiralTurn;
+  }
+  return Time(0);
 }
 
-std::optional<Time> Dispenser::ProductTime() const {
-  const std::uint32_t row = boards_[0].Get(kPartRecord) / 16;
-  const std::uint32_t column = boards_[0].Get(kSelectionRecord) - kFirstColumn + 1;
-  const int node = NodeOfLetter(static_cast<std::uint8_t>(boards_[0].Get(kUnitRecord)));
-  if (node < 2 || !presence_.IsPresent(node)) return std::nullopt;
-  if (row < 1 || row > kRows || column > kColumns) return std::nullopt;
-  return kSpiralTurn;
+std::string Dispenser::ObstacleTo(const Serving& serving) const {
+  if (busy()) return "the machine is dispensing";
+  const std::string board = "the board at node " + std::to_string(serving.node);
+  if (!presence_.IsPresent(serving.node)) return board + " is absent";
+  if (InTestMode(boards_, serving.node)) return board + " is in test mode";
+  if (const auto missing = supplies_.MissingFor(serving)) {
+    return "what is missing or full: " + std::string(kSupplyNames[static_cast<std::size_t>(*missing)]);
+  }
+  return {};
 }
 
-Time Dispenser::Tenths(int record) const { return boards_[1].Get(record) * Time(100ms); }
+void Dispenser::Show(bool on) {
+  SetBits(boards_[0], kStatusRecord, kDispensingBit, on);
+  if (serving_ && serving_->kind == Serving::Kind::kDrink && !InTestMode(boards_, 1)) {
+    SetBits(boards_[1], kOutputsRecord, kPumpOutput, on);
+  }
+}
+
+void Dispenser::End(std::optional<Alarm> failure) {
+  Show(false);
+  const Serving serving = *std::exchange(serving_, std::nullopt);
+  if (failure) {
+    alarms_.Raise(*failure);
+  } else {
+    served_(serving);
+  }
+}
 
 }  // namespace machine

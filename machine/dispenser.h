@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Test dispensing, commanded through node 0.
+// Handing out drinks and products, for sales and for tests that are commanded through node 0.
 //
 //   314 = 2, 3, 4   a whole drink: complete, without sugar, water only; 315 is the selection, 1 to 22
 //   314 = 2         with 315 from 39 up: a product from column 315 - 38, row 316 / 16 of the unit whose
@@ -7,39 +7,62 @@
 //   314 = 7         one part of a drink: 315 is the selection, 0 to 21, and 316 the part
 //
 // Bit value 2 of record 317 is set while it lasts. A command is refused, without a sign, while another is
-// carried out, for a selection, part or unit that is not there, and when there is nothing to dispense.
+// carried out, for a selection, part or unit that is not there or is in test mode, when a supply is missing,
+// and when there is nothing to dispense. With a broken part the serving lasts for that part's time-out, ends
+// with an alarm and counts as nothing.
 #pragma once
 
+#include <functional>
 #include <optional>
+#include <string>
 
 #include "machine/concern.h"
+#include "machine/defects.h"
 #include "machine/presence.h"
 #include "machine/schedule.h"
+#include "machine/supplies.h"
 
 namespace machine {
 
 class Dispenser : public Concern {
  public:
-  Dispenser(Boards& boards, const Presence& presence, Schedule& schedule)
-      : boards_(boards), presence_(presence), schedule_(schedule) {}
+  // `served` hears of each serving that has come to its end.
+  Dispenser(Boards& boards, const Presence& presence, Schedule& schedule, const Supplies& supplies,
+            const Defects& defects, Alarms& alarms, std::function<void(const Serving&)> served)
+      : boards_(boards),
+        presence_(presence),
+        schedule_(schedule),
+        supplies_(supplies),
+        defects_(defects),
+        alarms_(alarms),
+        served_(std::move(served)) {}
+
+  // Starts a serving. Returns why it cannot be, or nothing.
+  std::string Serve(const Serving& serving);
 
   void OnWrite(int node, int record) override;
   void OnRestart() override;
 
-  // True from the moment a command is taken until its end.
-  bool busy() const { return busy_; }
+  // True from the moment a serving is taken until its end.
+  bool busy() const { return serving_.has_value(); }
+  // What is being handed out, in one word.
+  std::string Describe() const;
 
  private:
-  std::optional<Time> DurationOfCommand() const;
-  Time DrinkTime(std::uint32_t selection, bool with_powders, bool with_sugar) const;
-  std::optional<Time> PartTime(std::uint32_t selection) const;
-  std::optional<Time> ProductTime() const;
-  Time Tenths(int record) const;
+  std::optional<Serving> Commanded() const;
+  Time DurationOf(const Serving& serving) const;
+  std::string ObstacleTo(const Serving& serving) const;
+  void Show(bool on);
+  void End(std::optional<Alarm> failure);
 
   Boards& boards_;
   const Presence& presence_;
   Schedule& schedule_;
-  bool busy_ = false;
+  const Supplies& supplies_;
+  const Defects& defects_;
+  Alarms& alarms_;
+  std::function<void(const Serving&)> served_;
+  std::optional<Serving> serving_;
 };
 
 }  // namespace machine

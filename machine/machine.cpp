@@ -26,7 +26,16 @@ constexpr Address kPortTest{};
 }  // namespace
 
 Machine::Machine(Boards boards, std::uint32_t seed, FrameLog log)
-    : boards_(std::move(boards)), faults_(seed), log_(std::move(log)) {}
+    : boards_(std::move(boards)),
+      dispenser_(boards_, presence_, schedule_, supplies_, defects_, alarms_,
+                 [this](const Serving& serving) {
+                   for (Concern* concern : concerns_) concern->OnServed(serving);
+                 }),
+      sales_(boards_, calendar_, dispenser_, inputs_, alarms_, seed),
+      faults_(seed),
+      log_(std::move(log)) {
+  StartTime();
+}
 
 void Machine::Receive(std::span<const std::uint8_t> bytes) {
   for (const std::uint8_t byte : bytes) {
@@ -45,11 +54,49 @@ void Machine::Restart() {
   outgoing_ = {};
   ready_at_ = now() + kStartUp;
   for (Concern* concern : concerns_) concern->OnRestart();
+  StartTime();
+}
+
+void Machine::SetSpeed(unsigned factor) {
+  speed_ = factor;
+  ++day_;
+  ScheduleSecond();
 }
 
 void Machine::Write(int node, int record, std::uint32_t value) {
   board(node).Set(record, value);
   for (Concern* concern : concerns_) concern->OnWrite(node, record);
+}
+
+void Machine::Set(int node, int record, std::uint32_t value) {
+  board(node).Set(record, value);
+  for (Concern* concern : concerns_) concern->OnSet(node, record);
+}
+
+void Machine::SetPresent(int node, bool present) {
+  if (!present && presence_.IsPresent(node)) {
+    alarms_.Raise(node == 1 ? Alarm::kDrinksUnitMissing : OfUnit(Alarm::kUnitMissing, node));
+  }
+  presence_.SetPresent(node, present);
+}
+
+void Machine::StartTime() {
+  SetSpeed(speed_);
+  schedule_.In(1s, [this] { CountFrames(); });
+}
+
+void Machine::ScheduleSecond() {
+  schedule_.In(Time(1s) / speed_, [this, day = day_] {
+    if (day != day_) return;
+    for (Concern* concern : concerns_) concern->OnSecond();
+    each_second_();
+    if (day == day_) ScheduleSecond();
+  });
+}
+
+void Machine::CountFrames() {
+  frames_per_second_ = std::exchange(frames_this_second_, 0);
+  schedule_.In(1s, [this] { CountFrames(); });
 }
 
 void Machine::TakeByte(std::uint8_t byte) {
@@ -67,6 +114,7 @@ void Machine::TakeByte(std::uint8_t byte) {
 void Machine::TakeRequests() {
   const Bytes dropped = reader_.TakeDropped();
   traffic_.dropped_bytes += static_cast<unsigned>(dropped.size());
+  if (!dropped.empty()) ++traffic_.errors;
   log_.Dropped(now(), dropped);
   while (const auto request = reader_.TakeRequest()) Handle(*request);
 }
@@ -74,14 +122,22 @@ void Machine::TakeRequests() {
 void Machine::Handle(const Request& request) {
   Cell* cell = board(request.node).Find(request.address);
   ++traffic_.requests;
+  ++frames_this_second_;
+  last_request_ = now();
   log_.In(now(), request, cell);
   if (muted_ || now() < ready_at_ || !presence_.IsPresent(request.node)) return;
   const bool port_test = request.node == 0 && !request.write && request.address == kPortTest;
   if (cell == nullptr && !port_test) return;
-  if (faults_.Strikes(Fault::kSilence)) return;
-  const Bytes reply = faults_.Damage(Answer(request, cell));
+  if (faults_.Strikes(Fault::kSilence)) {
+    ++traffic_.errors;
+    return;
+  }
+  const Bytes answer = Answer(request, cell);
+  const Bytes reply = faults_.Damage(answer);
   const bool late = faults_.Strikes(Fault::kLate);
-  if (faults_.Strikes(Fault::kLost)) return;
+  const bool lost = faults_.Strikes(Fault::kLost);
+  if (late || lost || reply != answer) ++traffic_.errors;
+  if (lost) return;
 
   const Time turnaround = request.node == 0 ? kDirectTurnaround : kForwardedTurnaround;
   schedule_.In(late ? kLateTurnaround : turnaround, [this, request, cell, reply] {

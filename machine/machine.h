@@ -5,19 +5,31 @@
 
 #include <array>
 #include <cstdint>
+#include <functional>
 #include <optional>
 #include <span>
+#include <utility>
 #include <vector>
 
+#include "machine/alarms.h"
 #include "machine/audit.h"
 #include "machine/board.h"
+#include "machine/calendar.h"
+#include "machine/climate.h"
 #include "machine/clock.h"
+#include "machine/defects.h"
 #include "machine/dispenser.h"
 #include "machine/faults.h"
 #include "machine/frame_log.h"
 #include "machine/frame_reader.h"
+#include "machine/inputs.h"
+#include "machine/output_test.h"
 #include "machine/presence.h"
+#include "machine/sales.h"
 #include "machine/schedule.h"
+#include "machine/settings.h"
+#include "machine/supplies.h"
+#include "machine/unit_motors.h"
 #include "machine/wire.h"
 
 namespace machine {
@@ -33,11 +45,12 @@ struct Traffic {
   unsigned requests = 0;
   unsigned replies = 0;
   unsigned dropped_bytes = 0;
+  unsigned errors = 0;  // damaged or missing replies, and runs of bytes that were no request
 };
 
 class Machine {
  public:
-  // `seed` decides the faults.
+  // `seed` decides the faults and the customers.
   Machine(Boards boards, std::uint32_t seed, FrameLog log = {});
   Machine(const Machine&) = delete;
   Machine& operator=(const Machine&) = delete;
@@ -59,15 +72,35 @@ class Machine {
   // they answer again.
   void Restart();
 
+  // Lets the machine's day run this many times faster than its wire and its dispensing.
+  void SetSpeed(unsigned factor);
+  unsigned speed() const { return speed_; }
+  // Calls `tick` with every second of the machine's day, last of all.
+  void EachSecond(std::function<void()> tick) { each_second_ = std::move(tick); }
+
+  // Takes a board of nodes 1 to 3 away, which the main board logs, or puts it back.
+  void SetPresent(int node, bool present);
+
   Board& board(int node) { return boards_[static_cast<std::size_t>(node)]; }
   Presence& presence() { return presence_; }
   Faults& faults() { return faults_; }
   FrameLog& log() { return log_; }
   const Dispenser& dispenser() const { return dispenser_; }
+  Calendar& calendar() { return calendar_; }
+  Alarms& alarms() { return alarms_; }
+  Supplies& supplies() { return supplies_; }
+  Defects& defects() { return defects_; }
+  Inputs& inputs() { return inputs_; }
+  Sales& sales() { return sales_; }
   const Traffic& traffic() const { return traffic_; }
+  // Frames taken within the last whole second, and whether there were any within the last three.
+  unsigned frames_per_second() const { return frames_per_second_; }
+  bool connected() const { return last_request_ && now() - *last_request_ < std::chrono::seconds(3); }
 
   // Writes a record as a frame would, with all that follows from it.
   void Write(int node, int record, std::uint32_t value);
+  // Changes a record by hand: no command is carried out.
+  void Set(int node, int record, std::uint32_t value);
 
  private:
   void TakeByte(std::uint8_t byte);
@@ -75,13 +108,28 @@ class Machine {
   void Handle(const Request& request);
   Bytes Answer(const Request& request, Cell* cell);
   void Send(const Bytes& bytes);
+  // Starts what goes on by itself, at switch-on.
+  void StartTime();
+  void ScheduleSecond();
+  void CountFrames();
 
   Boards boards_;
   Schedule schedule_;
   Presence presence_{boards_};
-  Dispenser dispenser_{boards_, presence_, schedule_};
+  Settings settings_{boards_};
+  Calendar calendar_{boards_};
+  Alarms alarms_{boards_, calendar_};
+  Supplies supplies_{boards_, alarms_};
+  Defects defects_{boards_, alarms_};
+  OutputTest output_test_{boards_};
+  UnitMotors unit_motors_{boards_, schedule_};
+  Dispenser dispenser_;
   Audit audit_{boards_, presence_, dispenser_};
-  std::array<Concern*, 2> concerns_ = {&dispenser_, &audit_};
+  Inputs inputs_{boards_, supplies_, dispenser_, alarms_};
+  Climate climate_{boards_, defects_, alarms_};
+  Sales sales_;
+  std::array<Concern*, 10> concerns_ = {&settings_,  &calendar_, &supplies_, &output_test_, &unit_motors_,
+                                        &dispenser_, &audit_,    &inputs_,   &climate_,     &sales_};
 
   Faults faults_;
   FrameLog log_;
@@ -92,6 +140,13 @@ class Machine {
   Time last_byte_{0};
   Time ready_at_{0};
   bool muted_ = false;
+  unsigned speed_ = 1;
+  // Counts the changes of speed, so that a second that waits since before one never comes.
+  unsigned day_ = 0;
+  std::function<void()> each_second_ = [] {};
+  std::optional<Time> last_request_;
+  unsigned frames_this_second_ = 0;
+  unsigned frames_per_second_ = 0;
   std::vector<SentByte> sent_;
 };
 

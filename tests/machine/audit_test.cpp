@@ -67,6 +67,7 @@ TEST_F(AuditTest, OtherCommandsClearNothing) {
 }
 
 TEST_F(AuditTest, ClearsNothingWhileTheMachineDispenses) {
+  Set(1, 541, 0);
   Write(315, 1);
   Write(314, 2);
   ASSERT_TRUE(machine_.dispenser().busy());

@@ -1,0 +1,36 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// The inputs of the boards, as they follow from what the machine is and does. Most are active low. An input
+// is written when its cause changes, so that a value set by hand stays until then.
+#pragma once
+
+#include <array>
+#include <optional>
+
+#include "machine/concern.h"
+#include "machine/dispenser.h"
+#include "machine/supplies.h"
+
+namespace machine {
+
+class Inputs : public Concern {
+ public:
+  Inputs(Boards& boards, const Supplies& supplies, const Dispenser& dispenser, Alarms& alarms);
+
+  void OnSecond() override;
+
+  // An open door has an alarm.
+  void SetDoorOpen(bool open);
+  bool door_open() const { return door_open_; }
+
+ private:
+  bool Cause(std::size_t input) const;
+
+  Boards& boards_;
+  const Supplies& supplies_;
+  const Dispenser& dispenser_;
+  Alarms& alarms_;
+  bool door_open_ = false;
+  std::array<std::optional<bool>, 9> known_{};
+};
+
+}  // namespace machine
