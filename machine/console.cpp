@@ -3,37 +3,18 @@
 
 #include <algorithm>
 #include <cstdio>
-#include <stdexcept>
 #include <vector>
 
-#include "machine/main_board_records.h"
-#include "machine/text.h"
+#include "machine/arguments.h"
 
 namespace machine {
 namespace {
 
+constexpr int kCommandRecord = 314;
 constexpr int kSelectionRecord = 315;
 constexpr int kPartRecord = 316;
-
-// Why a command cannot be carried out.
-struct CommandError : std::runtime_error {
-  using std::runtime_error::runtime_error;
-};
-
-std::string Quoted(std::string_view text) { return "'" + std::string(text) + "'"; }
-
-std::uint32_t NumberIn(std::string_view what, std::string_view text, std::uint32_t least,
-                       std::uint32_t largest) {
-  if (const auto number = Number(text, least, largest)) return *number;
-  throw CommandError(std::string(what) + " must be " + std::to_string(least) + " to " +
-                     std::to_string(largest) + ", not " + Quoted(text));
-}
-
-bool OnOrOff(std::string_view text) {
-  if (text == "on") return true;
-  if (text == "off") return false;
-  throw CommandError("on or off, not " + Quoted(text));
-}
+constexpr int kMinuteRecord = 320;
+constexpr int kHourRecord = 321;
 
 struct Place {
   int node;
@@ -48,44 +29,16 @@ Place PlaceIn(Machine& machine, std::string_view node_text, std::string_view rec
 
 }  // namespace
 
-struct Console::Command {
-  std::string_view name;
-  std::string_view arguments;
-  std::string_view help;
-  std::size_t least;
-  std::size_t most;
-  std::string (Console::*run)(Arguments);
-};
-
-std::span<const Console::Command> Console::Commands() {
-  static constexpr Command kCommands[] = {
-      {"help", "[COMMAND]", "lists the commands, or explains one", 0, 1, &Console::Help},
-      {"get", "NODE RECORD", "prints node, record and value", 2, 2, &Console::Get},
-      {"set", "NODE RECORD VALUE", "changes what a board holds", 3, 3, &Console::Set},
-      {"test", "COMMAND SELECTION [PART]", "starts a test as the tool would, by records 314 to 316", 2, 3,
-       &Console::Test},
-      {"absent", "NODE", "takes a board of nodes 1 to 3 away", 1, 1, &Console::Absent},
-      {"present", "NODE", "puts a board of nodes 1 to 3 back", 1, 1, &Console::Present},
-      {"model", "CODE", "changes the model code of node 0", 1, 1, &Console::Model},
-      {"fault", "NAME COUNT | NAME RATE% | NAME off | off",
-       "silence, lost, late, flood, noise, corrupt, surplus: strikes so many replies, or a share of them", 1,
-       2, &Console::SetFault},
-      {"mute", "on|off", "makes the machine deaf and dumb", 1, 1, &Console::Mute},
-      {"restart", "", "switches the machine off and on; values stay", 0, 0, &Console::Restart},
-      {"unplug", "", "pulls the serial line out", 0, 0, &Console::Unplug},
-      {"replug", "", "puts the serial line back under the same link", 0, 0, &Console::Replug},
-      {"log", "on|off", "logs the frames", 1, 1, &Console::Log},
-      {"status", "", "tells how the machine is", 0, 0, &Console::Status},
-      {"wait", "MS", "holds the next command back for so many milliseconds", 1, 1, &Console::Wait},
-      {"quit", "", "ends the program", 0, 0, &Console::Quit},
-  };
-  return kCommands;
+Console::Console(Machine& machine, Plug& plug)
+    : machine_(machine), plug_(plug), scenario_(Check, [this](std::string_view command) {
+        const std::string reply = Execute(command);
+        machine_.log().Note(machine_.now(), "scenario: " + std::string(command) + ": " + reply);
+      }) {
+  machine_.EachSecond([this] { scenario_.OnSecond(); });
 }
 
-const Console::Command* Console::Find(std::string_view name) {
-  const auto commands = Commands();
-  const auto found = std::ranges::find(commands, name, &Command::name);
-  return found == commands.end() ? nullptr : &*found;
+std::string Console::Play(const std::string& path) {
+  return scenario_.Start(path, [this] { return machine_.calendar().second_of_day(); });
 }
 
 void Console::Add(std::string_view line) {
@@ -105,36 +58,6 @@ std::optional<Time> Console::resumes_at() const {
   return resumes_at_;
 }
 
-std::string Console::Execute(std::string_view line) {
-  const auto words = Words(line);
-  if (words.empty()) return "error: no command";
-  const Command* command = Find(words.front());
-  if (command == nullptr) return "error: no command " + Quoted(words.front()) + ", try help";
-  const Arguments arguments = Arguments(words).subspan(1);
-  if (arguments.size() < command->least || arguments.size() > command->most) {
-    return "error: usage: " + std::string(command->name) + " " + std::string(command->arguments);
-  }
-  try {
-    const std::string result = (this->*command->run)(arguments);
-    return result.empty() ? "ok" : "ok " + result;
-  } catch (const CommandError& error) {
-    return std::string("error: ") + error.what();
-  }
-}
-
-std::string Console::Help(Arguments arguments) {
-  if (arguments.empty()) {
-    std::string names;
-    for (const Command& command : Commands())
-      names += (names.empty() ? "" : ", ") + std::string(command.name);
-    return names;
-  }
-  const Command* command = Find(arguments[0]);
-  if (command == nullptr) throw CommandError("no command " + Quoted(arguments[0]));
-  return std::string(command->name) + " " + std::string(command->arguments) + ": " +
-         std::string(command->help);
-}
-
 std::string Console::Get(Arguments arguments) {
   const Place place = PlaceIn(machine_, arguments[0], arguments[1]);
   return std::to_string(place.node) + " " + std::to_string(place.record) + " " +
@@ -143,8 +66,8 @@ std::string Console::Get(Arguments arguments) {
 
 std::string Console::Set(Arguments arguments) {
   const Place place = PlaceIn(machine_, arguments[0], arguments[1]);
-  Board& board = machine_.board(place.node);
-  board.Set(place.record, NumberIn("value", arguments[2], 0, board.Largest(place.record)));
+  const std::uint32_t largest = machine_.board(place.node).Largest(place.record);
+  machine_.Set(place.node, place.record, NumberIn("value", arguments[2], 0, largest));
   return {};
 }
 
@@ -164,14 +87,7 @@ std::string Console::Absent(Arguments arguments) { return SetPresence(arguments[
 std::string Console::Present(Arguments arguments) { return SetPresence(arguments[0], true); }
 
 std::string Console::SetPresence(std::string_view node, bool present) {
-  machine_.presence().SetPresent(static_cast<int>(NumberIn("node", node, 1, kNodeCount - 1)), present);
-  return {};
-}
-
-std::string Console::Model(Arguments arguments) {
-  Identity identity = machine_.board(0).identity();
-  identity.model = static_cast<int>(NumberIn("model code", arguments[0], 0, 255));
-  machine_.board(0).SetIdentity(identity);
+  machine_.SetPresent(static_cast<int>(NumberIn("node", node, 1, kNodeCount - 1)), present);
   return {};
 }
 
@@ -196,7 +112,7 @@ std::string Console::SetFault(Arguments arguments) {
 }
 
 std::string Console::Mute(Arguments arguments) {
-  machine_.Mute(OnOrOff(arguments[0]));
+  machine_.Mute(OneOf(arguments[0], "on", "off"));
   return {};
 }
 
@@ -218,7 +134,7 @@ std::string Console::Replug(Arguments) {
 }
 
 std::string Console::Log(Arguments arguments) {
-  machine_.log().Switch(OnOrOff(arguments[0]));
+  machine_.log().Switch(OneOf(arguments[0], "on", "off"));
   return {};
 }
 
@@ -233,15 +149,18 @@ std::string Console::Status(Arguments) {
     faults += (faults.empty() ? "" : ",") + std::string(kFaultNames[i]);
   }
   const Traffic& traffic = machine_.traffic();
-  char text[256];
+  char text[512];
   std::snprintf(
       text, sizeof text,
       "time %.3f model %d plugged %s muted %s absent %s dispensing %s faults %s requests %u replies %u "
-      "dropped %u",
+      "dropped %u serving %s connection %s frames/s %u errors %u speed %u clock %02u:%02u scenario %zu",
       std::chrono::duration<double>(machine_.now()).count(), machine_.board(0).identity().model,
       plug_.plugged() ? "yes" : "no", machine_.muted() ? "yes" : "no",
       absent.empty() ? "none" : absent.c_str(), machine_.dispenser().busy() ? "yes" : "no",
-      faults.empty() ? "none" : faults.c_str(), traffic.requests, traffic.replies, traffic.dropped_bytes);
+      faults.empty() ? "none" : faults.c_str(), traffic.requests, traffic.replies, traffic.dropped_bytes,
+      machine_.dispenser().Describe().c_str(), machine_.connected() ? "alive" : "quiet",
+      machine_.frames_per_second(), traffic.errors, machine_.speed(), machine_.board(0).Get(kHourRecord),
+      machine_.board(0).Get(kMinuteRecord), scenario_.left());
   return text;
 }
 

@@ -10,6 +10,7 @@
 #include <string_view>
 
 #include "machine/machine.h"
+#include "machine/scenario.h"
 
 namespace machine {
 
@@ -26,7 +27,7 @@ class Plug {
 
 class Console {
  public:
-  Console(Machine& machine, Plug& plug) : machine_(machine), plug_(plug) {}
+  Console(Machine& machine, Plug& plug);
 
   // Adds a line to those that wait. An empty line and one that begins with "#" are passed over.
   void Add(std::string_view line);
@@ -38,11 +39,19 @@ class Console {
   // Carries out one command and returns the line for it.
   std::string Execute(std::string_view line);
 
+  // Plays a scenario file. Returns what is wrong with it, or nothing.
+  std::string Play(const std::string& path);
+
+  // All commands with what they do, one a line.
+  static std::string CommandList();
+
  private:
   using Arguments = std::span<const std::string_view>;
   struct Command;
   static std::span<const Command> Commands();
   static const Command* Find(std::string_view name);
+  // Why a line cannot be a command, or nothing.
+  static std::string Check(std::string_view line);
 
   std::string Help(Arguments arguments);
   std::string Get(Arguments arguments);
@@ -50,7 +59,6 @@ class Console {
   std::string Test(Arguments arguments);
   std::string Absent(Arguments arguments);
   std::string Present(Arguments arguments);
-  std::string Model(Arguments arguments);
   std::string SetFault(Arguments arguments);
   std::string Mute(Arguments arguments);
   std::string Restart(Arguments arguments);
@@ -61,10 +69,28 @@ class Console {
   std::string Wait(Arguments arguments);
   std::string Quit(Arguments arguments);
 
+  std::string Vend(Arguments arguments);
+  std::string Customers(Arguments arguments);
+  std::string RaiseAlarm(Arguments arguments);
+  std::string Exhaust(Arguments arguments);
+  std::string Service(Arguments arguments);
+  std::string Break(Arguments arguments);
+  std::string Mend(Arguments arguments);
+  std::string Door(Arguments arguments);
+  std::string Tubes(Arguments arguments);
+  std::string Key(Arguments arguments);
+  std::string Clock(Arguments arguments);
+  std::string Languages(Arguments arguments);
+  std::string Speed(Arguments arguments);
+  std::string PlayScenario(Arguments arguments);
+  template <int Identity::*kPart, std::uint32_t kLargest>
+  std::string SetIdentity(Arguments arguments);
+
   std::string SetPresence(std::string_view node, bool present);
 
   Machine& machine_;
   Plug& plug_;
+  Scenario scenario_;
   std::deque<std::string> lines_;
   Time resumes_at_{0};
 };

@@ -33,9 +33,19 @@ constexpr Option kOptions[] = {
     {.name = "--link", .argument = "PATH", .help = "link to the serial device", .text = &Options::link},
     {.name = "--log", .argument = "FILE", .help = "log frames from the start", .text = &Options::log},
     {.name = "--script", .argument = "FILE", .help = "commands to run first", .text = &Options::script},
+    {.name = "--scenario",
+     .argument = "FILE",
+     .help = "a day to play by the machine's clock",
+     .text = &Options::scenario},
+    {.name = "--speed",
+     .argument = "N",
+     .help = "how many times faster the machine's day runs (default: 1)",
+     .number = [](Options& options, std::uint32_t value) { options.speed = value; },
+     .least = 1,
+     .largest = 3600},
     {.name = "--seed",
      .argument = "N",
-     .help = "what decides the faults (default: 1)",
+     .help = "what decides faults and customers (default: 1)",
      .number = [](Options& options, std::uint32_t value) { options.seed = value; },
      .largest = UINT32_MAX},
     {.name = "--model",
@@ -115,7 +125,7 @@ std::string UsageText() {
     left.resize(22, ' ');
     text += left + std::string(option.help) + "\n";
   }
-  return text + "  --help              this text\n";
+  return text + "  --help              this text\n\nCommands on standard input:\n\n";
 }
 
 }  // namespace machine

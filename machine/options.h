@@ -18,7 +18,9 @@ struct Options {
   std::string link;
   std::string log;
   std::string script;
+  std::string scenario;
   std::uint32_t seed = 1;
+  unsigned speed = 1;
   // What node 0 says of itself. The records that it has stay those of its own index file.
   Identity identity = kBoardKinds[0].identity;
   std::set<int> absent;
@@ -33,7 +35,7 @@ struct UsageError : std::runtime_error {
 // Reads the arguments behind the program's name. Throws UsageError.
 Options ParseOptions(std::span<const char* const> arguments);
 
-// What --help prints.
+// What --help prints ahead of the list of commands.
 std::string UsageText();
 
 }  // namespace machine

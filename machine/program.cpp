@@ -49,6 +49,10 @@ Program::Program(const Options& options)
     : options_(options), machine_(LoadMachine(options), options.seed, MakeLog()) {
   machine_.log().Switch(!options_.log.empty());
   for (const int node : options_.absent) machine_.presence().SetPresent(node, false);
+  machine_.SetSpeed(options_.speed);
+  if (!options_.scenario.empty()) {
+    if (const auto wrong = console_.Play(options_.scenario); !wrong.empty()) throw FileError(wrong);
+  }
   if (!options_.script.empty()) {
     std::ifstream script(options_.script);
     if (!script) throw FileError(options_.script + ": cannot be read");

@@ -86,7 +86,7 @@ TEST_F(ConsoleTest, ModelChangesTheCodeThatNode0Reports) {
   EXPECT_EQ(Run("model 22"), "ok");
   EXPECT_EQ(Ask({0, 2, 0, 18, 20}), (Bytes{22, 22}));
   EXPECT_EQ(Ask({0, 2, 0, 11, 13}), (Bytes{14, 14}));
-  EXPECT_EQ(Run("model 256"), "error: model code must be 0 to 255, not '256'");
+  EXPECT_EQ(Run("model 256"), "error: number must be 0 to 255, not '256'");
 }
 
 TEST_F(ConsoleTest, FaultTakesACountARateOrOff) {
@@ -143,14 +143,17 @@ TEST_F(ConsoleTest, StatusTellsHowTheMachineIs) {
   EXPECT_EQ(
       Run("status"),
       "ok time 1.500 model 25 plugged no muted no absent 2,3 dispensing no faults lost,corrupt requests 2 "
-      "replies 1 dropped 3");
+      "replies 1 dropped 3 serving nothing connection alive frames/s 2 errors 1 speed 1 clock 00:00 scenario "
+      "0");
 }
 
 TEST_F(ConsoleTest, HelpNamesEveryCommandInOneLine) {
   EXPECT_EQ(
       Run("help"),
-      "ok help, get, set, test, absent, present, model, fault, mute, restart, unplug, replug, log, status, "
-      "wait, quit");
+      "ok help, get, set, test, vend, customers, alarm, exhaust, service, break, mend, door, tubes, key, "
+      "clock, "
+      "languages, speed, scenario, absent, present, model, board-code, type, revision, file-number, fault, "
+      "mute, restart, unplug, replug, log, status, wait, quit");
   EXPECT_EQ(Run("help get"), "ok get NODE RECORD: prints node, record and value");
   EXPECT_EQ(Run("help dance"), "error: no command 'dance'");
 }
