@@ -3,12 +3,14 @@
 // summing the same bytes, and an arrival that nobody wants against as many empty calls.
 #include <benchmark/benchmark.h>
 
+#include <QApplication>
 #include <array>
 #include <chrono>
 #include <limits>
 #include <numeric>
 #include <vector>
 
+#include "forms/beverage/frm_dosi.h"
 #include "link/link_engine.h"
 #include "link/notification.h"
 #include "store/parameter_table.h"
@@ -59,42 +61,32 @@ void IdlePass(benchmark::State& state) {
 }
 BENCHMARK(IdlePass)->UseManualTime();
 
-// Turns every record away that is not its own, as all open forms but one do.
-class OtherForm : public LoadedForm {
- public:
-  void SLabelChange(std::int32_t index, double value) override {
-    if (NodeIndex != 1) return;
-    if (index >= 31 && index <= 62) last_ = value;
-  }
-
- private:
-  double last_ = 0;
-};
-
 class EmptyForm : public LoadedForm {
  public:
   void SLabelChange(std::int32_t /*index*/, double /*value*/) override {}
 };
 
+// Thirty open forms, which turn away a record among their own that none of them shows.
 void UnwantedArrival(benchmark::State& state) {
   constexpr int kRounds = 1000;  // one arrival is too short for the clock
-  std::array<OtherForm, kForms + 2> forms;
-  LoadedForms.clear();
-  for (OtherForm& form : forms) LoadedForms.push_back(&form);
+  constexpr int kUnwanted = 300;
   std::array<EmptyForm, kForms> empty_forms;
+  LoadedForms = {&empty_forms[0], &empty_forms[1]};
+  std::array<FrmDosi, kForms> forms;
+  for (FrmDosi& form : forms) form.Load();
   std::vector<LoadedForm*> calls;
   for (EmptyForm& form : empty_forms) calls.push_back(&form);
-  NodeIndex = 0;
+  NodeIndex = 1;
   const Bytes reply = {57, 1};
   const auto arrivals = [&] {
     for (int i = 0; i < kRounds; ++i) {
-      NotifyForms(311, reply);
+      NotifyForms(kUnwanted, reply);
       benchmark::ClobberMemory();
     }
   };
   const auto empty_calls = [&] {
     for (int i = 0; i < kRounds; ++i) {
-      for (LoadedForm* form : calls) form->SLabelChange(311, 57);
+      for (LoadedForm* form : calls) form->SLabelChange(kUnwanted, 57);
       benchmark::ClobberMemory();
     }
   };
@@ -105,3 +97,10 @@ BENCHMARK(UnwantedArrival)->UseManualTime();
 
 }  // namespace
 }  // namespace dosmara
+
+int main(int argc, char** argv) {
+  QApplication application(argc, argv);
+  benchmark::Initialize(&argc, argv);
+  if (benchmark::ReportUnrecognizedArguments(argc, argv)) return 1;
+  benchmark::RunSpecifiedBenchmarks();
+}
