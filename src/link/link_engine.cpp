@@ -49,9 +49,11 @@ int lamp_tag[3];  // image last shown on status bar panels 2, 3 and 4
 std::uint8_t exch_node;
 
 // What keeps bytes that cannot be the reply from being taken for it. The check of a reply is an 8-bit sum,
-// and two zero bytes pass it, so a stuck or flooded line would fill the table with zeros. What remains
-// beyond these guards: noise that begins in the middle of an exchange and by chance carries a right sum (1
-// in 256), and a reply that is late or comes twice and meets the next request, since replies carry no number.
+// and two zero bytes pass it, so a stuck or flooded line would fill the table with zeros. For the same reason
+// a read reply with a surplus is bad even where its last byte fits: zeros gathered into one chunk are no
+// reply. What remains beyond these guards: noise that begins in the middle of an exchange and by chance
+// carries a right sum (1 in 256), and a reply that is late or comes twice and meets the next request, since
+// replies carry no number.
 std::optional<microseconds> last_stray;  // time of the last byte that came while no exchange ran
 bool reply_untrusted;                    // the reply to the request that is out counts as bad
 microseconds resend_leaves_until;        // end of a request that is being repeated; until then what arrives
@@ -173,7 +175,6 @@ void LinkSend() {
   ExchChecksum = frame.back();
   const microseconds now = Host().Now();
   reply_untrusted = last_stray && now - *last_stray < kQuietTime;
-  resend_leaves_until = now;
   Host().EnableTimer(LinkTimer::Timer2);
   Host().Output(frame);
 }
@@ -202,7 +203,7 @@ void ReceiveEvent() {
     good = good && IsGoodWriteReply(taken, ExchChecksum);
     ReplyData = ExchValue;
   } else {
-    good = good && IsGoodReadReply(taken, length);
+    good = good && taken.size() == length + 1 && IsGoodReadReply(taken, length);
     ReplyData.assign(taken.begin(), taken.begin() + static_cast<std::ptrdiff_t>(length));
   }
   if (RetryCount == kMostRetries) {

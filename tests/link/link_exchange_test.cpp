@@ -42,6 +42,14 @@ TEST_F(LinkExchange, RequestBearsAllFieldsOfTheRecord) {
   EXPECT_EQ(ExchChecksum, 0x56);
 }
 
+TEST_F(LinkExchange, HighNibbleOfControlHasNoPartInTheLength) {
+  Answer({{1, 2, 3}});
+  AskFor({.length = 2});
+  At(0, 4).Control = 0x51;
+  Ticks(2);
+  EXPECT_EQ(Arrivals(), (std::vector<ListeningForm::Arrival>{{0, 4, 513}}));
+}
+
 TEST_F(LinkExchange, ReplyReachesTheTableAndTheForms) {
   Board().Set(0, 4, 0x0403);
   AskFor({.length = 2});
@@ -284,6 +292,15 @@ TEST_F(LinkExchange, SurplusByteInTheSameChunkFailsTheReply) {
   Ticks(2);
   EXPECT_EQ(host_.frames.size(), 2U);
   EXPECT_EQ(Value(0, 4), (std::array{57, 0, 0, 0}));
+}
+
+TEST_F(LinkExchange, SurplusByteFailsTheReplyEvenIfItIsTheSum) {
+  host_.chunk = 16;
+  Answer({{0, 0, 0}, {57, 57}});
+  AskFor({});
+  Ticks(2);
+  EXPECT_EQ(host_.frames.size(), 2U);
+  EXPECT_EQ(Arrivals(), (std::vector<ListeningForm::Arrival>{{0, 4, 57}}));
 }
 
 TEST_F(LinkExchange, WriteReplyOfTwoBytesInOneChunkFails) {

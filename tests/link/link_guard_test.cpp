@@ -71,6 +71,34 @@ TEST_F(LinkGuard, ALineIsQuietTwentyMillisecondsAfterAStrayByte) {
   EXPECT_EQ(host_.frames.size(), 1U);
 }
 
+TEST_F(LinkGuard, AnEventWithoutBytesIsNoByteOnAnIdleLine) {
+  ReceiveEvent();
+  SendNow();
+  ASSERT_TRUE(ReplyCame());
+  EXPECT_EQ(host_.frames.size(), 1U);
+}
+
+TEST_F(LinkGuard, AnEventWithoutBytesIsNoReply) {
+  Put(0, 4, 5);
+  NodeIndex = 0;
+  LinkScan();
+  ReceiveEvent();
+  ASSERT_TRUE(ReplyCame());
+  EXPECT_EQ(host_.frames.size(), 1U);
+  EXPECT_EQ(Values(), (std::vector<double>{5}));
+}
+
+TEST_F(LinkGuard, AnEventWithoutBytesIsNoLeftover) {
+  ScriptedBoard script;
+  script.replies = {{9, 8}, {57, 57}};
+  host_.board = &script;
+  SendNow();
+  ASSERT_TRUE(host_.RunUntil([&] { return host_.frames.size() == 2; }, milliseconds(100)));
+  ReceiveEvent();
+  ASSERT_TRUE(ReplyCame());
+  EXPECT_EQ(host_.frames.size(), 2U);
+}
+
 TEST_F(LinkGuard, AFloodOfZerosThatBeginsOnAnIdleLineIsNeverTakenForAValue) {
   Noise(Bytes(2000, 0));  // about a second
   Ask();
@@ -80,6 +108,24 @@ TEST_F(LinkGuard, AFloodOfZerosThatBeginsOnAnIdleLineIsNeverTakenForAValue) {
   EXPECT_GT(host_.frames.size(), 5U);
   host_.RunFor(milliseconds(2000));
   EXPECT_EQ(Values(), (std::vector<double>{57}));
+}
+
+TEST_F(LinkGuard, AFloodIsNeverTakenForAValueHoweverItsBytesAreGathered) {
+  // Adapters hand over what has come in pieces of any size.
+  for (const std::size_t chunk : {1, 2, 3, 5, 8, 16, 31, 62, 500}) {
+    SCOPED_TRACE(chunk);
+    host_.chunk = chunk;
+    Noise(Bytes(20000, 0));  // about ten seconds
+    host_.RunFor(WireTime(chunk));
+    Ask();
+    StartScan();
+    host_.RunFor(milliseconds(9000));
+    EXPECT_TRUE(Arrivals().empty());
+    EXPECT_LE(host_.InputCount(), chunk);
+    host_.RunFor(milliseconds(5000));
+    EXPECT_EQ(Values(), (std::vector<double>{57}));
+    Arrivals().clear();
+  }
 }
 
 TEST_F(LinkGuard, AFloodOfZerosIsNeverTakenForTheEchoOfAWrite) {
