@@ -93,6 +93,13 @@ TEST_F(Identification, ANodeThatFallsSilentInTheMiddleIsAbsent) {
   EXPECT_TRUE(host_.boxes.empty());
 }
 
+TEST_F(Identification, EachReadHasTwoSecondsOfItsOwn) {
+  Board().latency = milliseconds(900);
+  BoardIdentify(1);
+  EXPECT_TRUE(NodePresent[1]);
+  EXPECT_EQ(host_.frames.size(), 6U);
+}
+
 TEST_F(Identification, EachAbsentNodeCostsItsOwnTwoSeconds) {
   Board().absent = {1, 2, 3};
   for (int node = 1; node < 4; ++node) BoardIdentify(node);
@@ -170,6 +177,32 @@ TEST_F(Identification, AMainBoardThatComesBackWhileTheBoxIsOpenIsFoundByRetry) {
   const BoardIdentity board = BoardIdentify(0);
   EXPECT_EQ(board.revision, 14);
   EXPECT_EQ(ModelCode, 25);
+}
+
+TEST_F(Identification, RetryRepeatsTheReadThatFailed) {
+  ScriptedBoard script;
+  script.replies = {{1, 1}, {1, 1}};
+  host_.board = &script;
+  host_.answers = {BoxAnswer::kRetry};
+  host_.during_box = [&] { script.replies = {{14, 14}, {18, 18}, {0, 0}, {1, 1}, {25, 25}}; };
+  BoardIdentify(0);
+  std::vector<int> entries;
+  for (const Bytes& frame : Frames()) entries.push_back(frame[3]);
+  // Silence is asked again after a second, then by the operator.
+  EXPECT_EQ(entries, (std::vector<int>{1, 17, 11, 11, 11, 12, 13, 14, 18}));
+}
+
+TEST_F(Identification, BytesThatComeWhileTheBoxIsOpenAskForNothing) {
+  Board().absent = {0};
+  host_.answers = {BoxAnswer::kCancel};
+  host_.box_time = milliseconds(5000);
+  host_.during_box = [this] {
+    host_.frames.clear();
+    Noise({1, 2});
+  };
+  EXPECT_THROW(BoardIdentify(0), ProgramEnds);
+  EXPECT_TRUE(host_.frames.empty());
+  EXPECT_EQ(host_.InputCount(), 0U);
 }
 
 TEST_F(Identification, AMainBoardThatFallsSilentInTheMiddleAsksTheOperatorToo) {

@@ -176,6 +176,19 @@ TEST_F(LinkScanWalk, APendingWriteDoesNotShortenTheCountdown) {
   EXPECT_EQ(host_.frames[0].bytes, (Bytes{128, 0, 0, 4, 9, 141}));
 }
 
+TEST_F(LinkScanWalk, AWriteThatNobodyWaitsForAnyMoreLeavesWhenTheRecordIsWantedAgain) {
+  Records(0, 10);
+  Subscribe(0, 4);
+  Put(0, 4, 5);
+  Unsubscribe(0, 4);
+  StartScan();
+  Ticks(20);
+  EXPECT_TRUE(host_.frames.empty());
+  Subscribe(0, 4);
+  Ticks(8);
+  EXPECT_EQ(Frames(), (std::vector<Bytes>{{128, 0, 0, 4, 5, 137}}));
+}
+
 TEST_F(LinkScanWalk, TheLastRecordOfTheFileIsNeverVisited) {
   Records(0, 10);
   Subscribe(0, 10);

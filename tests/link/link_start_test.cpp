@@ -41,6 +41,7 @@ TEST_F(LinkStartUp, FindsAllBoardsAndStartsTheScan) {
   EXPECT_FALSE(LinkIdentifying);
   EXPECT_TRUE(LinkIdle);
   EXPECT_EQ(NodeIndex, 0);
+  EXPECT_EQ(ScanCursor, 0);
   EXPECT_TRUE(host_.IsEnabled(LinkTimer::Timer1));
   EXPECT_FALSE(host_.IsEnabled(LinkTimer::Timer2));
   EXPECT_TRUE(host_.boxes.empty());
@@ -162,6 +163,20 @@ TEST_F(LinkStartFailure, FileNotFoundWithRecordsLoadedMeansANewBoard) {
   EXPECT_THROW(StartOn(host), ProgramEnds);
   ASSERT_EQ(host.boxes.size(), 1U);
   EXPECT_EQ(host.boxes[0].text, "New Board\nOld Program");
+  EXPECT_EQ(host.boxes[0].title, "ERROR 53");
+}
+
+// A host that fails before any index file is read.
+class EarlyFailingHost : public VirtualHost {
+ public:
+  void WaitBlocking(milliseconds /*time*/) override { throw RunTimeError(53, "failed"); }
+};
+
+TEST_F(LinkStartFailure, FileNotFoundWithoutRecordsAsksForAReinstall) {
+  EarlyFailingHost host;
+  EXPECT_THROW(StartOn(host), ProgramEnds);
+  ASSERT_EQ(host.boxes.size(), 1U);
+  EXPECT_EQ(host.boxes[0].text, "Reinstall Program");
   EXPECT_EQ(host.boxes[0].title, "ERROR 53");
 }
 

@@ -137,6 +137,13 @@ TEST_F(Notification, AFormThatMovesTheNodeMovesTheScan) {
   EXPECT_EQ(ScanCursor, 5);
 }
 
+TEST_F(Notification, OfSeveralFormsThatMoveTheNodeTheLastMovesTheScan) {
+  a_.act = [] { NodeIndex = 3; };
+  b_.act = [] { NodeIndex = 2; };
+  NotifyForms(5, {7});
+  EXPECT_EQ(NodeIndex, 2);
+}
+
 TEST_F(Notification, TheTableIsUpToDateBeforeAnyFormIsTold) {
   Records(0, 10);
   Board().Set(0, 4, 57);

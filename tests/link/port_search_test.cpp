@@ -63,6 +63,7 @@ TEST_F(PortSearch, GoesOnFromTheSavedPortUpward) {
   LinkOpenPort(0);
   EXPECT_EQ(host_.opened, (Ports{2, 3, 4}));
   EXPECT_EQ(PortNumber, 4);
+  EXPECT_EQ(host_.default_port_writes, 0);
   EXPECT_EQ(host_.ticked, (std::set<int>{4}));
 }
 

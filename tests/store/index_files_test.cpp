@@ -181,13 +181,15 @@ TEST_F(IndexFiles, FullFileOf32767RecordsFills) {
   EXPECT_EQ(ParamTable[0][32767].AddrHi, 0x7F);
 }
 
-TEST_F(IndexFiles, FullFileOf32768RecordsIsRefusedBeforeAnythingIsStored) {
+TEST_F(IndexFiles, FullFileOfMoreThan32767RecordsIsRefusedBeforeAnythingIsStored) {
   NodeRecordCount[0] = 18;
-  folder_.Write("W0256AO01.inx", FullIndexBytes(32768));
-  EXPECT_EQ(FailureOf(LoadFullIndex, "W0256AO01.inx", 0), 6);
-  EXPECT_EQ(what_, "W0256AO01.inx is damaged: it holds more than 32767 records");
-  EXPECT_EQ(ParamTable[0][1].AddrLo, 0);
-  EXPECT_EQ(NodeRecordCount[0], 18);
+  for (const int count : {32768, 33001, 65536 + 5}) {
+    folder_.Write("W0256AO01.inx", FullIndexBytes(count));
+    EXPECT_EQ(FailureOf(LoadFullIndex, "W0256AO01.inx", 0), 6) << count;
+    EXPECT_EQ(what_, "W0256AO01.inx is damaged: it holds more than 32767 records");
+    EXPECT_EQ(ParamTable[0][1].AddrLo, 0);
+    EXPECT_EQ(NodeRecordCount[0], 18);
+  }
 }
 
 TEST_F(IndexFiles, AMissingFileIsNotFound) {
