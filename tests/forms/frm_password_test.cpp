@@ -198,6 +198,15 @@ TEST_F(FrmPasswordTest, ABoxIsNotLeftForItsMenuNorForAnotherProgram) {
   EXPECT_EQ(BoxText("Text1(0)"), "12");
 }
 
+TEST_F(FrmPasswordTest, ABoxThatIsLeftDuringAnArrivalConfirmsNothing) {
+  Put("Text1(0)", "12");
+  QObject::connect(&Find<QLineEdit>("Text1(0)"), &QLineEdit::textChanged, [this] { Focus("Text1(1)"); });
+  Arrive(0, 1, 777);
+  EXPECT_TRUE(Find("Text1(1)").hasFocus());
+  EXPECT_EQ(BoxText("Text1(0)"), "777");
+  EXPECT_EQ(Written(), std::vector<Write>{});
+}
+
 TEST_F(FrmPasswordTest, ClosingTheFormConfirmsNothing) {
   Put("Text1(0)", "12");
   Close();
