@@ -2,6 +2,7 @@
 #include "controls/entry_box.h"
 
 #include <QFocusEvent>
+#include <algorithm>
 
 namespace dosmara {
 
@@ -12,6 +13,12 @@ EntryBox::EntryBox(QWidget* parent, QString* saved_text)
     emit Confirmed(text());
     selectAll();
   });
+  connect(this, &QLineEdit::textEdited, this, [this] { setMaxLength(length_); });
+}
+
+void EntryBox::SetLength(int length) {
+  length_ = length;
+  setMaxLength(length);
 }
 
 void EntryBox::ShowText(const QString& text) {
@@ -23,6 +30,7 @@ void EntryBox::Restore() { Put(*saved_text_); }
 
 // In a box that has the focus the next key replaces the text that has been put there.
 void EntryBox::Put(const QString& text) {
+  setMaxLength(std::max(length_, static_cast<int>(text.size())));
   setText(text);
   if (hasFocus()) {
     selectAll();
@@ -35,6 +43,7 @@ void EntryBox::focusInEvent(QFocusEvent* event) {
     *saved_text_ = text();
     setPlaceholderText(text());
     clear();
+    setMaxLength(length_);
   }
   QLineEdit::focusInEvent(event);
 }

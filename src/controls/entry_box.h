@@ -17,6 +17,9 @@ class EntryBox : public QLineEdit {
   // of the box's own. It must outlive the box.
   explicit EntryBox(QWidget* parent, QString* saved_text = nullptr);
 
+  // Sets how many characters can be typed. A text that is put into the box may be longer.
+  void SetLength(int length);
+
   // Shows a text that has come from the machine; it is also the text to come back to.
   void ShowText(const QString& text);
 
@@ -35,6 +38,7 @@ class EntryBox : public QLineEdit {
   void focusOutEvent(QFocusEvent* event) override;
 
  private:
+  int length_ = 0;
   QString own_saved_text_;
   QString* saved_text_;
 };

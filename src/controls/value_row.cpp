@@ -25,7 +25,7 @@ ValueRow::ValueRow(QWidget* parent, ValueRowSetup setup)
   const int width = kValueDigits * box_->fontMetrics().horizontalAdvance('0');
   value_->setFixedWidth(width);
   box_->setFixedWidth(width);
-  box_->setMaxLength(setup_.length);
+  box_->SetLength(setup_.length);
   bar_->SetSpan(setup_.min, setup_.max, setup_.large_change);
   connect(box_, &EntryBox::Confirmed, this, &ValueRow::Confirm);
   SetOpen(false);

@@ -77,6 +77,21 @@ TEST_F(ValueRowTest, FocusEmptiesTheBoxAndKeepsTheOldValueInSight) {
   EXPECT_EQ(Box().placeholderText(), "3");
 }
 
+TEST_F(ValueRowTest, TheLengthOfABoxHoldsForWhatIsTypedAlone) {
+  Make();
+  Arrive(0, 12345);
+  EXPECT_EQ(Box().text(), "12345");
+  Box().setFocus();
+  QTest::keyClicks(&Box(), "98765");
+  EXPECT_EQ(Box().text(), "987");
+  Arrive(0, 23456);
+  EXPECT_EQ(Box().text(), "23456");
+  QTest::keyClicks(&Box(), "98765");
+  EXPECT_EQ(Box().text(), "987");
+  rows_[1]->bar().setFocus();
+  EXPECT_EQ(Box().text(), "23456");
+}
+
 TEST_F(ValueRowTest, LeavingBringsTheTextBack) {
   Make();
   Box().setFocus();
