@@ -6,6 +6,13 @@
 
 namespace dosmara {
 
+namespace {
+
+// Of a row in its grid; it takes what width there is.
+constexpr int kBarColumn = 2;
+
+}  // namespace
+
 QString Indexed(const char* name, int index) {
   return index == kNoArray ? QString(name) : QStringLiteral("%1(%2)").arg(name).arg(index);
 }
@@ -48,6 +55,7 @@ void FieldRows::SetShift(int shift) {
 }
 
 void FieldRows::PlaceIn(QGridLayout& grid, int first, int last, int line) {
+  grid.setColumnStretch(kBarColumn, 1);
   for (int n = first; n <= last; ++n) {
     rows_[n].view->PlaceIn(grid, line++, 0);
   }

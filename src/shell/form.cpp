@@ -36,10 +36,15 @@ QMdiSubWindow* FitFrame(Form& form) {
   if (frame == nullptr) {
     return nullptr;
   }
-  // Controls that have not been on the screen yet do not tell their layouts of new captions.
-  for (QLayout* layout : form.findChildren<QLayout*>()) {
-    layout->invalidate();
-    layout->activate();
+  // Controls that have not been on the screen yet do not tell their layouts of new captions, and pages behind
+  // another one never do. Children come behind their parents in the list.
+  const QList<QWidget*> widgets = form.findChildren<QWidget*>();
+  for (auto widget = widgets.rbegin(); widget != widgets.rend(); ++widget) {
+    (*widget)->updateGeometry();
+    if (QLayout* layout = (*widget)->layout(); layout != nullptr) {
+      layout->invalidate();
+      layout->activate();
+    }
   }
   form.updateGeometry();
   frame->resize(frame->sizeHint().boundedTo(frame->parentWidget()->size()));

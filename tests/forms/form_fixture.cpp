@@ -26,6 +26,8 @@ void PrintTo(const Subscription& subscription, std::ostream* out) {
        << subscription.subscribers;
 }
 
+std::string Element(const char* name, int n) { return std::string(name) + "(" + std::to_string(n) + ")"; }
+
 FormFixture::FormFixture() : window_(std::make_unique<QMainWindow>()), area_(new QMdiArea) {
   std::memset(ParamTable, 0, sizeof ParamTable);
   for (int node = 0; node < kNodeCount; ++node) {
@@ -125,6 +127,20 @@ void FormFixture::PressEnter() { QTest::keyClick(QApplication::focusWidget(), Qt
 void FormFixture::Enter(const std::string& box, const std::string& text) {
   Type(box, text);
   PressEnter();
+}
+
+void FormFixture::EnterAndLeave(const std::string& box, const std::string& text, const std::string& leave) {
+  Enter(box, text);
+  Focus(leave);
+}
+
+std::vector<std::string> FormFixture::TabThrough(int count) {
+  std::vector<std::string> names;
+  while (count-- > 0) {
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
+    names.push_back(QApplication::focusWidget()->objectName().toStdString());
+  }
+  return names;
 }
 
 void FormFixture::Click(const std::string& name) { QTest::mouseClick(&Find(name), Qt::LeftButton); }

@@ -38,6 +38,9 @@ struct Subscription {
 };
 void PrintTo(const Subscription& subscription, std::ostream* out);
 
+// "lblVal(3)", the objectName of an element of a control array.
+std::string Element(const char* name, int n);
+
 // Four boards of `kRecords` two-byte records each, all present, a model with everything, and captions that
 // tell their line: "#58".
 class FormFixture : public testing::Test {
@@ -86,6 +89,10 @@ class FormFixture : public testing::Test {
   // Types into a box and confirms.
   void Enter(const std::string& box, const std::string& text);
   void Click(const std::string& name);
+  // Types into a box, confirms and leaves for the control `leave`.
+  void EnterAndLeave(const std::string& box, const std::string& text, const std::string& leave);
+  // The names of what has the focus after each of `count` presses of Tab.
+  std::vector<std::string> TabThrough(int count);
 
   // The time of a running timer is up.
   void Fire(const std::string& timer);

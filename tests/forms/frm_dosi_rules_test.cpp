@@ -15,8 +15,6 @@ namespace {
 constexpr int kRowRecords[] = {148, 170, 280, 368, 302, 390, 192, 324, 412, 214, 346, 236, 434, 563};
 constexpr int kBitRecords[] = {34, 35, 36, 38, 39, 40, 42, 43, 44, 589, 590, 591};
 
-std::string Element(const char* name, int n) { return std::string(name) + "(" + std::to_string(n) + ")"; }
-
 class FrmDosiTest : public FormFixture {
  protected:
   void Open() { FormFixture::Open("FrmDosi"); }

@@ -24,8 +24,6 @@ constexpr DoseRow kDoses[] = {
     {9, 214, 999, 3, 77, true},   {10, 346, 255, 4, 78, false}, {11, 236, 999, 3, 79, true},
     {12, 434, 100, 4, 80, false}, {13, 563, 255, 4, 81, false}};
 
-std::string Element(const char* name, int n) { return std::string(name) + "(" + std::to_string(n) + ")"; }
-
 // The form with every row open.
 class FrmDosiTable : public FormFixture {
  protected:
