@@ -16,7 +16,7 @@ BoardsForm::BoardsForm(const QString& name, int load_threshold, std::span<const 
     frame->setObjectName(board.name);
     frame->setEnabled(false);
     groups_.push_back({board, frame, gate});
-    groups_.back().gate.record = board.gate;
+    groups_.back().gate.record = GateRecord(board.node);
   }
 }
 

@@ -16,14 +16,13 @@ struct BoardFrame {
   const char* name = nullptr;  // objectName
   int line = 0;                // title, line of the language file
   int node = 0;                // the board: the frame opens and closes with the rows of this node
-  int gate = 0;                // record by which it does so
 };
 
 // A form with a frame for each board. A frame is grey until the form has loaded and then follows its board's
 // gate, whatever the others do.
 class BoardsForm : public DataForm {
  public:
-  // `boards` outlives the form. Each board's gate is a `gate` on its own record.
+  // `boards` outlives the form. Each board's gate is a `gate` on the record that stands for its node.
   BoardsForm(const QString& name, int load_threshold, std::span<const BoardFrame> boards, const Gate& gate);
 
   // Subscribes the rows and the gates, sets the captions, places the form.

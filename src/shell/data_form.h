@@ -15,6 +15,12 @@ namespace dosmara {
 // Bit of a gate record: the board that it stands for is present and in use.
 inline constexpr int kInUse = 4;
 
+// The record of node 0 that stands for the board of node 1, 2 or 3.
+constexpr int GateRecord(int node) {
+  constexpr int kRecords[] = {312, 313, 357};
+  return kRecords[node - 1];
+}
+
 // A record of node 0 by which the machine opens and closes a group of controls.
 struct Gate {
   // What an arrival does while the form is loading: it is stored, it is not even looked at, or it is stored

@@ -3,6 +3,8 @@
 
 #include <QMdiSubWindow>
 #include <QPointer>
+#include <QTabWidget>
+#include <QVBoxLayout>
 
 #include "forms/form_fixture.h"
 
@@ -67,6 +69,31 @@ TEST_F(FormTest, TakesTheSizeOfItsContentsAndItsPlaceInTheWindow) {
   const QWidget& frame = *form().parentWidget();
   EXPECT_EQ(form().size(), QSize(300, 200));
   EXPECT_EQ(frame.pos(), FormCentrePosition({1366, 700}, frame.size()));
+}
+
+TEST_F(FormTest, TakesTheSizeOfAPageBehindAnotherOne) {
+  class Pages : public Form {
+   public:
+    Pages() : Form("Pages"), label_(new QLabel) {
+      auto* tabs = new QTabWidget;
+      tabs->addTab(new QWidget, "front");
+      auto* page = new QWidget;
+      (new QVBoxLayout(page))->addWidget(label_);
+      tabs->addTab(page, "back");
+      (new QVBoxLayout(this))->addWidget(tabs);
+      sizeHint();
+    }
+    void Load() override {
+      label_->setFixedSize(500, 400);
+      FormCentre(*this);
+    }
+
+   private:
+    QLabel* label_;
+  };
+  Open(new Pages);
+  EXPECT_GT(form().width(), 500);
+  EXPECT_GT(form().height(), 400);
 }
 
 TEST(FormCentre, LiesLeftOfAndAboveTheMiddle) {
