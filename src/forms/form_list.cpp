@@ -3,6 +3,8 @@
 
 #include "forms/beverage/frm_azione.h"
 #include "forms/beverage/frm_dosi.h"
+#include "forms/beverage/frm_temperatura.h"
+#include "forms/beverage/frm_tempi.h"
 #include "shell/frm_info.h"
 #include "shell/frm_password.h"
 
@@ -15,6 +17,8 @@ constexpr FormEntry kForms[] = {
     {"FrmDosi", CreateForm<FrmDosi>},
     {"FrmInfo", CreateForm<FrmInfo>},
     {"FrmPassword", CreateForm<FrmPassword>},
+    {"FrmTemperatura", CreateForm<FrmTemperatura>},
+    {"FrmTempi", CreateForm<FrmTempi>},
 };
 
 }  // namespace

@@ -1,0 +1,24 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// Temperatures: the boiler, and the cooled tanks of the two Zeth units.
+#pragma once
+
+#include "shell/boards_form.h"
+
+namespace dosmara {
+
+// The boiler's set point, and of each tank the temperature, its hysteresis, safety and defrosting. The boards
+// lie side by side.
+class FrmTemperatura : public BoardsForm {
+ public:
+  FrmTemperatura();
+
+  void InitMessaggi() override;
+  void Unload() override;
+
+ private:
+  FieldRows& boiler_;
+  FieldRows& tank2_;  // of node 2
+  FieldRows& tank3_;  // of node 3
+};
+
+}  // namespace dosmara

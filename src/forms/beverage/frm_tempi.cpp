@@ -1,0 +1,193 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "forms/beverage/frm_tempi.h"
+
+#include <QTabBar>
+#include <QVBoxLayout>
+#include <array>
+
+#include "link/identification.h"
+#include "shell/caption_table.h"
+
+namespace dosmara {
+
+namespace {
+
+constexpr int kLoadThreshold = 20;
+
+constexpr BoardFrame kBoards[] = {
+    {.name = "Frame1", .line = 47, .node = 1},
+    {.name = "Frame2", .line = 54, .node = 2},
+    {.name = "Frame3", .line = 56, .node = 3},
+};
+
+// Shown in tenths and typed with a tenth.
+constexpr FieldRow Tenths(FieldRow row) {
+  row.show = BindScrollTenths;
+  row.parse = ParseTenths;
+  return row;
+}
+
+// Shown as a whole number but typed like tenths: "12" is 120.
+constexpr FieldRow WholeTypedInTenths(FieldRow row) {
+  row.show = BindScrollText;
+  row.parse = ParseTenths;
+  return row;
+}
+
+// The rows of no drawer. Rows 8 and 9 carry each other's entry limit; the bars keep their values in bounds.
+constexpr FieldRow kTimes[] = {
+    Tenths({.line = 48, .node = 1, .record = 31, .mirror = 509, .max = 100, .limit = 100, .length = 4}),
+    Tenths({.line = 49, .node = 1, .record = 25, .mirror = 503, .max = 100, .limit = 100, .length = 4}),
+    Tenths({.line = 50, .node = 1, .record = 26, .mirror = 504, .max = 100, .limit = 100, .length = 4}),
+    Tenths({.line = 51, .node = 1, .record = 30, .mirror = 508, .max = 255, .limit = 255, .length = 4}),
+    WholeRow({.line = 52, .node = 1, .record = 32, .mirror = 510, .max = 90, .length = 2}),
+    Tenths({.line = 55, .node = 2, .record = 58, .mirror = 273, .max = 250, .limit = 250, .length = 4}),
+    WholeRow({.line = 53, .node = 1, .record = 561, .mirror = 562, .min = 5, .max = 60, .length = 2}),
+    Tenths({.line = 55, .node = 3, .record = 58, .mirror = 273, .max = 250, .limit = 250, .length = 4}),
+    Tenths({.line = 622,
+            .node = 1,
+            .record = 587,
+            .mirror = 588,
+            .min = 29,
+            .max = 230,
+            .limit = 255,
+            .length = 4}),
+    WholeTypedInTenths(
+        {.line = 623, .node = 1, .record = 585, .mirror = 586, .max = 255, .limit = 230, .length = 3}),
+};
+constexpr int kFillTimeout = 6;
+constexpr int kHotDrinksRows[] = {0, 1, 2, 3, 4, kFillTimeout, 8, 9};
+// The row of no drawer on the tab of each Zeth unit.
+constexpr int kMotorTimeouts[] = {5, 7};
+
+constexpr int kModelWithoutFillTimeout = 20;
+
+constexpr int kZethUnits = 2;
+constexpr int kDrawers = 8;
+
+// Rows of one Zeth unit: the drawers' times, their attempts, and the two of the sensor.
+constexpr int kFirstAttempts = kDrawers;
+constexpr int kFirstSensorRow = 2 * kDrawers;
+constexpr int kDrawerRows = kFirstSensorRow + 2;
+
+constexpr std::array<FieldRow, kDrawerRows> DrawerRows(int node, int attempts_length) {
+  std::array<FieldRow, kDrawerRows> rows{};
+  for (int k = 0; k < kDrawers; ++k) {
+    rows[k] = Tenths({.line = 618, .number = k + 1, .max = 10, .large_change = 10, .limit = 10, .length = 3});
+    rows[kFirstAttempts + k] = WholeTypedInTenths(
+        {.line = 619, .number = k + 1, .min = 1, .max = 3, .limit = 3, .length = attempts_length});
+  }
+  rows[kFirstSensorRow] =
+      Tenths({.line = 620, .min = 10, .max = 30, .large_change = 10, .limit = 30, .length = 3});
+  rows[kFirstSensorRow + 1] = WholeTypedInTenths(
+      {.line = 621, .min = 120, .max = 240, .large_change = 10, .limit = 240, .length = 3});
+  for (int n = 0; n < kDrawerRows; ++n) {
+    rows[n].node = node;
+    rows[n].record = 292 + n;
+    rows[n].mirror = 310 + n;
+  }
+  return rows;
+}
+
+// On the first unit's tab the box of the attempts is too short for a separator: only the bar changes them.
+constexpr std::array<FieldRow, kDrawerRows> kDrawersOfUnit[kZethUnits] = {DrawerRows(2, 1), DrawerRows(3, 3)};
+
+constexpr RowStyle kDrawerStyles[kZethUnits] = {
+    {.caption = "Label10",
+     .value = "Label3",
+     .box = "txtzeth1",
+     .bar = "HScroll3",
+     .first = 1,
+     .closed_box_stays = true},
+    {.caption = "Label11",
+     .value = "Label4",
+     .box = "txtzeth2",
+     .bar = "HScroll4",
+     .first = 1,
+     .closed_box_stays = true},
+};
+
+// A frame without a title around some of the drawer rows.
+QFrame* RowFrame(FieldRows& rows, int first, int last, const char* name, int index) {
+  auto* frame = new QFrame;
+  frame->setObjectName(Indexed(name, index));
+  frame->setFrameShape(QFrame::StyledPanel);
+  auto* grid = new QGridLayout(frame);
+  rows.PlaceIn(*grid, first, last);
+  return frame;
+}
+
+}  // namespace
+
+FrmTempi::FrmTempi()
+    : BoardsForm("FrmTempi", kLoadThreshold, kBoards, {.mask = kInUse, .presence = 0}),
+      tabs_(new QTabWidget(Body())),
+      times_(NewRows({.caption = "Label2", .value = "Label1", .box = "txtTempi", .bar = "HScroll1"}, kTimes,
+                     &SavedText)) {
+  tabs_->setObjectName("SSTab1");
+  LayOutHotDrinks();
+  for (int unit = 0; unit < kZethUnits; ++unit) {
+    drawers_[unit] = &NewRows(kDrawerStyles[unit], kDrawersOfUnit[unit], &SavedText);
+    LayOutZeth(unit);
+  }
+  auto* layout = new QVBoxLayout(Body());
+  layout->addWidget(tabs_);
+}
+
+// Puts the frame of a board on a tab of its own.
+void FrmTempi::AddTab(std::size_t board) {
+  auto* page = new QWidget;
+  auto* layout = new QVBoxLayout(page);
+  layout->addWidget(Frame(board));
+  layout->addStretch();
+  tabs_->addTab(page, QString());
+}
+
+void FrmTempi::LayOutHotDrinks() {
+  auto* grid = new QGridLayout(Frame(0));
+  int line = 0;
+  for (const int n : kHotDrinksRows) {
+    times_.PlaceIn(*grid, n, n, line++);
+  }
+  AddTab(0);
+}
+
+// The times of the drawers beside their attempts.
+void FrmTempi::LayOutZeth(int unit) {
+  FieldRows& rows = *drawers_[unit];
+  auto* layout = new QGridLayout(Frame(1 + unit));
+  auto* single = new QGridLayout;
+  times_.PlaceIn(*single, kMotorTimeouts[unit], kMotorTimeouts[unit]);
+  layout->addLayout(single, 0, 0);
+  layout->addWidget(RowFrame(rows, 0, kFirstAttempts - 1, "Frame13", unit), 1, 0);
+  layout->addWidget(RowFrame(rows, kFirstAttempts, kFirstSensorRow - 1, "Frame50", unit), 1, 1);
+  layout->addWidget(RowFrame(rows, kFirstSensorRow, kDrawerRows - 1, "Frame51", unit), 2, 0);
+  AddTab(1 + unit);
+}
+
+void FrmTempi::Load() {
+  if (ModelCode == kModelWithoutFillTimeout) {
+    times_[kFillTimeout].Withdraw();
+  }
+  BoardsForm::Load();
+}
+
+void FrmTempi::InitMessaggi() {
+  BoardsForm::InitMessaggi();
+  setWindowTitle(Caption(4));
+  tabs_->setAccessibleName(Caption(4));
+  tabs_->tabBar()->setAccessibleName(Caption(4));
+  for (int i = 0; i < tabs_->count(); ++i) {
+    tabs_->setTabText(i, Caption(kBoards[i].line));
+  }
+}
+
+void FrmTempi::Unload() {
+  BoardsForm::Unload();
+  times_.UnsubscribeMirrors();
+  for (const FieldRows* drawers : drawers_) {
+    drawers->UnsubscribeMirrors();
+  }
+}
+
+}  // namespace dosmara

@@ -1,0 +1,31 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// Times: time-outs and timings of the three boards that belong to no selection.
+#pragma once
+
+#include <QTabWidget>
+
+#include "shell/boards_form.h"
+
+namespace dosmara {
+
+// A tab for each board: the hot drinks unit, and the two Zeth units with a time and a number of attempts for
+// each of their eight drawers.
+class FrmTempi : public BoardsForm {
+ public:
+  FrmTempi();
+
+  void Load() override;
+  void InitMessaggi() override;
+  void Unload() override;
+
+ private:
+  void AddTab(std::size_t board);
+  void LayOutHotDrinks();
+  void LayOutZeth(int unit);
+
+  QTabWidget* tabs_;  // SSTab1
+  FieldRows& times_;
+  FieldRows* drawers_[2];  // by Zeth unit
+};
+
+}  // namespace dosmara
