@@ -15,8 +15,6 @@ struct Count {
 constexpr Count kCounts[] = {{0, 230, 553, 557}, {1, 231, 554, 558}, {2, 232, 555, 559}, {3, 233, 556, 560},
                              {4, 234, 48, 526},  {5, 235, 49, 527},  {6, 236, 50, 528}};
 
-std::string Element(const char* name, int n) { return std::string(name) + "(" + std::to_string(n) + ")"; }
-
 class FrmAzioneTest : public FormFixture {
  protected:
   FrmAzioneTest() { Open("FrmAzione"); }
