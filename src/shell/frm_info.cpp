@@ -60,6 +60,7 @@ FrmInfo::FrmInfo() : Form("FrmInfo") {
 
 void FrmInfo::Load() {
   setWindowTitle("Info");
+  // The window is its own reference: the sizes cancel out but for a part of the height.
   if (QMdiSubWindow* frame = FitFrame(*this)) {
     CenterForm1(*frame, *frame);
   }
