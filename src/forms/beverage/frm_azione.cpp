@@ -13,7 +13,6 @@ namespace {
 constexpr int kLoadThreshold = 7;
 constexpr int kMainBoard = 0;
 constexpr int kHotDrinks = 1;
-constexpr int kGateRecord = 312;
 
 // A bar spans the signed 16-bit numbers, a count the unsigned ones: the bar holds the count less this.
 constexpr int kShift = 32768;
@@ -56,7 +55,7 @@ constexpr FieldRow kRows[] = {
 
 FrmAzione::FrmAzione()
     : DataForm("FrmAzione", kLoadThreshold),
-      Presenza1{.record = kGateRecord, .while_loading = Gate::WhileLoading::kCountsChanges},
+      Presenza1{.record = GateRecord(kHotDrinks), .while_loading = Gate::WhileLoading::kCountsChanges},
       rows_(Body(), {.caption = "Label6", .value = "Label10", .box = "Text1", .bar = "HScroll1"}, kRows,
             InArrival) {
   auto* grid = new QGridLayout(Body());
@@ -77,14 +76,14 @@ void FrmAzione::Load() {
 }
 
 void FrmAzione::Unload() {
-  Unsubscribe({kMainBoard, kGateRecord});
+  Unsubscribe({kMainBoard, GateRecord(kHotDrinks)});
   rows_.Unsubscribe();
   // Released though never subscribed.
   rows_.UnsubscribeMirrors();
 }
 
 void FrmAzione::InitDati() {
-  Subscribe({kMainBoard, kGateRecord});
+  Subscribe({kMainBoard, GateRecord(kHotDrinks)});
   rows_.Subscribe();
   Listen(Presenza1, [this] { FollowGate(); });
   Listen(rows_);
