@@ -105,14 +105,15 @@ void RefuseForeignMainBoard(const BoardIdentity& board) {
   if (!text.empty()) TellAndEnd(text, "ERROR");
 }
 
+using IndexLoad = void(const std::filesystem::path& folder, const std::string& name, int node);
+
 // Runs one of the two loads; tells the operator of a file that is missing.
-template <typename Load>
-void LoadOrEnd(Load load, const std::filesystem::path& folder, const std::string& name, int node) {
+void LoadOrEnd(IndexLoad load, const std::filesystem::path& folder, const std::string& name, int node) {
   try {
     load(folder, name, node);
   } catch (const RunTimeError& error) {
     if (error.number() != kErrorFileNotFound) throw;
-    TellAndEnd(name + " not found !", "ERROR");
+    TellAndEnd(error.what(), "ERROR");
   }
 }
 

@@ -18,8 +18,7 @@ class IndexFiles : public ::testing::Test {
  protected:
   IndexFiles() { ResetCore(); }
   // Number of the failure of a load, 0 when it succeeds; `what` takes its sentence.
-  template <typename Load>
-  int FailureOf(Load load, const std::string& name, int node) {
+  int FailureOf(decltype(LoadFullIndex) load, const std::string& name, int node) {
     try {
       load(folder_.path(), name, node);
       return 0;

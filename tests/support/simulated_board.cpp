@@ -77,7 +77,6 @@ Bytes SimulatedBoard::Answer(const Bytes& frame) {
 }
 
 void SimulatedBoard::Receive(const Bytes& frame, VirtualHost& line) {
-  ++requests;
   const Bytes reply = Answer(frame);
   if (!reply.empty()) line.Send(reply, latency);
 }

@@ -35,7 +35,6 @@ class SimulatedBoard : public LineBoard {
   microseconds latency{2000};
   // Nodes that do not answer.
   std::set<int> absent;
-  int requests = 0;
 
   // Holds `value`, any number of bytes, least significant first. A record that was never set is zero.
   void Set(int node, int address, std::uint64_t value) { values_[{node, address}] = value; }
