@@ -358,6 +358,18 @@ TEST_F(LinkExchange, AfterTheLastRecordButOneTheScanGoesToTheNextNode) {
   EXPECT_EQ(NodeIndex, 1);
 }
 
+TEST_F(LinkExchange, AttachingBeginsWithoutABadReply) {
+  RetryCount = 4;
+  IdentTimedOut = true;
+  LinkIdle = false;
+  ScanCursor = 7;
+  LinkAttach(host_);
+  EXPECT_EQ(RetryCount, 0);
+  EXPECT_FALSE(IdentTimedOut);
+  EXPECT_TRUE(LinkIdle);
+  EXPECT_EQ(ScanCursor, 0);
+}
+
 TEST_F(LinkExchange, AReplyClearsTheStatusText) {
   AskFor({});
   Ticks(2);

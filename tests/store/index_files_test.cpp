@@ -125,7 +125,7 @@ TEST_F(IndexFiles, SmallFileWithTooFewOrTooManyRecordsIsRefused) {
 }
 
 TEST_F(IndexFiles, FullFileFillsTheTableFromIndexOne) {
-  folder_.Write("W0256AO01.inx", {1, 2, 3, 4, 5, 6, 7, 8, 9, 11, 12, 13, 14, 15, 16, 17, 18, 19});
+  folder_.Write("W0256AO01.inx", {1, 2, 3, 4, 5, 6, 7, 8, 9, 11, 12, 13, 148, 15, 16, 17, 18, 19});
   ParamRec& second = ParamTable[0][2];
   second.Subscribers = 3;
   second.Flags = 255;
@@ -136,7 +136,7 @@ TEST_F(IndexFiles, FullFileFillsTheTableFromIndexOne) {
   EXPECT_EQ(second.AddrLo, 11);
   EXPECT_EQ(second.AddrHi, 12);
   EXPECT_EQ(second.Control, 13);
-  EXPECT_EQ(second.Period, 14);
+  EXPECT_EQ(second.Period, 148);  // a countdown in the file is kept
   EXPECT_EQ(second.Subscribers, 0);
   EXPECT_EQ(second.Flags, 0);
   EXPECT_EQ(second.Bank, 15);

@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <vector>
 
 #include "support/link_fixture.h"
 
@@ -14,6 +15,9 @@ class ParameterTable : public ::testing::Test {
  protected:
   ParameterTable() { ResetCore(); }
   static ParamRec& At(int index) { return ParamTable[1][index]; }
+  static std::vector<int> ValueBytes(int index) {
+    return {std::begin(At(index).Value), std::end(At(index).Value)};
+  }
   // Subscribes to a record of node 1.
   static void Subscribe(int index) {
     NodeIndex = 1;
@@ -102,20 +106,14 @@ TEST_F(ParameterTable, AnUnmatchedUnsubscribeIsHarmless) {
 TEST_F(ParameterTable, PuttingStoresFourBytesLeastSignificantFirst) {
   At(30).Control = 1;
   Put(30, 1000);
-  EXPECT_EQ(At(30).Value[0], 232);
-  EXPECT_EQ(At(30).Value[1], 3);
-  EXPECT_EQ(At(30).Value[2], 0);
-  EXPECT_EQ(At(30).Value[3], 0);
+  EXPECT_EQ(ValueBytes(30), (std::vector<int>{232, 3, 0, 0}));
   EXPECT_EQ(ParamGet(30, 1), 1000);
 }
 
 TEST_F(ParameterTable, PuttingTakesTheLargestValue) {
   At(30).Control = 3;
   Put(30, 2147483647);
-  EXPECT_EQ(At(30).Value[0], 255);
-  EXPECT_EQ(At(30).Value[1], 255);
-  EXPECT_EQ(At(30).Value[2], 255);
-  EXPECT_EQ(At(30).Value[3], 127);
+  EXPECT_EQ(ValueBytes(30), (std::vector<int>{255, 255, 255, 127}));
   EXPECT_EQ(ParamGet(30, 1), 2147483647);
 }
 
