@@ -82,5 +82,44 @@ TEST_F(AuditTest, AnAbsentBoardKeepsItsCounters) {
   ExpectCleared(3, 71, 214);
 }
 
+TEST_F(MachineTest, ATestDrinkCountsAtItsEndAndAtItsSelection) {
+  Set(1, 148 + 21, 40);
+  for (const std::uint8_t command : {2, 3, 4}) {
+    machine_.Write(0, 315, 22);
+    machine_.Write(0, 314, command);
+    Pass(1s);
+    EXPECT_EQ(Get(0, 126), command - 2u);
+    Pass(1s);
+    EXPECT_EQ(Get(0, 126), command - 1u);
+    EXPECT_EQ(Get(1, 147), command - 1u);
+  }
+  EXPECT_EQ(Get(0, 123), 0u);
+  EXPECT_EQ(Get(1, 81), 0u);
+}
+
+TEST_F(MachineTest, ATestProductCountsAtItsPosition) {
+  const std::pair<std::uint8_t, int> units[] = {{86, 2}, {87, 3}};
+  for (const auto& [letter, node] : units) {
+    machine_.Write(0, 358, letter);
+    machine_.Write(0, 316, 96);
+    machine_.Write(0, 315, 46);
+    machine_.Write(0, 314, 2);
+    Pass(3s);
+    EXPECT_EQ(Get(node, 214), 1u);
+  }
+  EXPECT_EQ(Get(0, 126), 2u);
+}
+
+TEST_F(MachineTest, ATestOfOnePartIsNoVend) {
+  Set(1, 280, 5);
+  machine_.Write(0, 316, 66);
+  machine_.Write(0, 314, 7);
+  Pass(500ms);
+  EXPECT_EQ(Get(0, 317) & 2, 2u);
+  Pass(1s);
+  EXPECT_EQ(Get(0, 126), 0u);
+  EXPECT_EQ(Get(1, 126), 0u);
+}
+
 }  // namespace
 }  // namespace machine

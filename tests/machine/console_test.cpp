@@ -1,36 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "machine/console.h"
 
-#include "machine_fixture.h"
+#include "console_fixture.h"
 
 namespace machine {
 namespace {
-
-class FakePlug : public Plug {
- public:
-  std::string Unplug() override {
-    plugged_ = false;
-    return {};
-  }
-  std::string Replug() override {
-    if (failure_.empty()) plugged_ = true;
-    return failure_;
-  }
-  bool plugged() const override { return plugged_; }
-  void Quit() override { quit_ = true; }
-
-  bool plugged_ = true;
-  bool quit_ = false;
-  std::string failure_;
-};
-
-class ConsoleTest : public MachineTest {
- protected:
-  std::string Run(std::string_view line) { return console_.Execute(line); }
-
-  FakePlug plug_;
-  Console console_{machine_, plug_};
-};
 
 TEST_F(ConsoleTest, GetPrintsNodeRecordAndValue) {
   Set(1, 150, 1000);

@@ -14,8 +14,8 @@ namespace machine {
 using namespace std::chrono_literals;
 
 // Record n lies at bank 1, high byte n / 256, low byte n modulo 256, and is one byte long; the water counts,
-// records 148 to 257 of node 1, are two bytes long. Identification entry k lies at bank 2, low byte k. All
-// values are 0.
+// records 148 to 257 of node 1, and the raw temperatures, 287 of nodes 2 and 3, are two bytes long.
+// Identification entry k lies at bank 2, low byte k. All values are 0.
 inline Boards PlainBoards() {
   constexpr int kRecords[] = {390, 600, 380, 380};
   Boards boards;
@@ -24,7 +24,8 @@ inline Boards PlainBoards() {
       EXPECT_TRUE(boards[node].AddIdentification({.bank = 2, .low = static_cast<std::uint8_t>(entry)}));
     }
     for (int n = 1; n <= kRecords[node]; ++n) {
-      const std::uint8_t control = node == 1 && n >= 148 && n <= 257 ? 1 : 0;
+      const bool water = node == 1 && n >= 148 && n <= 257;
+      const std::uint8_t control = water || (node >= 2 && n == 287) ? 1 : 0;
       EXPECT_TRUE(boards[node].AddRecord({.bank = 1,
                                           .high = static_cast<std::uint8_t>(n / 256),
                                           .low = static_cast<std::uint8_t>(n % 256),
@@ -64,6 +65,7 @@ class MachineTest : public testing::Test {
         {128, 1, static_cast<std::uint8_t>(record / 256), static_cast<std::uint8_t>(record % 256), value}));
   }
 
+  // What a board holds to begin with; the machine does not take it for a change.
   void Set(int node, int record, std::uint32_t value) { machine_.board(node).Set(record, value); }
   std::uint32_t Get(int node, int record) { return machine_.board(node).Get(record); }
 

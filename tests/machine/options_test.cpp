@@ -36,12 +36,14 @@ TEST(Options, TakesEachByItsName) {
       Parse({"--boards", "b",   "--names",    "n",          "--link",        "l",  "--log",        "g",
              "--script", "s",   "--seed",     "4294967295", "--model",       "23", "--board-code", "17",
              "--type",   "300", "--revision", "13",         "--file-number", "2",  "--absent",     "1",
-             "--absent", "3"});
+             "--absent", "3",   "--scenario", "d",          "--speed",       "60"});
   EXPECT_EQ(options.boards, "b");
   EXPECT_EQ(options.names, "n");
   EXPECT_EQ(options.link, "l");
   EXPECT_EQ(options.log, "g");
   EXPECT_EQ(options.script, "s");
+  EXPECT_EQ(options.scenario, "d");
+  EXPECT_EQ(options.speed, 60u);
   EXPECT_EQ(options.seed, 4294967295u);
   EXPECT_EQ(options.identity.model, 23);
   EXPECT_EQ(options.identity.board_code, 17);
@@ -58,14 +60,16 @@ TEST(Options, RefusesWhatItDoesNotUnderstandInOneLine) {
   EXPECT_EQ(Refusal({"--model", "256"}), "--model takes 0 to 255, not '256'");
   EXPECT_EQ(Refusal({"--model", ""}), "--model takes 0 to 255, not ''");
   EXPECT_EQ(Refusal({"--absent", "0"}), "--absent takes 1 to 3, not '0'");
+  EXPECT_EQ(Refusal({"--speed", "0"}), "--speed takes 1 to 3600, not '0'");
   EXPECT_EQ(Refusal({"--absent", "4"}), "--absent takes 1 to 3, not '4'");
 }
 
 TEST(Options, HelpNamesEveryOption) {
   EXPECT_TRUE(Parse({"--help"}).help);
   const std::string text = UsageText();
-  for (const char* name : {"--boards", "--names", "--link", "--log", "--script", "--seed", "--model",
-                           "--board-code", "--type", "--revision", "--file-number", "--absent", "--help"}) {
+  for (const char* name :
+       {"--boards", "--names", "--link", "--log", "--script", "--seed", "--model", "--board-code", "--type",
+        "--revision", "--file-number", "--absent", "--scenario", "--speed", "--help"}) {
     EXPECT_NE(text.find(name), std::string::npos) << name;
   }
 }

@@ -144,6 +144,36 @@ TEST_F(ProgramTest, RunsAScriptFirst) {
   EXPECT_EQ(Command("get 0 312"), "ok 0 312 0");
 }
 
+TEST_F(ProgramTest, PlaysAScenarioInAFastDay) {
+  const fs::path day = folder_ / "a day";
+  std::ofstream(day) << "clock 08:00\nat 08:30 languages 8\n";
+  StartMachine({"--scenario", day.string(), "--speed", "3600"});
+  std::string reply;
+  const auto deadline = std::chrono::steady_clock::now() + 10s;
+  while (reply != "ok 0 317 12" && std::chrono::steady_clock::now() < deadline) reply = Command("get 0 317");
+  EXPECT_EQ(reply, "ok 0 317 12");
+}
+
+TEST_F(ProgramTest, RefusesABadScenarioInOneLineWithCode1) {
+  const std::string day = (folder_ / "day").string();
+  std::ofstream(day) << "at 08:00 dance\n";
+  Start({"--boards", MACHINE_BOARDS, "--scenario", day});
+  EXPECT_EQ(ReadLine(), "dosmara-machine: " + day + ":1: no command 'dance', try help");
+  EXPECT_EQ(ExitCode(), 1);
+}
+
+TEST_F(ProgramTest, HelpNamesOptionsAndCommands) {
+  Start({"--help"});
+  std::string text;
+  for (std::string line = ReadLine(); text.find("ends the program") == std::string::npos; line = ReadLine()) {
+    text += line + "\n";
+    if (text.size() > 100000) break;
+  }
+  EXPECT_NE(text.find("--scenario FILE"), std::string::npos);
+  EXPECT_NE(text.find("  vend SELECTION"), std::string::npos);
+  EXPECT_EQ(ExitCode(), 0);
+}
+
 TEST_F(ProgramTest, UnplugTakesTheLinkAwayAndReplugBringsItBack) {
   StartMachine();
   const Descriptor line(open(link().c_str(), O_RDWR | O_NOCTTY));
