@@ -19,22 +19,18 @@ namespace {
 
 constexpr std::chrono::milliseconds kTryAgainInterval(200);
 
-// Number for the message box of an open that failed. A device in use and one that the user may not open
-// give the same error; the file's permissions tell them apart.
-int OpenErrorNumber(QSerialPort::SerialPortError error, const QString& path) {
+}  // namespace
+
+int OpenErrorNumber(QSerialPort::SerialPortError error, bool permitted) {
   switch (error) {
     case QSerialPort::DeviceNotFoundError:
       return kErrorInvalidPort;
-    case QSerialPort::PermissionError: {
-      const QFileInfo device(path);
-      return device.isReadable() && device.isWritable() ? kErrorPortBusy : kErrorPermissionDenied;
-    }
+    case QSerialPort::PermissionError:
+      return permitted ? kErrorPortBusy : kErrorPermissionDenied;
     default:
       return kErrorDeviceUnavailable;
   }
 }
-
-}  // namespace
 
 FrmSer::FrmSer(Settings& settings, StatusBar& status_bar)
     : Form("FrmSer"), settings_(settings), status_bar_(status_bar) {
@@ -104,7 +100,8 @@ int FrmSer::OpenDevice() {
   }
   serial_.setPortName(path);
   if (!serial_.open(QIODevice::ReadWrite)) {
-    return OpenErrorNumber(serial_.error(), path);
+    const QFileInfo device(path);
+    return OpenErrorNumber(serial_.error(), device.isReadable() && device.isWritable());
   }
   // The system has kept what arrived while nobody listened.
   serial_.clear(QSerialPort::Input);

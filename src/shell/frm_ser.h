@@ -13,6 +13,10 @@
 
 namespace dosmara {
 
+// Number for the message box of an open that failed. A device in use and one that the user may not open give
+// the same error; `permitted`, whether the file's permissions let the user in, tells them apart.
+int OpenErrorNumber(QSerialPort::SerialPortError error, bool permitted);
+
 // What the link engine needs, over a real device. A device that vanishes while it is in use is closed at the
 // first error and opened again by its name as soon as it is back; nothing runs meanwhile but a slow timer.
 class FrmSer : public Form, public LinkHost {
