@@ -54,7 +54,9 @@ QMdiSubWindow* FitFrame(Form& form) {
 void FormCentre(Form& form) {
   if (QMdiSubWindow* frame = FitFrame(form)) {
     const QPoint place = FormCentrePosition(frame->window()->size(), frame->size());
-    frame->move(std::max(place.x(), 0), std::max(place.y(), 0));
+    const QSize room = frame->parentWidget()->size() - frame->size();
+    frame->move(std::max(0, std::min(place.x(), room.width())),
+                std::max(0, std::min(place.y(), room.height())));
   }
 }
 

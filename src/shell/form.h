@@ -62,8 +62,8 @@ QPoint FormCentrePosition(QSize main, QSize form);
 // null for a form that lies in none.
 QMdiSubWindow* FitFrame(Form& form);
 
-// Fits the form's frame and moves it to FormCentrePosition, but never so far that its title bar is out of
-// reach.
+// Fits the form's frame and moves it to FormCentrePosition, but never over an edge of the area of forms: on a
+// small screen the menus and the status bar take more than the formula knows.
 void FormCentre(Form& form);
 
 }  // namespace dosmara

@@ -96,6 +96,18 @@ TEST_F(FormTest, TakesTheSizeOfAPageBehindAnotherOne) {
   EXPECT_GT(form().height(), 400);
 }
 
+TEST_F(FormTest, LiesWhollyInTheAreaOfFormsWhereThatIsSmall) {
+  Open(new PlainForm(diary_));
+  QWidget& area = *form().parentWidget()->parentWidget();
+  form().parentWidget()->close();
+  for (const QSize size : {QSize(340, 250), QSize(100, 100)}) {
+    area.resize(size);
+    Open(new PlainForm(diary_));
+    EXPECT_TRUE(area.rect().contains(form().parentWidget()->geometry())) << size.width();
+    form().parentWidget()->close();
+  }
+}
+
 TEST(FormCentre, LiesLeftOfAndAboveTheMiddle) {
   // 1366 x 0.85 / 2 - 300 / 2 + 100 / 15 = 437.2; 700 / 2 - 200 / 2 - 80 / 15 = 244.7
   EXPECT_EQ(FormCentrePosition({1366, 700}, {300, 200}), QPoint(437, 245));
