@@ -390,6 +390,23 @@ TEST_F(FrmDosiTest, APartTestEndsByItsTimerAlone) {
   ExpectAllGrey();
 }
 
+TEST_F(FrmDosiTest, AStartThatWasSeenEndsWithItsTest) {
+  OpenLoaded();
+  for (const char* test : {"Command1(1)", "cmdProva(0)"}) {
+    SCOPED_TRACE(test);
+    Click(test);
+    Arrive(0, 317, 2);
+    Arrive(0, 317, 0);
+    if (Running("Timer3")) Fire("Timer3");
+    EXPECT_TRUE(RowOpen(0));
+    Click("Command1(0)");
+    Arrive(0, 317, 0);
+    ExpectAllGrey();
+    Fire("Timer1");
+    EXPECT_TRUE(RowOpen(0));
+  }
+}
+
 TEST_F(FrmDosiTest, APartWithoutTimeIsTestedForATenthOfASecond) {
   OpenLoaded();
   Arrive(1, 280, 0);

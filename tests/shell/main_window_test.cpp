@@ -13,6 +13,7 @@
 
 #include "link/identification.h"
 #include "shell/loaded_forms.h"
+#include "shell/msg_box.h"
 #include "store/failure.h"
 #include "store/parameter_table.h"
 #include "support/box_recorder.h"
@@ -191,6 +192,25 @@ TEST_F(MainWindowStart, HidesByModel) {
   window_->ApplyHidingRules();
   EXPECT_TRUE(Action("smnuAzione")->isVisible());
   EXPECT_FALSE(Action("ssmnuMDBaudit")->isVisible());
+}
+
+TEST_F(MainWindowStart, HidesByTheModelOfTheBoardThatAnswers) {
+  ModelCode = 20;
+  window_->ApplyHidingRules();
+  StartOnAMachine();
+  EXPECT_TRUE(Action("smnuAzione")->isVisible());
+  EXPECT_TRUE(Action("ssmnuMDBaudit")->isVisible());
+}
+
+TEST_F(MainWindowStart, ShowsItselfWithItsMenusBeforeThePortIsSearched) {
+  bool shown = false;
+  const MsgBoxHandler recorder = SetMsgBoxHandler([&](const QString&, const QString&, BoxStyle) {
+    shown = window_->isVisible() && Action("smnuExit")->text() == "Esci";
+    return BoxAnswer::kOk;
+  });
+  EXPECT_THROW(window_->Load(), ProgramEnds);
+  SetMsgBoxHandler(recorder);
+  EXPECT_TRUE(shown);
 }
 
 TEST_F(MainWindowForms, OpenAsChildWindows) {
