@@ -7,46 +7,12 @@
 
 #include "shell/application.h"
 #include "store/parameter_table.h"
-#include "system/system_test.h"
+#include "system/one_form.h"
 
 namespace dosmara {
 namespace {
 
-class SmallForm : public SystemTest {
- protected:
-  void ConnectAndOpen(const QString& menu_entry, const QString& form) {
-    Connect();
-    Click(menu_entry);
-    form_ = window().findChild<QWidget*>(form);
-    ASSERT_NE(form_, nullptr);
-  }
-
-  template <class T>
-  T& On(const QString& name) {
-    T* control = form_->findChild<T*>(name);
-    if (control == nullptr) {
-      throw std::runtime_error("no control " + name.toStdString());
-    }
-    return *control;
-  }
-  QString Text(const QString& label) { return On<QLabel>(label).text(); }
-  QLineEdit& Box(int n) { return On<QLineEdit>(QString("Text1(%1)").arg(n)); }
-
-  void AwaitHeld(int node, int record, double value) {
-    Await([&] { return machine().Get(node, record) == value; }, "the machine to hold a value");
-  }
-
-  void CloseLeavesNothingSubscribed() {
-    form_->parentWidget()->close();
-    for (const auto& node : ParamTable) {
-      EXPECT_TRUE(std::ranges::all_of(node, [](const ParamRec& r) { return r.Subscribers == 0; }));
-    }
-  }
-
-  QWidget* form_ = nullptr;
-};
-
-class Azione : public SmallForm {
+class Azione : public OneForm {
  protected:
   void ConnectAndUnlock() {
     ConnectAndOpen("smnuAzione", "FrmAzione");
@@ -91,7 +57,7 @@ TEST_F(Azione, ClosingLeavesNoRecordSubscribed) {
   CloseLeavesNothingSubscribed();
 }
 
-class Password : public SmallForm {
+class Password : public OneForm {
  protected:
   void ConnectAndAwaitCodes() {
     ConnectAndOpen("smnuPassword", "FrmPassword");
@@ -143,7 +109,7 @@ TEST_F(Password, ClosingLeavesNoRecordSubscribed) {
   CloseLeavesNothingSubscribed();
 }
 
-TEST_F(SmallForm, AClickInTheMenuBarShowsTheInformationWindow) {
+TEST_F(OneForm, AClickInTheMenuBarShowsTheInformationWindow) {
   DressApplication();
   Connect();
   QMenuBar& bar = *window().menuBar();

@@ -42,13 +42,16 @@ void SystemTest::ConnectWithDoses() {
   Click("smnuDosi");
   doses_ = window().findChild<QWidget*>("FrmDosi");
   Await([&] { return Unlocked(); }, "the doses to unlock");
-  // The form unlocks before its last values are there, and each one missing would hold a silent line for a
-  // second in every pass.
+  AwaitRead(1);
+}
+
+void SystemTest::AwaitRead(int node) const {
   Await(
-      [] {
-        return std::ranges::none_of(ParamTable[1], [](const ParamRec& r) { return (r.Flags & kDue) != 0; });
+      [node] {
+        return std::ranges::none_of(ParamTable[node],
+                                    [](const ParamRec& r) { return (r.Flags & kDue) != 0; });
       },
-      "all doses to arrive");
+      "all values to arrive");
 }
 
 void SystemTest::Await(const std::function<bool()>& condition, const char* what, int deadline_ms) const {

@@ -29,6 +29,9 @@ class SystemTest : public testing::Test {
   bool ToolStarts();
   // Connect, and the doses open and unlocked.
   void ConnectWithDoses();
+  // Waits until each subscribed value of a node has arrived. A form unlocks before its last values are there,
+  // and each one missing would hold a silent line for a second in every pass.
+  void AwaitRead(int node) const;
 
   // Delivers events until `condition` holds. `what` is what the test then waits for in vain.
   void Await(const std::function<bool()>& condition, const char* what, int deadline_ms = kDeadlineMs) const;

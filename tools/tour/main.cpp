@@ -53,6 +53,8 @@ int main(int argc, char** argv) {
   if (tour.failures() == 0) {
     VisitMainWindow(tour);
     VisitDoses(tour);
+    VisitTimes(tour);
+    VisitTemperatures(tour);
     VisitPreventiveActions(tour);
     VisitMachineCodes(tour);
     VisitInformation(tour);

@@ -5,6 +5,7 @@
 #include <QAction>
 #include <QLabel>
 #include <QLineEdit>
+#include <QTabWidget>
 #include <algorithm>
 
 #include "store/parameter_table.h"
@@ -15,6 +16,8 @@ namespace {
 
 constexpr int kMainBoard = 0;
 constexpr int kHotDrinks = 1;
+constexpr int kZeth = 2;
+constexpr int kZeth2 = 3;
 constexpr int kSalesCode = 3;
 constexpr int kGrinderBlades = 49;
 constexpr int kCoffeeWater = 148;  // record of the first selection
@@ -58,6 +61,38 @@ void Dispense(Tour& tour, QWidget& form, const QString& button) {
   tour.Await([&] { return press.isEnabled(); }, "the form does not open again", kDrinkMs);
 }
 
+// Opens a form and waits until `box` takes entries. Returns nullptr when the form does not come.
+QWidget* OpenAndUnlock(Tour& tour, const QString& entry, const QString& name, const QString& box) {
+  QWidget* form = nullptr;
+  tour.Step(name + " opens and unlocks", [&] {
+    form = &tour.Open(entry, name);
+    tour.Await([&] { return tour.Control<QWidget>(*form, box).isVisible(); }, "it stays locked", kUnlockMs);
+  });
+  return form;
+}
+
+// A value that is typed into a form: where, and what the machine and the form make of it.
+struct Entry {
+  const char* box;
+  const char* text;
+  int node;
+  int record;
+  int mirror;
+  int value;
+  const char* label;
+  const char* shown;
+};
+
+void TypeValue(Tour& tour, QWidget& form, const Entry& entry) {
+  tour.Type(form, entry.box, entry.text);
+  tour.Await([&] { return tour.machine().Get(entry.node, entry.record) == entry.value; },
+             "the machine does not hold the value");
+  tour.Await([&] { return tour.machine().Get(entry.node, entry.mirror) == entry.value; },
+             "the mirror does not hold the value");
+  tour.Await([&] { return tour.Control<QLabel>(form, entry.label).text() == entry.shown; },
+             "the label does not follow");
+}
+
 void CloseForm(Tour& tour, QWidget& form) {
   tour.Step(form.objectName() + " closes and leaves no record subscribed", [&] {
     tour.Close(form);
@@ -81,16 +116,11 @@ void VisitMainWindow(Tour& tour) {
 }
 
 void VisitDoses(Tour& tour) {
-  QWidget* form = nullptr;
-  tour.Step("FrmDosi opens and unlocks", [&] {
-    form = &tour.Open("smnuDosi", "FrmDosi");
-    tour.Await([&] { return tour.Control<QWidget>(*form, "txtVal(0)").isVisible(); }, "it stays locked",
-               kUnlockMs);
-    tour.Picture("doses");
-  });
+  QWidget* form = OpenAndUnlock(tour, "smnuDosi", "FrmDosi", "txtVal(0)");
   if (form == nullptr) {
     return;
   }
+  tour.Step("the doses are on the screen", [&] { tour.Picture("doses"); });
   tour.Step("a dose is typed, the machine holds it, the label follows", [&] { ChangeDose(tour, *form); });
   tour.Step("a whole drink is dispensed", [&] { Dispense(tour, *form, "Command1(2)"); });
   tour.Step("the milk of another selection is dispensed", [&] {
@@ -116,13 +146,39 @@ void VisitDoses(Tour& tour) {
   CloseForm(tour, *form);
 }
 
-void VisitPreventiveActions(Tour& tour) {
-  QWidget* form = nullptr;
-  tour.Step("FrmAzione opens and unlocks", [&] {
-    form = &tour.Open("smnuAzione", "FrmAzione");
-    tour.Await([&] { return tour.Control<QWidget>(*form, "Text1(0)").isVisible(); }, "it stays locked",
-               kUnlockMs);
+void VisitTimes(Tour& tour) {
+  QWidget* form = OpenAndUnlock(tour, "smnuTempi", "FrmTempi", "txtTempi(0)");
+  if (form == nullptr) {
+    return;
+  }
+  tour.Step("a time is typed, the machine holds it, the label follows", [&] {
+    TypeValue(tour, *form, {"txtTempi(0)", "9,9", kHotDrinks, 31, 509, 99, "Label1(0)", "9.9"});
+    tour.Picture("times");
   });
+  tour.Step("a drawer's time is typed on its tab, its unit holds it", [&] {
+    tour.Control<QTabWidget>(*form, "SSTab1").setCurrentIndex(1);
+    TypeValue(tour, *form, {"txtzeth1(3)", "0.7", kZeth, 294, 312, 7, "Label3(3)", "0.7"});
+    tour.Picture("times_zeth");
+  });
+  CloseForm(tour, *form);
+}
+
+void VisitTemperatures(Tour& tour) {
+  QWidget* form = OpenAndUnlock(tour, "smnuSet", "FrmTemperatura", "Text1");
+  if (form == nullptr) {
+    return;
+  }
+  tour.Step("temperatures are typed, their boards hold them, the labels follow", [&] {
+    TypeValue(tour, *form, {"Text1", "95", kHotDrinks, 24, 502, 95, "Label1", "95"});
+    TypeValue(tour, *form, {"Text2(1)", "3,5", kZeth, 53, 268, 35, "Label2(1)", "3.5"});
+    TypeValue(tour, *form, {"Text3(0)", "OFF", kZeth2, 51, 266, 16, "Label3(0)", "OFF"});
+    tour.Picture("temperatures");
+  });
+  CloseForm(tour, *form);
+}
+
+void VisitPreventiveActions(Tour& tour) {
+  QWidget* form = OpenAndUnlock(tour, "smnuAzione", "FrmAzione", "Text1(0)");
   if (form == nullptr) {
     return;
   }

@@ -12,6 +12,12 @@ void VisitMainWindow(Tour& tour);
 // Doses: unlocks, a dose changed and held by the machine, a drink and a part dispensed, the other language.
 void VisitDoses(Tour& tour);
 
+// Times: unlocks, a time and a drawer's time changed and held by their boards.
+void VisitTimes(Tour& tour);
+
+// Temperatures: unlocks, one of each board changed and held.
+void VisitTemperatures(Tour& tour);
+
 // Preventive actions: unlocks, a count changed and held by the machine.
 void VisitPreventiveActions(Tour& tour);
 
