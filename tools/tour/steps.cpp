@@ -168,7 +168,7 @@ void VisitTemperatures(Tour& tour) {
   if (form == nullptr) {
     return;
   }
-  tour.Step("temperatures are typed, their boards hold them, the labels follow", [&] {
+  tour.Step("temperatures are typed and held, the labels follow", [&] {
     TypeValue(tour, *form, {"Text1", "95", kHotDrinks, 24, 502, 95, "Label1", "95"});
     TypeValue(tour, *form, {"Text2(1)", "3,5", kZeth, 53, 268, 35, "Label2(1)", "3.5"});
     TypeValue(tour, *form, {"Text3(0)", "OFF", kZeth2, 51, 266, 16, "Label3(0)", "OFF"});
