@@ -14,7 +14,7 @@ inline constexpr int kCoinChannels = 8;
 using Coins = std::array<std::uint32_t, kCoinChannels>;
 
 // The fewest coins that make `amount`, or, with `at_least`, the smallest sum above it that coins can make.
-// Nothing when they cannot.
+// Nothing when they cannot, and for sums beyond all purses.
 std::optional<Coins> CoinsFor(std::uint32_t amount, bool at_least, const Coins& values);
 
 }  // namespace machine

@@ -299,6 +299,7 @@ TEST(Coins, ThatCannotMakeTheSumMakeTheNextOneIfAsked) {
   EXPECT_EQ(CoinsFor(43, false, {20, 50}), std::nullopt);
   EXPECT_EQ(CoinsFor(43, true, {20, 50}), (Coins{0, 1}));
   EXPECT_EQ(CoinsFor(10, true, {}), std::nullopt);
+  EXPECT_EQ(CoinsFor(1000001, true, {1}), std::nullopt);
 }
 
 }  // namespace
