@@ -132,6 +132,14 @@ TEST_F(CalendarTest, RunsAsManyTimesFasterAsTheMachinesDay) {
   EXPECT_EQ(Now(), (Moment{4, 3, 24, 8, 31}));
 }
 
+TEST_F(CalendarTest, ChangesOfSpeedAddNoSeconds) {
+  for (int i = 0; i < 120; ++i) machine_.SetSpeed(1);
+  Pass(59s);
+  EXPECT_EQ(Get(0, 320), 0u);
+  Pass(1s);
+  EXPECT_EQ(Get(0, 320), 1u);
+}
+
 TEST_F(CalendarTest, GoesOnAfterARestart) {
   Start({4, 3, 24, 8, 0});
   machine_.Restart();

@@ -137,9 +137,12 @@ TEST_F(ClimateTest, DefrostsAfterItsHoursForItsMinutes) {
   Pass(2h - 10s);
   EXPECT_LT(Raw(2), 1.3);
   Pass(20s);
-  SetTank(2, 8);
-  Pass(29min);
+  SetTank(2, 20);
+  Pass(1min);
   EXPECT_FALSE(Compressor(2));
+  Pass(28min);
+  EXPECT_FALSE(Compressor(2));
+  EXPECT_GT(Raw(2), 19.9);
   Pass(2min);
   EXPECT_TRUE(Compressor(2));
 }

@@ -278,6 +278,13 @@ TEST_F(TariffTest, TheDiscountIsGivenWithinItsBands) {
     EXPECT_EQ(CostOf({}).discount, 45 - moment.price);
   }
   boards_[0].Set(321, 8);
+  boards_[0].Set(320, 30);
+  boards_[0].Set(367, 210);
+  boards_[0].Set(74, 15);
+  boards_[1].Set(1, 30);
+  EXPECT_EQ(CostOf({}).price, 210u) << "prices from 31 up have no discount of their own";
+  boards_[1].Set(1, 1);
+  EXPECT_EQ(CostOf({}).price, 38u);
   boards_[0].Set(317, 0);
   EXPECT_EQ(CostOf({}).price, 45u) << "a machine without a clock has no bands";
 }
