@@ -20,9 +20,10 @@ machine::Boards SomeBoards() {
   machine::Boards boards;
   for (machine::Board& board : boards) {
     for (int n = 1; n <= 600; ++n) {
-      const machine::Address address{
-          .bank = 1, .high = static_cast<std::uint8_t>(n / 256), .low = static_cast<std::uint8_t>(n % 256),
-          .control = 1};
+      const machine::Address address{.bank = 1,
+                                     .high = static_cast<std::uint8_t>(n / 256),
+                                     .low = static_cast<std::uint8_t>(n % 256),
+                                     .control = 1};
       if (!board.AddRecord(address, static_cast<std::uint32_t>(n))) std::abort();
     }
   }
