@@ -83,6 +83,17 @@ TEST_F(LanguageList, OffersTenOfElevenFiles) {
   EXPECT_EQ(Shown(), QStringList({"a", "b", "c", "d", "e", "f", "g", "h", "i", "j"}));
 }
 
+TEST_F(LanguageList, ForgetsTheListAndTheTickOfBefore) {
+  folder_.Write("English.lng", "a");
+  folder_.Write("Italiano.lng", "a");
+  ListLanguages(folder_.path(), menu_);
+  menu_[0].ticked = true;
+  QFile::remove(folder_.path() + "/Italiano.lng");
+  ListLanguages(folder_.path(), menu_);
+  EXPECT_EQ(Shown(), QStringList("English"));
+  EXPECT_EQ(Ticked(), std::vector<int>{});
+}
+
 TEST_F(LanguageList, EndsTheProgramWithoutAnyFile) {
   EXPECT_THROW(ListLanguages(folder_.path(), menu_), ProgramEnds);
   EXPECT_EQ(screen_.boxes, std::vector<Box>{kNoFile});

@@ -353,6 +353,7 @@ TEST_F(MainWindowPort, EndsTheProgramWithoutTheLauncherWhenNoneHasABoard) {
   QTimer::singleShot(0, Action("mnuCox(2)"), &QAction::trigger);
   EXPECT_EQ(QApplication::exec(), 0);
   EXPECT_EQ(screen_.boxes, std::vector<Box>{kNoBoard});
+  window_->close();
   EXPECT_EQ(LauncherStarts(), 0);
 }
 
