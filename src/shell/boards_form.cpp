@@ -1,8 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "shell/boards_form.h"
 
-#include <QApplication>
-
 #include "shell/caption_table.h"
 #include "shell/records.h"
 
@@ -61,12 +59,9 @@ void BoardsForm::Loaded() {
   }
 }
 
-// The focus leaves a frame that closes: else it would wander into the boxes of another board and empty them.
+// The frame first: as a whole it lets go of the focus, while its rows one by one would pass it on into the
+// boxes of another board and empty them.
 void BoardsForm::Follow(const Group& group) {
-  QWidget* focus = QApplication::focusWidget();
-  if (!group.gate.Open() && focus != nullptr && group.frame->isAncestorOf(focus)) {
-    focus->clearFocus();
-  }
   group.frame->setEnabled(group.gate.Open());
   for (const auto& rows : rows_) {
     rows->SetOpen(group.board.node, group.gate.Open());

@@ -377,6 +377,9 @@ TEST_F(FrmTemperaturaTest, TheWholeGateIsComparedAndAnEqualOneChangesNothing) {
 
 TEST_F(FrmTemperaturaTest, ATankThatOpensAgainShowsItsValuesAnewButNotTheBoiler) {
   OpenLoaded();
+  Type("Text2(2)", "1");
+  Arrive(0, 313, 6);
+  EXPECT_EQ(BoxText("Text2(2)"), LabelText("Label2(2)"));
   Type("Text3(4)", "1");
   Arrive(0, 357, 6);
   EXPECT_EQ(BoxText("Text3(4)"), LabelText("Label3(4)"));
