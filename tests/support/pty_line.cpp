@@ -10,6 +10,8 @@
 #include <system_error>
 #include <utility>
 
+#include "support/serial_lock.h"
+
 namespace dosmara {
 
 PtyLine::PtyLine(std::filesystem::path link) : link_(std::move(link)) { Plug(); }
@@ -25,6 +27,7 @@ void PtyLine::Plug() {
   }
   fcntl(machine_end_, F_SETFL, O_NONBLOCK);
   device_ = name;
+  AwaitUnlocked(device_);
   std::filesystem::remove(link_);
   std::filesystem::create_symlink(device_, link_);
 }

@@ -6,6 +6,7 @@
 #include <stdexcept>
 
 #include "forms/form_list.h"
+#include "support/serial_lock.h"
 
 namespace dosmara {
 
@@ -24,6 +25,7 @@ MachineProcess& ToolRig::StartMachine(int port, const QStringList& options) {
   if (!machines_.back()->Ready()) {
     throw std::runtime_error("the simulated machine did not start");
   }
+  AwaitUnlocked(QFileInfo(PortLink(port)).symLinkTarget().toStdString());
   return *machines_.back();
 }
 

@@ -1,0 +1,26 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "support/serial_lock.h"
+
+#include <QSerialPort>
+#include <chrono>
+#include <stdexcept>
+#include <thread>
+
+namespace dosmara {
+
+namespace {
+constexpr std::chrono::seconds kDeadline(10);
+}  // namespace
+
+void AwaitUnlocked(const std::string& device) {
+  const auto end = std::chrono::steady_clock::now() + kDeadline;
+  QSerialPort port(QString::fromStdString(device));
+  while (!port.open(QIODevice::ReadWrite)) {
+    if (std::chrono::steady_clock::now() > end) {
+      throw std::runtime_error(device + " stays locked");
+    }
+    std::this_thread::yield();
+  }
+}
+
+}  // namespace dosmara

@@ -1,0 +1,14 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// Keeps tests that run side by side out of each other's serial devices.
+#pragma once
+
+#include <string>
+
+namespace dosmara {
+
+// Waits until `device` can be opened. A tool that closes its device in another process gives the device's
+// number back to the system a moment before the lock on its name, and a new line may bear that number.
+// Throws std::runtime_error when the name stays locked.
+void AwaitUnlocked(const std::string& device);
+
+}  // namespace dosmara
