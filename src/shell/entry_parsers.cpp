@@ -48,7 +48,7 @@ std::optional<double> ParseNumeric(QStringView text) {
 
 std::optional<int> ParseWhole(QStringView text, int min, int max) {
   const std::optional<double> number = ParseNumeric(text);
-  if (!number || !(std::round(*number) >= min && std::round(*number) <= max)) {
+  if (!number || !(*number >= min && *number <= max)) {
     return std::nullopt;
   }
   return static_cast<int>(std::round(*number));

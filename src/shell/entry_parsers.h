@@ -4,7 +4,7 @@
 //
 //   Parser        Accepts                              Gives         Example
 //   ParseNumeric  what a technician types as a number  the number    "-12,5" is -12.5
-//   ParseWhole    a numeric text, rounded, min to max  the number    "90" is 90
+//   ParseWhole    a numeric text from min to max       rounded       "90" is 90
 //   ParseInt      as ParseWhole, and OFF               the number    "off" is 0
 //   ParseTenths   up to two digits, or with a tenth    tenths        "12,5" is 125, "12" is 120
 //   ParseDelta    a digit, or with a tenth             tenths        "3" is 30, "3.5" is 35
@@ -23,7 +23,8 @@ using EntryParser = std::optional<int> (*)(QStringView text, int min, int max);
 // else, such as an exponent or a grouping mark, is not numeric.
 std::optional<double> ParseNumeric(QStringView text);
 
-// A numeric text, rounded to the nearest whole number, halves away from zero, within min and max.
+// A numeric text within min and max, rounded to the nearest whole number, halves away from zero. The limits
+// are those of the number as typed: "0.6" is not within 1 and 15.
 std::optional<int> ParseWhole(QStringView text, int min, int max);
 
 // As ParseWhole; "OFF", "Off", "off" and "oFF" give 0, and no other spelling does.

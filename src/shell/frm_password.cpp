@@ -4,6 +4,7 @@
 #include <QFocusEvent>
 #include <QFormLayout>
 #include <algorithm>
+#include <cmath>
 
 #include "shell/caption_table.h"
 #include "shell/records.h"
@@ -102,8 +103,8 @@ void FrmPassword::Show(std::size_t n, double value) {
   }
 }
 
-// A text that is too long is cut. A number that will not do writes the code in force again; a text that is no
-// number writes nothing.
+// A text that is too long is cut. A number that will not do, once it is whole, writes the code in force
+// again; a text that is no number writes nothing.
 void FrmPassword::Confirm(std::size_t n) {
   if (InArrival) {
     return;
@@ -115,8 +116,8 @@ void FrmPassword::Confirm(std::size_t n) {
     Show(n, in_force);
     return;
   }
-  const std::optional<int> entry = ParseWhole(text.left(code.digits), 0, code.largest);
-  const double value = entry ? *entry : in_force;
+  const double entry = std::round(ParseNumeric(text.left(code.digits)).value_or(-1)) + 0.0;  // 0 for -0
+  const double value = entry < 0 || entry > code.largest ? in_force : entry;
   Show(n, value);
   PutWithMirror(kMainBoard, code.record, code.mirror, value);
 }

@@ -52,11 +52,17 @@ TEST(ParseWhole, RoundsHalvesAwayFromNought) {
 
 TEST(ParseWhole, StaysWithinItsLimits) {
   Expect(ParseWhole, 5, 60,
-         {{u"4", kBad}, {u"4.5", 5}, {u"5", 5}, {u"60", 60}, {u"60.5", kBad}, {u"61", kBad}});
+         {{u"4", kBad}, {u"5", 5}, {u"5.4", 5}, {u"59.6", 60}, {u"60", 60}, {u"61", kBad}});
   Expect(ParseWhole, 70, 110, {{u"69", kBad}, {u"70", 70}, {u"110", 110}, {u"111", kBad}});
   Expect(ParseWhole, 0, 65535,
          {{u"65535", 65535}, {u"65536", kBad}, {u"-1", kBad}, {u"99999999999999", kBad}});
   EXPECT_EQ(ParseWhole(QString(5000, '9'), 0, 65535), kBad);
+}
+
+TEST(ParseWhole, JudgesTheNumberBeforeItIsRounded) {
+  Expect(ParseWhole, 0, 65535, {{u"-0.4", kBad}, {u"0.4", 0}, {u"65534.6", 65535}, {u"65535.4", kBad}});
+  Expect(ParseWhole, 70, 110, {{u"69.6", kBad}, {u"70.4", 70}, {u"109.6", 110}, {u"110.4", kBad}});
+  Expect(ParseWhole, 1, 15, {{u"0.6", kBad}, {u".6", kBad}, {u"15.4", kBad}, {u"14,6", 15}});
 }
 
 TEST(ParseInt, KnowsFourSpellingsOfOff) {
@@ -74,8 +80,9 @@ TEST(ParseInt, KnowsFourSpellingsOfOff) {
 }
 
 TEST(ParseInt, TakesANumberWithinItsLimits) {
-  Expect(ParseInt, 0, 999,
-         {{u"0", 0}, {u"999", 999}, {u"1000", kBad}, {u"-1", kBad}, {u"", kBad}, {u"1x", kBad}});
+  Expect(
+      ParseInt, 0, 999,
+      {{u"0", 0}, {u"999", 999}, {u"1000", kBad}, {u"-1", kBad}, {u"-.4", kBad}, {u"", kBad}, {u"1x", kBad}});
 }
 
 TEST(ParseTenths, ReadsASeparatedTextInTenths) {

@@ -73,6 +73,9 @@ TEST_F(FrmAzioneTest, EveryRowHasItsCaptionAndItsSpan) {
     EXPECT_EQ(bar.pageStep(), 100);
     EXPECT_EQ(bar.singleStep(), 1);
     EXPECT_EQ(Find<QLineEdit>(Element("Text1", count.n)).maxLength(), 5);
+    EXPECT_EQ(Find(Element("Text1", count.n)).accessibleName().toStdString(),
+              "#" + std::to_string(count.line));
+    EXPECT_EQ(bar.accessibleName(), Find(Element("Text1", count.n)).accessibleName());
   }
 }
 
@@ -144,7 +147,7 @@ TEST_F(FrmAzioneTest, AnEntryFromNoughtTo65535IsWritten) {
 
 TEST_F(FrmAzioneTest, ABadEntryBringsTheTextBackAndWritesNothing) {
   Unlock();
-  for (const char* bad : {"65536", "99999", "-1", "-", "OFF", "12a", "1e3", "", " "}) {
+  for (const char* bad : {"65536", "99999", "-1", "-0.4", "-", "OFF", "12a", "1e3", "", " "}) {
     SCOPED_TRACE(bad);
     Enter("Text1(2)", bad);
     EXPECT_EQ(BoxText("Text1(2)"), "1000");
@@ -246,6 +249,17 @@ TEST_F(FrmAzioneTest, ARepeatedGateLeavesAHalfTypedEntryAlone) {
   Type("Text1(0)", "12");
   Arrive(0, 312, 4);
   EXPECT_EQ(BoxText("Text1(0)"), "12");
+}
+
+TEST_F(FrmAzioneTest, TheTabKeyFollowsTheRows) {
+  Unlock();
+  Focus("Text1(0)");
+  std::vector<std::string> expected = {"HScroll1(0)"};
+  for (int n = 1; n < 7; ++n) {
+    expected.push_back(Element("Text1", n));
+    expected.push_back(Element("HScroll1", n));
+  }
+  EXPECT_EQ(TabThrough(13), expected);
 }
 
 TEST_F(FrmAzioneTest, TheBoxLiesExactlyOverTheValue) {

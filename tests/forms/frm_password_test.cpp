@@ -178,6 +178,26 @@ TEST_F(FrmPasswordTest, TheOldValueIsTheTablesNotTheOneShown) {
   ParamTable[0][1].Value[0] = 99;
   Replace("Text1(0)", "x");
   EXPECT_EQ(BoxText("Text1(0)"), "99");
+  ParamTable[0][1].Value[0] = 98;
+  Replace("Text1(0)", "-5");
+  EXPECT_EQ(BoxText("Text1(0)"), "98");
+  EXPECT_EQ(Written(), (std::vector<Write>{{0, 1, 98}, {0, 203, 98}}));
+}
+
+TEST_F(FrmPasswordTest, AFractionIsMadeWholeBeforeItIsJudged) {
+  Replace("Text1(2)", "-0.6");
+  EXPECT_EQ(BoxText("Text1(2)"), "222");
+  Replace("Text1(2)", "-0,4");
+  EXPECT_EQ(BoxText("Text1(2)"), "0");
+  EXPECT_EQ(Written(), (std::vector<Write>{{0, 2, 0}, {0, 204, 0}}));
+  Replace("Text1(0)", "99999.9");
+  EXPECT_EQ(BoxText("Text1(0)"), "99999");
+  EXPECT_EQ(Written(), (std::vector<Write>{{0, 1, 99999}, {0, 203, 99999}}));
+}
+
+TEST_F(FrmPasswordTest, TheTabKeyFollowsTheRows) {
+  Focus("Text1(0)");
+  EXPECT_EQ(TabThrough(2), (std::vector<std::string>{"Text1(1)", "Text1(2)"}));
 }
 
 TEST_F(FrmPasswordTest, AnArrivalIsReplacedByTheNextKey) {

@@ -32,13 +32,18 @@ class FrmTemperaturaTest : public FormFixture {
  protected:
   void Open() { FormFixture::Open("FrmTemperatura"); }
 
-  // All boards are in use, all rows are within their bars.
-  void OpenLoaded() {
-    Open();
+  // Each row arrives once, within its bar: 15 arrivals.
+  void ArriveRows() {
     Arrive(1, 24, 92);
     for (const int node : {2, 3}) {
       for (const TankRow& row : kTankRows) Arrive(node, row.record, row.min);
     }
+  }
+
+  // All boards are in use and have answered.
+  void OpenLoaded() {
+    Open();
+    ArriveRows();
     for (const int gate : {312, 313, 357}) Arrive(0, gate, 4);
   }
 
@@ -219,7 +224,7 @@ TEST_F(FrmTemperaturaTest, TheTankTakesOneToFifteenAndThreeSpellingsOfOff) {
   Takes(0, "Off", 16);
   Takes(0, "3", 3);
   Takes(0, "OFF", 16);
-  Refuses(0, {"oFF", "oFf", "16", "0", "-1", ""});
+  Refuses(0, {"oFF", "oFf", "16", "0", "0.6", "-1", ""});
 }
 
 TEST_F(FrmTemperaturaTest, TheHysteresisIsADigitOrADigitWithATenth) {
@@ -242,10 +247,10 @@ TEST_F(FrmTemperaturaTest, TheWholeRowsTakeWhatTheirBarsHold) {
   Refuses(3, {"0", "", "x"});
   Takes(4, "12", 12);
   Takes(4, "1", 1);
-  Refuses(4, {"0", "13", "", "x"});
+  Refuses(4, {"0", ".6", "13", "", "x"});
   Takes(5, "30", 30);
   Takes(5, "1", 1);
-  Refuses(5, {"0", "31", "", "x"});
+  Refuses(5, {"0", ",6", "31", "", "x"});
 }
 
 TEST_F(FrmTemperaturaTest, TheOffsetTakesASignAndADigit) {
@@ -314,11 +319,7 @@ TEST_F(FrmTemperaturaTest, ClosingReleasesTheMirrorsOfTheFirstTankTwiceAndOfTheS
 TEST_F(FrmTemperaturaTest, UnlocksAtTheSixteenthArrivalOfARow) {
   Open();
   EXPECT_EQ(AllOpen(), (Groups{false, false, false}));
-  for (const TankRow& row : kTankRows) {
-    Arrive(2, row.record, row.min);
-    Arrive(3, row.record, row.min);
-  }
-  Arrive(1, 24, 92);
+  ArriveRows();
   EXPECT_EQ(AllOpen(), (Groups{false, false, false}));
   Arrive(1, 24, 92);
   EXPECT_EQ(AllOpen(), (Groups{true, true, true}));
@@ -373,6 +374,25 @@ TEST_F(FrmTemperaturaTest, TheWholeGateIsComparedAndAnEqualOneChangesNothing) {
   EXPECT_FALSE(Enabled("Frame2"));
   Arrive(0, 313, 6);
   EXPECT_TRUE(Enabled("Frame2"));
+}
+
+TEST_F(FrmTemperaturaTest, AGateIsHeldToBe255UntilItArrivesAfterLoading) {
+  Open();
+  ArriveRows();
+  Arrive(1, 24, 92);
+  for (const int node : {2, 3}) {
+    const int gate = node == 2 ? 313 : 357;
+    Type(Control("Text", node, 2), "1");
+    Arrive(0, gate, 255);
+    EXPECT_EQ(BoxText(Control("Text", node, 2)), "1") << "an equal gate opens nothing anew";
+    Arrive(0, gate, 4);
+    EXPECT_EQ(BoxText(Control("Text", node, 2)), "5");
+  }
+  Find("Frame1").setEnabled(false);
+  Arrive(0, 312, 255);
+  EXPECT_FALSE(Enabled("Frame1"));
+  Arrive(0, 312, 4);
+  EXPECT_TRUE(Enabled("Frame1"));
 }
 
 TEST_F(FrmTemperaturaTest, ATankThatOpensAgainShowsItsValuesAnewButNotTheBoiler) {
