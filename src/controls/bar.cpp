@@ -134,7 +134,9 @@ void Bar::paintEvent(QPaintEvent*) {
   painter.setRenderHint(QPainter::Antialiasing);
   painter.setPen(Qt::NoPen);
   const QRectF track(groove.left(), groove.center().y() - thickness / 2, groove.width(), thickness);
-  painter.setBrush(Blend(ground, ink, 0.15));
+  QColor shade = ink;
+  shade.setAlphaF(0.2);  // shows on any ground: that of a tab is not the window's
+  painter.setBrush(shade);
   painter.drawRoundedRect(track, thickness / 2, thickness / 2);
   QRectF filled = track;
   filled.setRight(handle.center().x());

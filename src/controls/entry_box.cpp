@@ -41,7 +41,7 @@ void EntryBox::Put(const QString& text) {
 void EntryBox::focusInEvent(QFocusEvent* event) {
   if (event->reason() != Qt::PopupFocusReason) {
     *saved_text_ = text();
-    setPlaceholderText(text());
+    setPlaceholderText(text() + QChar::Nbsp);  // keeps the cursor off the last digit
     clear();
     setMaxLength(length_);
   }

@@ -178,6 +178,21 @@ TEST_F(BarTest, CanBeReachedByTabAndNotByTheWheel) { EXPECT_EQ(bar_->focusPolicy
 
 TEST_F(BarTest, DoesNotShrinkToNothing) { EXPECT_GE(bar_->minimumWidth(), 100); }
 
+TEST_F(BarTest, ItsGrooveShowsOnAnyGround) {
+  const QPalette dark(QColor(60, 60, 64), QColor(45, 45, 48));
+  bar_->setPalette(dark);
+  QPalette page = dark;
+  for (int grey = 40; grey <= 110; ++grey) {
+    page.setColor(QPalette::Window, QColor(grey, grey, grey));
+    window_.setPalette(page);
+    const QImage picture = window_.grab().toImage();
+    const QRect groove = Part(QStyle::SC_ScrollBarGroove);
+    const QPoint behind_handle(groove.right() - 10, groove.center().y());
+    const int seen = picture.pixelColor(bar_->mapTo(&window_, behind_handle)).lightness();
+    EXPECT_GE(seen - grey, 15) << grey;
+  }
+}
+
 TEST_F(BarTest, AScreenReaderHearsItsValue) {
   auto* accessible = QAccessible::queryAccessibleInterface(bar_);
   ASSERT_NE(accessible->valueInterface(), nullptr);

@@ -74,7 +74,7 @@ TEST_F(ValueRowTest, FocusEmptiesTheBoxAndKeepsTheOldValueInSight) {
   Make();
   Box().setFocus();
   EXPECT_EQ(Box().text(), "");
-  EXPECT_EQ(Box().placeholderText(), "3");
+  EXPECT_EQ(Box().placeholderText(), u"3\u00a0");
 }
 
 TEST_F(ValueRowTest, TheLengthOfABoxHoldsForWhatIsTypedAlone) {
