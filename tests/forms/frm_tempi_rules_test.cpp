@@ -7,6 +7,7 @@
 
 #include "forms/form_fixture.h"
 #include "link/identification.h"
+#include "shell/caption_table.h"
 #include "store/parameter_table.h"
 
 namespace dosmara {
@@ -292,6 +293,23 @@ TEST_F(FrmTempiTest, ClosingAGroupEmptiesNoOtherBox) {
   EXPECT_EQ(qobject_cast<QLineEdit*>(QApplication::focusWidget()), nullptr);
   for (int i = 1; i <= 18; ++i) EXPECT_NE(BoxText(Element("txtzeth1", i)), "") << i;
   EXPECT_EQ(BoxText("txtTempi(5)"), "4.0");
+}
+
+TEST_F(FrmTempiTest, TheBoxesOfAUnitStandInLineInEveryLanguage) {
+  OpenLoaded();
+  for (const char* words : {"a longer caption", "short"}) {
+    CaptionTable[621] = words;
+    form().InitMessaggi();
+    for (const int tab : {2, 3}) {
+      ShowTab(tab);
+      QApplication::processEvents();
+      const auto left = [&](const std::string& name) { return Find(name).mapTo(&form(), QPoint()).x(); };
+      const int column = left(tab == 2 ? "txtTempi(5)" : "txtTempi(7)");
+      for (const int i : {1, 8, 17, 18}) {
+        EXPECT_EQ(left(Element(tab == 2 ? "txtzeth1" : "txtzeth2", i)), column) << words << " " << i;
+      }
+    }
+  }
 }
 
 TEST_F(FrmTempiTest, TheTabKeyFollowsTheRows) {

@@ -3,6 +3,7 @@
 
 #include <QTabBar>
 #include <QVBoxLayout>
+#include <algorithm>
 #include <array>
 
 #include "link/identification.h"
@@ -107,10 +108,10 @@ constexpr RowStyle kDrawerStyles[kZethUnits] = {
      .closed_box_stays = true},
 };
 
-// A frame without a title around some of the drawer rows.
-QFrame* RowFrame(FieldRows& rows, int first, int last, const char* name, int index) {
+// A frame without a title around some of the rows of a Zeth unit.
+QFrame* RowFrame(FieldRows& rows, int first, int last, const QString& name = {}) {
   auto* frame = new QFrame;
-  frame->setObjectName(Indexed(name, index));
+  frame->setObjectName(name);
   frame->setFrameShape(QFrame::StyledPanel);
   auto* grid = new QGridLayout(frame);
   rows.PlaceIn(*grid, first, last);
@@ -156,13 +157,29 @@ void FrmTempi::LayOutHotDrinks() {
 void FrmTempi::LayOutZeth(int unit) {
   FieldRows& rows = *drawers_[unit];
   auto* layout = new QGridLayout(Frame(1 + unit));
-  auto* single = new QGridLayout;
-  times_.PlaceIn(*single, kMotorTimeouts[unit], kMotorTimeouts[unit]);
-  layout->addLayout(single, 0, 0);
-  layout->addWidget(RowFrame(rows, 0, kFirstAttempts - 1, "Frame13", unit), 1, 0);
-  layout->addWidget(RowFrame(rows, kFirstAttempts, kFirstSensorRow - 1, "Frame50", unit), 1, 1);
-  layout->addWidget(RowFrame(rows, kFirstSensorRow, kDrawerRows - 1, "Frame51", unit), 2, 0);
+  layout->addWidget(RowFrame(times_, kMotorTimeouts[unit], kMotorTimeouts[unit]), 0, 0);
+  layout->addWidget(RowFrame(rows, 0, kFirstAttempts - 1, Indexed("Frame13", unit)), 1, 0);
+  layout->addWidget(RowFrame(rows, kFirstAttempts, kFirstSensorRow - 1, Indexed("Frame50", unit)), 1, 1);
+  layout->addWidget(RowFrame(rows, kFirstSensorRow, kDrawerRows - 1, Indexed("Frame51", unit)), 2, 0);
   AddTab(1 + unit);
+}
+
+// Gives the captions in the frames above each other one width, so that the boxes behind them stand in line.
+void FrmTempi::LineUp(int unit) {
+  FieldRows& rows = *drawers_[unit];
+  std::vector<FieldLabel*> captions = {&times_[kMotorTimeouts[unit]].caption()};
+  for (int n = 0; n < kDrawerRows; ++n) {
+    if (n < kFirstAttempts || n >= kFirstSensorRow) {
+      captions.push_back(&rows[n].caption());
+    }
+  }
+  int width = 0;
+  for (const FieldLabel* caption : captions) {
+    width = std::max(width, caption->sizeHint().width());
+  }
+  for (FieldLabel* caption : captions) {
+    caption->setMinimumWidth(width);
+  }
 }
 
 void FrmTempi::Load() {
@@ -179,6 +196,9 @@ void FrmTempi::InitMessaggi() {
   tabs_->tabBar()->setAccessibleName(Caption(4));
   for (int i = 0; i < tabs_->count(); ++i) {
     tabs_->setTabText(i, Caption(kBoards[i].line));
+  }
+  for (int unit = 0; unit < kZethUnits; ++unit) {
+    LineUp(unit);
   }
 }
 

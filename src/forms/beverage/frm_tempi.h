@@ -22,6 +22,7 @@ class FrmTempi : public BoardsForm {
   void AddTab(std::size_t board);
   void LayOutHotDrinks();
   void LayOutZeth(int unit);
+  void LineUp(int unit);
 
   QTabWidget* tabs_;  // SSTab1
   FieldRows& times_;
