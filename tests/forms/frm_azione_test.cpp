@@ -157,6 +157,13 @@ TEST_F(FrmAzioneTest, ABadEntryBringsTheTextBackAndWritesNothing) {
   }
 }
 
+TEST_F(FrmAzioneTest, OpeningAgainShowsTheCountOnTheBoxAnew) {
+  Unlock();
+  Type("Text1(4)", "77");
+  Arrive(0, 312, 6);
+  EXPECT_EQ(BoxText("Text1(4)"), "1000");
+}
+
 TEST_F(FrmAzioneTest, ABoxEmptiesOnFocusAndItsTextComesBackWithoutEnter) {
   Unlock();
   Focus("Text1(6)");

@@ -13,8 +13,6 @@ inline constexpr int kHotDrinks = 1;  // node of the doses
 
 // A water count: 0 is off, and 1 is shown as 0.
 void ShowWater(QLabel& text, Bar& bar, double value);
-// Tenths of a second.
-void ShowTime(QLabel& text, Bar& bar, double value);
 // Tenths of a second with an off state below the shown zero.
 void ShowSugar(QLabel& text, Bar& bar, double value);
 
@@ -25,23 +23,32 @@ constexpr FieldRow WaterRow(int line, int record) {
           .max = 999,
           .large_change = 10,
           .show = ShowWater,
+          .clamped = true,
           .parse = ParseInt,
           .limit = 999,
           .length = 3};
 }
 
 // The entry limit is the same where the bar ends lower.
-constexpr FieldRow TimeRow(int line, int record, int max = 255, RowDisplay show = ShowTime) {
+constexpr FieldRow TimeRow(int line, int record, int max = 255, RowDisplay show = BindScrollTenths) {
   return {.line = line,
           .node = kHotDrinks,
           .record = record,
           .max = max,
           .large_change = 10,
           .show = show,
+          .clamped = true,
           .parse = ParseTenths,
           .limit = 255,
           .length = 4};
 }
+
+// So many arrivals do not open the form yet.
+inline constexpr int kLoadThreshold = 23;
+
+// Models without some of the controls.
+inline constexpr int kFirstModelWithPartTests = 21;
+inline constexpr int kFirstModelWithDelay = 25;
 
 // Each record is that of the first selection; those of the others follow it.
 inline constexpr FieldRow kDoseRows[] = {

@@ -21,9 +21,8 @@ constexpr int kLargestCount = 65535;
 constexpr int kFirstPosition = -32767;
 
 void ShowCount(QLabel& text, Bar& bar, double value) {
-  const int position = bar.Clamped(value - kShift);
-  bar.SetValue(position);
-  text.setText(QString::number(position + kShift));
+  bar.SetValue(static_cast<int>(value) - kShift);
+  text.setText(QString::number(value));
 }
 
 constexpr FieldRow CountRow(int line, int record, int mirror) {
@@ -36,6 +35,7 @@ constexpr FieldRow CountRow(int line, int record, int mirror) {
           .large_change = 100,
           .offset = kShift,
           .show = ShowCount,
+          .clamped = true,
           .parse = ParseWhole,
           .limit = kLargestCount,
           .length = 5};
@@ -56,14 +56,18 @@ constexpr FieldRow kRows[] = {
 FrmAzione::FrmAzione()
     : DataForm("FrmAzione", kLoadThreshold),
       Presenza1{.record = GateRecord(kHotDrinks), .while_loading = Gate::WhileLoading::kCountsChanges},
-      rows_(Body(), {.caption = "Label6", .value = "Label10", .box = "Text1", .bar = "HScroll1"}, kRows,
-            InArrival) {
+      rows_(Body(),
+            {.caption = "Label6",
+             .value = "Label10",
+             .box = "Text1",
+             .bar = "HScroll1",
+             .opening_fills_box = true},
+            kRows, InArrival) {
   auto* grid = new QGridLayout(Body());
-  grid->setColumnStretch(2, 1);
+  rows_.PlaceIn(*grid, 0, rows_.size() - 1);
   grid->setRowStretch(rows_.size(), 1);
   const QScopedValueRollback guard(InArrival, true);
   for (int n = 0; n < rows_.size(); ++n) {
-    rows_[n].PlaceIn(*grid, n, 0);
     rows_[n].bar().SetValue(kFirstPosition);
   }
 }
@@ -71,7 +75,7 @@ FrmAzione::FrmAzione()
 void FrmAzione::Load() {
   InitDati();
   InitMessaggi();
-  DisableLumeno();
+  SetLumenoEnabled(false);
   FormCentre(*this);
 }
 
@@ -85,7 +89,7 @@ void FrmAzione::Unload() {
 void FrmAzione::InitDati() {
   Subscribe({kMainBoard, GateRecord(kHotDrinks)});
   rows_.Subscribe();
-  Listen(Presenza1, [this] { FollowGate(); });
+  Listen(Presenza1, [this] { Loaded(); });
   Listen(rows_);
 }
 
@@ -94,21 +98,11 @@ void FrmAzione::InitMessaggi() {
   rows_.SetCaptions();
 }
 
-void FrmAzione::EnableLumeno() {
+void FrmAzione::SetLumenoEnabled(bool enabled) {
+  rows_.SetOpen(kHotDrinks, enabled);
   for (int n = 0; n < rows_.size(); ++n) {
-    rows_[n].SetOpen(true);
-    rows_[n].SetLabelsEnabled(true);
-    rows_[n].TakeValueText();
+    rows_[n].SetLabelsEnabled(enabled);
   }
 }
-
-void FrmAzione::DisableLumeno() {
-  for (int n = 0; n < rows_.size(); ++n) {
-    rows_[n].SetOpen(false);
-    rows_[n].SetLabelsEnabled(false);
-  }
-}
-
-void FrmAzione::FollowGate() { Presenza1.Open() ? EnableLumeno() : DisableLumeno(); }
 
 }  // namespace dosmara

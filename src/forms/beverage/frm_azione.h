@@ -17,10 +17,8 @@ class FrmAzione : public DataForm {
 
  private:
   void InitDati();
-  void EnableLumeno();
-  void DisableLumeno();
-  void FollowGate();
-  void Loaded() override { FollowGate(); }
+  void SetLumenoEnabled(bool enabled);
+  void Loaded() override { SetLumenoEnabled(Presenza1.Open()); }
 
   Gate Presenza1;
   FieldRows rows_;

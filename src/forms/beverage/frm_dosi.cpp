@@ -10,16 +10,6 @@ namespace dosmara {
 
 using namespace dosi;
 
-namespace {
-
-constexpr int kLoadThreshold = 23;
-
-// Models without some of the controls.
-constexpr int kFirstModelWithPartTests = 21;
-constexpr int kFirstModelWithDelay = 25;
-
-}  // namespace
-
 FrmDosi::FrmDosi()
     : DataForm("FrmDosi", kLoadThreshold),
       Presenza1{.record = kGateRecord, .mask = kInUse, .presence = 0},
