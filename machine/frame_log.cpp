@@ -70,6 +70,7 @@ std::string FrameLog::Describe(const Request& request, const Cell* cell) const {
     const std::string name = names_.NameOf(request.node, cell->number);
     return text + "record " + std::to_string(cell->number) + (name.empty() ? "" : " " + name);
   }
+  if (IsPortTest(request)) return text + "port test";
   const Address& at = request.address;
   char place[40];
   std::snprintf(place, sizeof place, "address %02X:%02X:%02X control %02X", at.bank, at.high, at.low,

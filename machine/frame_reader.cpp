@@ -25,6 +25,10 @@ std::uint8_t Sum(std::span<const std::uint8_t> bytes) {
 
 }  // namespace
 
+bool IsPortTest(const Request& request) {
+  return request.node == 0 && !request.write && request.address == Address{};
+}
+
 int NodeOfLetter(std::uint8_t letter) {
   switch (letter) {
     case 'Q':

@@ -47,6 +47,9 @@ struct Request {
   Bytes frame;             // all bytes as they came
 };
 
+// A read of node 0 at address 0, by which a tool finds out whether a machine is there.
+bool IsPortTest(const Request& request);
+
 // The node that a letter of a forwarded frame calls: Q node 1, V node 2, W node 3, any other 0.
 int NodeOfLetter(std::uint8_t letter);
 

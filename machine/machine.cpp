@@ -21,8 +21,6 @@ constexpr Time kLateTurnaround = 1200ms;
 // From switch-on to the first reply.
 constexpr Time kStartUp = 2s;
 
-constexpr Address kPortTest{};
-
 }  // namespace
 
 Machine::Machine(Boards boards, std::uint32_t seed, FrameLog log)
@@ -126,8 +124,7 @@ void Machine::Handle(const Request& request) {
   last_request_ = now();
   log_.In(now(), request, cell);
   if (muted_ || now() < ready_at_ || !presence_.IsPresent(request.node)) return;
-  const bool port_test = request.node == 0 && !request.write && request.address == kPortTest;
-  if (cell == nullptr && !port_test) return;
+  if (cell == nullptr && !IsPortTest(request)) return;
   if (faults_.Strikes(Fault::kSilence)) {
     ++traffic_.errors;
     return;

@@ -56,6 +56,13 @@ TEST_F(FrameLogTest, NamesIdentificationAndUnknownAddresses) {
   EXPECT_NE(lines_[2].find("node 0  read   address 09:0A:0B control 00 "), std::string::npos);
 }
 
+TEST_F(FrameLogTest, NamesTheReadThatLooksForAMachine) {
+  Ask({0, 0, 0, 0, 0});
+  ASSERT_EQ(lines_.size(), 2u);
+  EXPECT_NE(lines_[0].find("in   node 0  read   port test "), std::string::npos);
+  EXPECT_NE(lines_[1].find("out  node 0  read   port test "), std::string::npos);
+}
+
 TEST_F(FrameLogTest, TellsBytesThatAreNoRequest) {
   Ask({1, 2, 3});
   ASSERT_EQ(lines_.size(), 1u);
