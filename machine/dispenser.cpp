@@ -13,8 +13,6 @@ namespace {
 
 using namespace std::chrono_literals;
 
-constexpr int kSelectionRecord = 315;
-constexpr int kPartRecord = 316;
 constexpr int kUnitRecord = 358;
 
 constexpr std::uint32_t kComplete = 2;
@@ -107,6 +105,9 @@ std::string Dispenser::ObstacleTo(const Serving& serving) const {
   const std::string board = "the board at node " + std::to_string(serving.node);
   if (!presence_.IsPresent(serving.node)) return board + " is absent";
   if (InTestMode(boards_, serving.node)) return board + " is in test mode";
+  if (serving.kind == Serving::Kind::kProduct && MotorsRun(boards_, serving.node)) {
+    return "the motors of " + board + " are on their way to zero";
+  }
   if (const auto missing = supplies_.MissingFor(serving)) {
     return "what is missing or full: " + std::string(kSupplyNames[static_cast<std::size_t>(*missing)]);
   }

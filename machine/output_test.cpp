@@ -44,6 +44,10 @@ bool InTestMode(const Boards& boards, int node) {
   return (boards[static_cast<std::size_t>(node)].Get(PlaceOf(node).mode) & kTestBit) != 0;
 }
 
+bool MotorsRun(const Boards& boards, int node) {
+  return (boards[static_cast<std::size_t>(node)].Get(kUnitStatusRecord) & kMotorsBit) != 0;
+}
+
 void OutputTest::OnWrite(int node, int record) {
   if (node == 0 || record != PlaceOf(node).command) return;
   const Board& board = boards_[static_cast<std::size_t>(node)];

@@ -34,6 +34,8 @@ inline constexpr std::uint32_t kMotorsBit = 2;
 
 // True while the board of nodes 1 to 3 is in test mode.
 bool InTestMode(const Boards& boards, int node);
+// True while the motors of the unit at node 2 or 3 are on their way to zero.
+bool MotorsRun(const Boards& boards, int node);
 
 class OutputTest : public Concern {
  public:

@@ -19,7 +19,7 @@ constexpr Time kWayToZero = 3s;
 void UnitMotors::OnWrite(int node, int record) {
   if (node < 2 || record != kUnitCommandRecord) return;
   Board& board = boards_[static_cast<std::size_t>(node)];
-  const bool busy = (board.Get(kUnitStatusRecord) & (kTestBit | kMotorsBit)) != 0;
+  const bool busy = InTestMode(boards_, node) || MotorsRun(boards_, node);
   if (board.Get(record) != kZeroCommand || busy) return;
   SetBits(board, kUnitStatusRecord, kMotorsBit, true);
   schedule_.In(kWayToZero, [&board] { SetBits(board, kUnitStatusRecord, kMotorsBit, false); });
