@@ -3,18 +3,14 @@
 
 #include <algorithm>
 #include <cstdio>
+#include <utility>
 #include <vector>
 
 #include "machine/arguments.h"
+#include "machine/main_board_records.h"
 
 namespace machine {
 namespace {
-
-constexpr int kCommandRecord = 314;
-constexpr int kSelectionRecord = 315;
-constexpr int kPartRecord = 316;
-constexpr int kMinuteRecord = 320;
-constexpr int kHourRecord = 321;
 
 struct Place {
   int node;
@@ -30,7 +26,7 @@ Place PlaceIn(Machine& machine, std::string_view node_text, std::string_view rec
 }  // namespace
 
 Console::Console(Machine& machine, Plug& plug)
-    : machine_(machine), plug_(plug), scenario_(Check, [this](std::string_view command) {
+    : machine_(machine), plug_(plug), scenario_(CheckInScenario, [this](std::string_view command) {
         const std::string reply = Execute(command);
         machine_.log().Note(machine_.now(), "scenario: " + std::string(command) + ": " + reply);
       }) {
@@ -72,14 +68,20 @@ std::string Console::Set(Arguments arguments) {
 }
 
 std::string Console::Test(Arguments arguments) {
-  const std::uint32_t command = NumberIn("command", arguments[0], 1, 255);
+  const std::uint32_t command = NumberIn("command", arguments[0], 2, 7);
   const std::uint32_t selection = NumberIn("selection", arguments[1], 0, 255);
   const std::uint32_t part = arguments.size() == 3 ? NumberIn("part", arguments[2], 0, 255) : 0;
   if (machine_.dispenser().busy()) throw CommandError("the machine is dispensing");
-  machine_.Write(0, kSelectionRecord, selection);
-  machine_.Write(0, kPartRecord, part);
-  machine_.Write(0, kCommandRecord, command);
-  return {};
+  const std::pair<int, std::uint32_t> wanted[] = {
+      {kSelectionRecord, selection}, {kPartRecord, part}, {kCommandRecord, command}};
+  std::vector<std::pair<int, std::uint32_t>> before;
+  for (const auto& [record, value] : wanted) {
+    before.emplace_back(record, machine_.board(0).Get(record));
+    machine_.Write(0, record, value);
+  }
+  if (machine_.dispenser().busy()) return {};
+  for (const auto& [record, value] : before) machine_.board(0).Set(record, value);
+  throw CommandError("the machine does not start that");
 }
 
 std::string Console::Absent(Arguments arguments) { return SetPresence(arguments[0], false); }
@@ -149,18 +151,19 @@ std::string Console::Status(Arguments) {
     faults += (faults.empty() ? "" : ",") + std::string(kFaultNames[i]);
   }
   const Traffic& traffic = machine_.traffic();
+  const int minute = machine_.calendar().minute_of_day();
   char text[512];
   std::snprintf(
       text, sizeof text,
       "time %.3f model %d plugged %s muted %s absent %s dispensing %s faults %s requests %u replies %u "
-      "dropped %u serving %s connection %s frames/s %u errors %u speed %u clock %02u:%02u scenario %zu",
+      "dropped %u serving %s connection %s frames/s %u errors %u speed %u clock %02d:%02d scenario %zu",
       std::chrono::duration<double>(machine_.now()).count(), machine_.board(0).identity().model,
       plug_.plugged() ? "yes" : "no", machine_.muted() ? "yes" : "no",
       absent.empty() ? "none" : absent.c_str(), machine_.dispenser().busy() ? "yes" : "no",
       faults.empty() ? "none" : faults.c_str(), traffic.requests, traffic.replies, traffic.dropped_bytes,
       machine_.dispenser().Describe().c_str(), machine_.connected() ? "alive" : "quiet",
-      machine_.frames_per_second(), traffic.errors, machine_.speed(), machine_.board(0).Get(kHourRecord),
-      machine_.board(0).Get(kMinuteRecord), scenario_.left());
+      machine_.frames_per_second(), traffic.errors, machine_.speed(), minute / 60, minute % 60,
+      scenario_.left());
   return text;
 }
 

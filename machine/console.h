@@ -50,8 +50,10 @@ class Console {
   struct Command;
   static std::span<const Command> Commands();
   static const Command* Find(std::string_view name);
+  static std::string Usage(const Command& command);
   // Why a line cannot be a command, or nothing.
   static std::string Check(std::string_view line);
+  static std::string CheckInScenario(std::string_view line);
 
   std::string Help(Arguments arguments);
   std::string Get(Arguments arguments);

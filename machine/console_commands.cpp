@@ -75,11 +75,15 @@ const Console::Command* Console::Find(std::string_view name) {
   return found == commands.end() ? nullptr : &*found;
 }
 
+std::string Console::Usage(const Command& command) {
+  const std::string name(command.name);
+  return command.arguments.empty() ? name : name + " " + std::string(command.arguments);
+}
+
 std::string Console::CommandList() {
   std::string text;
   for (const Command& command : Commands()) {
-    text += "  " + std::string(command.name) + " " + std::string(command.arguments) + "\n      " +
-            std::string(command.help) + "\n";
+    text += "  " + Usage(command) + "\n      " + std::string(command.help) + "\n";
   }
   return text;
 }
@@ -91,7 +95,15 @@ std::string Console::Check(std::string_view line) {
   if (command == nullptr) return "no command " + Quoted(words.front()) + ", try help";
   const std::size_t arguments = words.size() - 1;
   if (arguments >= command->least && arguments <= command->most) return {};
-  return "usage: " + std::string(command->name) + " " + std::string(command->arguments);
+  return "usage: " + Usage(*command);
+}
+
+// A scenario keeps the time of its lines by itself, and begins no other.
+std::string Console::CheckInScenario(std::string_view line) {
+  if (auto wrong = Check(line); !wrong.empty()) return wrong;
+  const std::string_view name = Words(line).front();
+  if (name == "wait" || name == "scenario") return Quoted(name) + " has no place in a scenario";
+  return {};
 }
 
 std::string Console::Execute(std::string_view line) {
@@ -114,8 +126,7 @@ std::string Console::Help(Arguments arguments) {
   }
   const Command* command = Find(arguments[0]);
   if (command == nullptr) throw CommandError("no command " + Quoted(arguments[0]));
-  return std::string(command->name) + " " + std::string(command->arguments) + ": " +
-         std::string(command->help);
+  return Usage(*command) + ": " + std::string(command->help);
 }
 
 template <int Identity::*kPart, std::uint32_t kLargest>

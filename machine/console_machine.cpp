@@ -14,6 +14,22 @@ namespace {
 // Records that set the clock: hour, minute, day, month, year less 2000.
 constexpr int kFirstClockRecord = 326;
 
+// Words of a sale.
+struct PaymentWord {
+  std::string_view word;
+  Payment payment;
+};
+constexpr PaymentWord kPayments[] = {
+    {"paid", Payment::kCoins}, {"key", Payment::kKey}, {"free", Payment::kFree}};
+struct ExtraWord {
+  std::string_view word;
+  bool Order::*field;
+};
+constexpr ExtraWord kExtras[] = {{"jug", &Order::jug},
+                                 {"sugar", &Order::extra_sugar},
+                                 {"milk", &Order::extra_milk},
+                                 {"no-cup", &Order::no_cup}};
+
 // A selection as "3", a position as "2:34".
 Order OrderFor(std::string_view text) {
   Order order;
@@ -49,7 +65,10 @@ std::vector<std::uint32_t> DateFields(std::string_view text) {
     const auto year = Number(text.substr(0, 4), 2000, 2099);
     const auto month = Number(text.substr(5, 2), 1, 12);
     const auto day = Number(text.substr(8, 2), 1, 31);
-    if (year && month && day) fields = {*year - 2000, *month, *day};
+    const auto date = [](auto y, auto m, auto d) {
+      return std::chrono::year(static_cast<int>(y)) / std::chrono::month(m) / std::chrono::day(d);
+    };
+    if (year && month && day && date(*year, *month, *day).ok()) fields = {*year - 2000, *month, *day};
   }
   if (fields.empty()) throw CommandError("a date such as 2024-03-04, not " + Quoted(text));
   return fields;
@@ -59,33 +78,26 @@ std::vector<std::uint32_t> DateFields(std::string_view text) {
 
 std::string Console::Vend(Arguments arguments) {
   Order order = OrderFor(arguments[0]);
-  Payment payment = Payment::kCoins;
+  std::optional<Payment> payment;
   std::optional<std::uint32_t> paid;
   for (std::size_t i = 1; i < arguments.size(); ++i) {
-    const std::string_view word = arguments[i];
-    if (word == "paid") {
-      if (i + 1 < arguments.size() && Number(arguments[i + 1], 0, 65535)) {
-        paid = Number(arguments[++i], 0, 65535);
+    const auto means = std::ranges::find(kPayments, arguments[i], &PaymentWord::word);
+    const auto extra = std::ranges::find(kExtras, arguments[i], &ExtraWord::word);
+    if (means != std::end(kPayments)) {
+      if (payment) throw CommandError("only one of paid, key and free");
+      payment = means->payment;
+      const bool amount_follows = i + 1 < arguments.size() && arguments[i + 1].front() <= '9';
+      if (payment == Payment::kCoins && amount_follows) {
+        paid = NumberIn("amount", arguments[++i], 0, 65535);
       }
-    } else if (word == "key") {
-      payment = Payment::kKey;
-    } else if (word == "free") {
-      payment = Payment::kFree;
-    } else if (word == "jug") {
-      order.jug = true;
-    } else if (word == "sugar") {
-      order.extra_sugar = true;
-    } else if (word == "milk") {
-      order.extra_milk = true;
-    } else if (word == "no-cup") {
-      order.no_cup = true;
+    } else if (extra != std::end(kExtras)) {
+      order.*extra->field = true;
     } else {
-      throw CommandError("no way to buy " + Quoted(word) + ", try help vend");
+      throw CommandError("no way to buy " + Quoted(arguments[i]) + ", try help vend");
     }
   }
-  if (const auto refusal = machine_.sales().Vend(order, payment, paid); !refusal.empty()) {
-    throw CommandError(refusal);
-  }
+  const auto refusal = machine_.sales().Vend(order, payment.value_or(Payment::kCoins), paid);
+  if (!refusal.empty()) throw CommandError(refusal);
   return {};
 }
 
@@ -155,7 +167,7 @@ std::string Console::Clock(Arguments arguments) {
     return {};
   }
   const auto time = TimeOfDay(arguments[0]);
-  if (!time) throw CommandError("a time such as 08:00, not " + Quoted(arguments[0]));
+  if (!time || *time % 60 != 0) throw CommandError("a time such as 08:00, not " + Quoted(arguments[0]));
   std::vector<std::uint32_t> date;
   if (arguments.size() == 2) date = DateFields(arguments[1]);
   if (!machine_.calendar().fitted()) throw CommandError("no clock is fitted");

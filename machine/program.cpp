@@ -9,6 +9,8 @@
 #include <iostream>
 #include <system_error>
 
+#include "machine/lines.h"
+
 namespace machine {
 namespace {
 
@@ -23,7 +25,9 @@ Boards LoadMachine(const Options& options) {
 }
 
 RecordNames LoadNames(const Options& options) {
-  return RecordNames::Load(options.names.empty() ? options.boards : options.names);
+  if (options.names.empty()) return RecordNames::Load(options.boards);
+  if (!std::filesystem::is_directory(options.names)) throw FileError(options.names + ": no such folder");
+  return RecordNames::Load(options.names);
 }
 
 // Lets the end signals in only while the program waits, so that none is missed between test and wait.
@@ -54,9 +58,9 @@ Program::Program(const Options& options)
     if (const auto wrong = console_.Play(options_.scenario); !wrong.empty()) throw FileError(wrong);
   }
   if (!options_.script.empty()) {
-    std::ifstream script(options_.script);
+    const auto script = LinesOf(options_.script);
     if (!script) throw FileError(options_.script + ": cannot be read");
-    for (std::string line; std::getline(script, line);) console_.Add(line);
+    for (const std::string& line : *script) console_.Add(line);
   }
   pty_.emplace(options_.link);
 }
@@ -96,7 +100,11 @@ FrameLog Program::MakeLog() {
 }
 
 void Program::RunCommands() {
-  while (const auto reply = console_.RunNext()) std::cout << *reply << std::endl;
+  while (!ended_) {
+    const auto reply = console_.RunNext();
+    if (!reply) return;
+    std::cout << *reply << std::endl;
+  }
 }
 
 void Program::SendBytes() {

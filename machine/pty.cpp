@@ -82,9 +82,13 @@ void Pty::Write(std::span<const std::uint8_t> bytes) {
 void Pty::PlaceLink() const {
   const std::filesystem::path fresh = link_.string() + ".new";
   std::error_code ignored;
+  std::error_code failure;
   std::filesystem::remove(fresh, ignored);
-  std::filesystem::create_symlink(device_, fresh);
-  std::filesystem::rename(fresh, link_);
+  std::filesystem::create_symlink(device_, fresh, failure);
+  if (!failure) std::filesystem::rename(fresh, link_, failure);
+  if (!failure) return;
+  std::filesystem::remove(fresh, ignored);
+  throw std::system_error(failure, link_.string());
 }
 
 }  // namespace machine

@@ -2,9 +2,9 @@
 #include "machine/scenario.h"
 
 #include <algorithm>
-#include <fstream>
 #include <utility>
 
+#include "machine/lines.h"
 #include "machine/text.h"
 
 namespace machine {
@@ -32,14 +32,12 @@ std::optional<int> TimeOfDay(std::string_view text) {
 }
 
 std::string Scenario::Start(const std::string& path, const std::function<int()>& second_of_day) {
-  std::ifstream file(path);
-  if (!file) return path + ": cannot be read";
+  const auto lines = LinesOf(path);
+  if (!lines) return path + ": cannot be read";
   std::deque<Step> steps;
-  int number = 0;
-  for (std::string line; std::getline(file, line);) {
-    ++number;
-    if (const auto wrong = ReadLine(line, steps); !wrong.empty()) {
-      return path + ":" + std::to_string(number) + ": " + wrong;
+  for (std::size_t i = 0; i < lines->size(); ++i) {
+    if (const auto wrong = ReadLine((*lines)[i], steps); !wrong.empty()) {
+      return path + ":" + std::to_string(i + 1) + ": " + wrong;
     }
   }
   for (; !steps.empty() && !steps.front().at; steps.pop_front()) run_(steps.front().command);

@@ -1,6 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // Commands on the machine behind the line.
+#include <fstream>
+
 #include "console_fixture.h"
+#include "temp_folder.h"
 
 namespace machine {
 namespace {
@@ -41,6 +44,17 @@ TEST_F(ConsoleMachineTest, VendRefusesWhatCannotBeBought) {
   EXPECT_EQ(Run("vend 1 stolen"), "error: no way to buy 'stolen', try help vend");
   EXPECT_EQ(Run("vend 1 paid 30"), "error: the price is 40");
   EXPECT_EQ(Run("vend 2"), "error: there is nothing to dispense");
+  EXPECT_FALSE(machine_.dispenser().busy());
+}
+
+TEST_F(ConsoleMachineTest, VendRefusesAnAmountOrAMeansThatCannotBe) {
+  Set(1, 34, 255);
+  Set(1, 148, 40);
+  EXPECT_EQ(Run("vend 1 paid 65536"), "error: amount must be 0 to 65535, not '65536'");
+  EXPECT_EQ(Run("vend 1 paid 5x"), "error: amount must be 0 to 65535, not '5x'");
+  EXPECT_EQ(Run("vend 1 paid key"), "error: only one of paid, key and free");
+  EXPECT_EQ(Run("vend 1 free free"), "error: only one of paid, key and free");
+  EXPECT_EQ(Run("vend 1 key 50"), "error: no way to buy '50', try help vend");
   EXPECT_FALSE(machine_.dispenser().busy());
 }
 
@@ -91,6 +105,8 @@ TEST_F(ConsoleMachineTest, ClockIsSetTakenOutAndPutIn) {
   EXPECT_EQ(Get(0, 322), 4u);
   EXPECT_EQ(Run("clock 25:00"), "error: a time such as 08:00, not '25:00'");
   EXPECT_EQ(Run("clock 08:00 4.3.2024"), "error: a date such as 2024-03-04, not '4.3.2024'");
+  EXPECT_EQ(Run("clock 08:00 2023-02-29"), "error: a date such as 2024-03-04, not '2023-02-29'");
+  EXPECT_EQ(Run("clock 08:00:30"), "error: a time such as 08:00, not '08:00:30'");
   EXPECT_EQ(Get(0, 321), 9u);
   EXPECT_EQ(Run("clock missing"), "ok");
   EXPECT_EQ(Get(0, 317) & 4, 0u);
@@ -145,14 +161,24 @@ TEST_F(ConsoleMachineTest, AScenarioOfAMissingFileIsRefused) {
   EXPECT_EQ(Run("scenario stop"), "ok");
 }
 
+TEST_F(ConsoleMachineTest, AScenarioNeitherWaitsNorBeginsAScenario) {
+  const TempFolder folder;
+  const std::string day = (folder / "day").string();
+  std::ofstream(day) << "scenario " << day << "\n";
+  EXPECT_EQ(Run("scenario " + day), "error: " + day + ":1: 'scenario' has no place in a scenario");
+  std::ofstream(day) << "at 08:00 wait 5\n";
+  EXPECT_EQ(Run("scenario " + day), "error: " + day + ":1: 'wait' has no place in a scenario");
+}
+
 TEST_F(ConsoleMachineTest, HelpNamesEachCommandWithItsArguments) {
   const std::string list = Console::CommandList();
   for (const char* name :
        {"vend", "customers", "alarm", "exhaust", "service", "break", "mend", "door", "tubes", "key", "clock",
         "languages", "speed", "scenario", "model", "revision", "quit"}) {
-    EXPECT_NE(list.find("\n  " + std::string(name) + " "), std::string::npos) << name;
+    EXPECT_NE(list.find("\n  " + std::string(name)), std::string::npos) << name;
     EXPECT_TRUE(Run("help " + std::string(name)).starts_with("ok ")) << name;
   }
+  EXPECT_EQ(list.find(" \n"), std::string::npos);
 }
 
 }  // namespace

@@ -48,6 +48,19 @@ TEST_F(ConsoleTest, TestStartsDispensingAsTheToolWould) {
   EXPECT_TRUE(machine_.dispenser().busy());
 }
 
+TEST_F(ConsoleTest, ATestThatTheMachineDoesNotStartIsRefusedAndChangesNothing) {
+  Set(0, 315, 7);
+  Set(0, 316, 8);
+  EXPECT_EQ(Run("test 2 1"), "error: the machine does not start that") << "no water is set";
+  Set(1, 148, 40);
+  EXPECT_EQ(Run("test 5 1"), "error: the machine does not start that");
+  EXPECT_EQ(Run("test 2 23"), "error: the machine does not start that");
+  EXPECT_EQ(Run("test 1 1"), "error: command must be 2 to 7, not '1'");
+  EXPECT_EQ(Get(0, 315), 7u);
+  EXPECT_EQ(Get(0, 316), 8u);
+  EXPECT_EQ(Get(0, 314), 0u);
+}
+
 TEST_F(ConsoleTest, AbsentAndPresentMoveABoard) {
   EXPECT_EQ(Run("absent 2"), "ok");
   EXPECT_FALSE(machine_.presence().IsPresent(2));
@@ -129,6 +142,7 @@ TEST_F(ConsoleTest, HelpNamesEveryCommandInOneLine) {
       "languages, speed, scenario, absent, present, model, board-code, type, revision, file-number, fault, "
       "mute, restart, unplug, replug, log, status, wait, quit");
   EXPECT_EQ(Run("help get"), "ok get NODE RECORD: prints node, record and value");
+  EXPECT_EQ(Run("help quit"), "ok quit: ends the program");
   EXPECT_EQ(Run("help dance"), "error: no command 'dance'");
 }
 

@@ -12,6 +12,7 @@
 #include <chrono>
 #include <filesystem>
 #include <fstream>
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -88,6 +89,19 @@ class ProgramTest : public testing::Test {
     return ReadLine();
   }
 
+  // Asks every 20 ms of the machine's time until `condition` holds; false after a deadline.
+  bool Comes(const std::function<bool()>& condition) {
+    const auto deadline = std::chrono::steady_clock::now() + 20s;
+    while (!condition()) {
+      if (std::chrono::steady_clock::now() > deadline) return false;
+      EXPECT_EQ(Command("wait 20"), "ok");
+    }
+    return true;
+  }
+  bool Replies(const std::string& command, const std::string& reply) {
+    return Comes([&] { return Command(command) == reply; });
+  }
+
   // Opens the line by its link, sends the port test and returns what comes back, two bytes at most.
   Bytes PortTest() {
     const Descriptor line(open(link().c_str(), O_RDWR | O_NOCTTY));
@@ -148,10 +162,35 @@ TEST_F(ProgramTest, PlaysAScenarioInAFastDay) {
   const fs::path day = folder_ / "a day";
   std::ofstream(day) << "clock 08:00\nat 08:30 languages 8\n";
   StartMachine({"--scenario", day.string(), "--speed", "3600"});
-  std::string reply;
-  const auto deadline = std::chrono::steady_clock::now() + 10s;
-  while (reply != "ok 0 317 12" && std::chrono::steady_clock::now() < deadline) reply = Command("get 0 317");
-  EXPECT_EQ(reply, "ok 0 317 12");
+  EXPECT_TRUE(Replies("get 0 317", "ok 0 317 12"));
+}
+
+// One customer a second who finds no drinks: which product is handed out first is decided by the seed.
+TEST_F(ProgramTest, TheSameSeedAndScenarioGiveTheSameRun) {
+  const std::string day = (folder_ / "day").string();
+  std::ofstream(day) << "clock 08:00\nset 1 34 0\nset 1 35 0\nset 1 36 0\ncustomers 3600\n"
+                        "at 08:00:30 customers 0\nat 08:00:40 languages 8\n";
+  const auto run = [&](const char* seed) {
+    StartMachine({"--scenario", day, "--speed", "60", "--seed", seed, "--log", (folder_ / seed).string()});
+    EXPECT_TRUE(Replies("get 0 317", "ok 0 317 12"));
+    const auto idle = [this] { return Command("status").find(" dispensing no ") != std::string::npos; };
+    EXPECT_TRUE(Comes(idle));
+    std::string counters;
+    for (const char* node : {"get 2 ", "get 3 "}) {
+      for (int record = 71; record <= 118; ++record) counters += Command(node + std::to_string(record));
+    }
+    EXPECT_EQ(Command("quit"), "ok");
+    EXPECT_EQ(ExitCode(), 0);
+    close(commands_);
+    close(replies_);
+    std::ifstream log(folder_ / seed);
+    return counters + std::string(std::istreambuf_iterator<char>(log), {});
+  };
+  const std::string first = run("5");
+  EXPECT_NE(first.find("scenario: customers 0: ok"), std::string::npos);
+  EXPECT_EQ(first, run("5"));
+  EXPECT_NE(first, run("6"));
+  commands_ = replies_ = -1;
 }
 
 TEST_F(ProgramTest, RefusesABadScenarioInOneLineWithCode1) {
@@ -226,7 +265,8 @@ TEST_F(ProgramTest, TheEndOfItsCommandsIsNotItsEnd) {
 
 TEST_F(ProgramTest, EndsInOrderOnQuitAndOnSignals) {
   StartMachine();
-  EXPECT_EQ(Command("quit"), "ok");
+  EXPECT_EQ(Command("quit\nstatus"), "ok");
+  EXPECT_EQ(ReadLine(), "") << "nothing is carried out behind it";
   EXPECT_EQ(ExitCode(), 0);
   EXPECT_FALSE(fs::exists(fs::symlink_status(link())));
   for (const int signal : {SIGTERM, SIGINT}) {
@@ -249,6 +289,21 @@ TEST_F(ProgramTest, NamesAFileThatIsMissingWithCode1) {
   Start({"--boards", folder_.path().string()});
   EXPECT_EQ(ReadLine(), "dosmara-machine: " + (folder_ / "W0256.inx").string() + ": cannot be read");
   EXPECT_EQ(ExitCode(), 1);
+  const std::string missing = (folder_ / "none" / "com1").string();
+  const struct {
+    std::string option, argument, reason;
+  } bad[] = {{"--link", missing, ": No such file or directory"},
+             {"--log", missing, ": cannot be written"},
+             {"--names", missing, ": no such folder"},
+             {"--script", folder_.path().string(), ": cannot be read"},
+             {"--scenario", folder_.path().string(), ": cannot be read"}};
+  for (const auto& [option, argument, reason] : bad) {
+    close(commands_);
+    close(replies_);
+    Start({"--boards", MACHINE_BOARDS, option, argument});
+    EXPECT_EQ(ReadLine(), "dosmara-machine: " + argument + reason);
+    EXPECT_EQ(ExitCode(), 1);
+  }
 }
 
 TEST_F(ProgramTest, LogsFramesToAFile) {

@@ -77,6 +77,8 @@ TEST_F(ScenarioTest, ABadLineIsNamedAndNothingRuns) {
   EXPECT_EQ(Play("at 12:00\n"), path_ + ":1: at TIME COMMAND");
   EXPECT_EQ(Play("at 12:00 good\ngood\n"), path_ + ":2: a line without 'at' behind one with it");
   EXPECT_EQ(scenario_.Start("/nowhere/day.txt", [] { return 0; }), "/nowhere/day.txt: cannot be read");
+  const std::string folder = folder_.path().string();
+  EXPECT_EQ(scenario_.Start(folder, [] { return 0; }), folder + ": cannot be read");
   EXPECT_EQ(ran_, Lines{});
   EXPECT_EQ(scenario_.left(), 0u);
 }
