@@ -1,8 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "machine/alarms.h"
 
-#include <fstream>
-#include <set>
 #include <vector>
 
 #include "machine_fixture.h"
@@ -66,14 +64,6 @@ TEST_F(AlarmsTest, ABoardTakenAwayIsLoggedOnce) {
   EXPECT_EQ(Entry(2)[5], 21u);
   machine_.SetPresent(2, true);
   EXPECT_EQ(Get(0, 86), 2u);
-}
-
-// The machine raises codes 1 to 27; the text of a code is line 403 + code.
-TEST_F(AlarmsTest, EachCodeThatTheMachineRaisesHasWordsOfItsOwn) {
-  std::ifstream captions(MACHINE_CAPTIONS);
-  std::set<std::string> lines;
-  for (std::string line; std::getline(captions, line);) lines.insert(line.substr(0, line.find('\t')));
-  for (int code = 1; code <= 27; ++code) EXPECT_TRUE(lines.contains(std::to_string(403 + code))) << code;
 }
 
 }  // namespace

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Whole days of a machine with its own boards: the shipped scenarios, and a week with customers and a tool.
+// Whole days of a machine with its own boards: the shipped scenarios, and a week with customers.
 #include <filesystem>
 #include <random>
 
