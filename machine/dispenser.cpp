@@ -116,7 +116,7 @@ std::string Dispenser::ObstacleTo(const Serving& serving) const {
 
 void Dispenser::Show(bool on) {
   SetBits(boards_[0], kStatusRecord, kDispensingBit, on);
-  if (serving_ && serving_->kind == Serving::Kind::kDrink && !InTestMode(boards_, 1)) {
+  if (brewing() && !InTestMode(boards_, 1)) {
     SetBits(boards_[1], kOutputsRecord, kPumpOutput, on);
   }
 }

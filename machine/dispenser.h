@@ -45,6 +45,8 @@ class Dispenser : public Concern {
 
   // True from the moment a serving is taken until its end.
   bool busy() const { return serving_.has_value(); }
+  // True while that is a whole drink.
+  bool brewing() const { return serving_ && serving_->kind == Serving::Kind::kDrink; }
   // What is being handed out, in one word.
   std::string Describe() const;
 

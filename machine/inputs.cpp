@@ -42,8 +42,9 @@ constexpr std::uint32_t kHotBand = 5;
 
 }  // namespace
 
-Inputs::Inputs(Boards& boards, const Supplies& supplies, const Dispenser& dispenser, Alarms& alarms)
-    : boards_(boards), supplies_(supplies), dispenser_(dispenser), alarms_(alarms) {
+Inputs::Inputs(Boards& boards, const Supplies& supplies, const Defects& defects, const Dispenser& dispenser,
+               Alarms& alarms)
+    : boards_(boards), supplies_(supplies), defects_(defects), dispenser_(dispenser), alarms_(alarms) {
   OnSecond();
 }
 
@@ -69,13 +70,13 @@ bool Inputs::Cause(std::size_t input) const {
     case kDoorClosed:
       return !door_open_;
     case kCoinMechanism:
-      return true;
+      return !defects_.Broken("coin-mechanism");
     case kBrewerAtRest:
-      return !dispenser_.busy();
+      return !dispenser_.brewing();
     case kCupsPresent:
       return supplies_.Has(Supply::kCups);
     case kCupInPosition:
-      return dispenser_.busy();
+      return dispenser_.brewing();
     case kWaterLevel:
       return supplies_.Has(Supply::kWater);
     case kGroundsFull:

@@ -7,6 +7,7 @@
 #include <optional>
 
 #include "machine/concern.h"
+#include "machine/defects.h"
 #include "machine/dispenser.h"
 #include "machine/supplies.h"
 
@@ -14,7 +15,8 @@ namespace machine {
 
 class Inputs : public Concern {
  public:
-  Inputs(Boards& boards, const Supplies& supplies, const Dispenser& dispenser, Alarms& alarms);
+  Inputs(Boards& boards, const Supplies& supplies, const Defects& defects, const Dispenser& dispenser,
+         Alarms& alarms);
 
   void OnSecond() override;
 
@@ -27,6 +29,7 @@ class Inputs : public Concern {
 
   Boards& boards_;
   const Supplies& supplies_;
+  const Defects& defects_;
   const Dispenser& dispenser_;
   Alarms& alarms_;
   bool door_open_ = false;

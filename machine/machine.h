@@ -125,7 +125,7 @@ class Machine {
   UnitMotors unit_motors_{boards_, schedule_};
   Dispenser dispenser_;
   Audit audit_{boards_, presence_, dispenser_};
-  Inputs inputs_{boards_, supplies_, dispenser_, alarms_};
+  Inputs inputs_{boards_, supplies_, defects_, dispenser_, alarms_};
   Climate climate_{boards_, defects_, alarms_};
   Sales sales_;
   std::array<Concern*, 10> concerns_ = {&settings_,  &calendar_, &supplies_, &output_test_, &unit_motors_,

@@ -193,6 +193,27 @@ TEST_F(InputsTest, ShowTheBrewerAndTheCupOfADrink) {
   EXPECT_FALSE(Bit(1, 544, 3));
 }
 
+TEST_F(InputsTest, AProductMovesNeitherBrewerNorCup) {
+  machine_.Write(0, 358, 86);
+  machine_.Write(0, 315, 39);
+  machine_.Write(0, 316, 16);
+  machine_.Write(0, 314, 2);
+  Pass(1s);
+  EXPECT_TRUE(machine_.dispenser().busy());
+  EXPECT_FALSE(Bit(1, 544, 0));
+  EXPECT_TRUE(Bit(1, 544, 3));
+}
+
+TEST_F(InputsTest, ShowABrokenCoinMechanism) {
+  EXPECT_FALSE(Bit(0, 318, 4));
+  machine_.defects().Break("coin-mechanism");
+  Pass(1s);
+  EXPECT_TRUE(Bit(0, 318, 4));
+  machine_.defects().Mend("coin-mechanism");
+  Pass(1s);
+  EXPECT_FALSE(Bit(0, 318, 4));
+}
+
 TEST_F(InputsTest, ShowAHotBoilerActiveHigh) {
   Set(1, 24, 92);
   machine_.Set(1, 542, 92);
