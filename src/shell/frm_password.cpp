@@ -22,14 +22,13 @@ struct Code {
   int line;
   int record;
   int mirror;
-  int digits;  // characters of the entry that are read
-  int largest;
+  int digits;  // characters of the entry that are read: the largest code has as many
 };
 
 constexpr Code kCodes[] = {
-    {.line = 240, .record = 1, .mirror = 203, .digits = 5, .largest = 99999},  // programming
-    {.line = 241, .record = 3, .mirror = 205, .digits = 5, .largest = 99999},  // sales data
-    {.line = 242, .record = 2, .mirror = 204, .digits = 4, .largest = 9999},   // clearing data
+    {.line = 240, .record = 1, .mirror = 203, .digits = 5},  // programming
+    {.line = 241, .record = 3, .mirror = 205, .digits = 5},  // sales data
+    {.line = 242, .record = 2, .mirror = 204, .digits = 4},  // clearing data
 };
 
 }  // namespace
@@ -116,8 +115,8 @@ void FrmPassword::Confirm(std::size_t n) {
     Show(n, in_force);
     return;
   }
-  const double entry = std::round(ParseNumeric(text.left(code.digits)).value_or(-1)) + 0.0;  // 0 for -0
-  const double value = entry < 0 || entry > code.largest ? in_force : entry;
+  const double entry = std::round(ParseNumeric(text.left(code.digits)).value_or(-1));
+  const double value = entry < 0 ? in_force : entry;
   Show(n, value);
   PutWithMirror(kMainBoard, code.record, code.mirror, value);
 }

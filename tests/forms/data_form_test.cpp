@@ -137,6 +137,18 @@ TEST_F(DataFormTest, AnArrivalWritesNothing) {
   EXPECT_EQ(Written(), Writes{});
 }
 
+TEST_F(DataFormTest, OnlyTheReturnOfAWriteIsMarked) {
+  TwoRows& form = OpenTwoRows();
+  const EchoMark& mark = form.rows[0].echo();
+  Arrive(1, 31, 0);
+  EXPECT_EQ(mark.state(), EchoMark::State::kNone);
+  BarOf("HScroll1(1)").SetValue(7);
+  Arrive(1, 31, 0);
+  EXPECT_EQ(mark.state(), EchoMark::State::kWaiting);
+  Arrive(1, 31, 7);
+  EXPECT_EQ(mark.state(), EchoMark::State::kTaken);
+}
+
 TEST_F(DataFormTest, TheGuardHoldsForTheWholeArrivalAndNoLonger) {
   TwoRows& form = OpenTwoRows();
   Arrive(3, 31, 6);

@@ -283,6 +283,11 @@ TEST_F(FrmTempiTest, TheTextToComeBackIsTheLastOneThatTheFormHasShown) {
   Arrive(1, 32, 77);
   Focus("HScroll1(0)");
   EXPECT_EQ(BoxText("txtTempi(0)"), "77");
+  ShowTab(2);
+  Type("txtzeth1(3)", "1");
+  Arrive(3, 309, 188);
+  Focus("HScroll3(3)");
+  EXPECT_EQ(BoxText("txtzeth1(3)"), "188");
 }
 
 TEST_F(FrmTempiTest, ClosingAGroupEmptiesNoOtherBox) {
