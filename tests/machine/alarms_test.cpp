@@ -46,6 +46,22 @@ TEST_F(AlarmsTest, TheEleventhAlarmTakesThePlaceOfTheFirst) {
   EXPECT_EQ(Entry(9)[5], 10u);
 }
 
+TEST_F(AlarmsTest, TheHighestCodeIsAnAlarmLikeAnyOther) {
+  machine_.alarms().Raise(203u);
+  machine_.alarms().Raise(5u);
+  EXPECT_EQ(Entry(0)[5], 203u);
+  EXPECT_EQ(Entry(1)[5], 5u);
+}
+
+TEST_F(AlarmsTest, AClearedRingBeginsAnew) {
+  for (std::uint32_t code = 1; code <= 4; ++code) machine_.alarms().Raise(code);
+  machine_.alarms().Clear();
+  EXPECT_EQ(Get(0, 86), 0u);
+  machine_.alarms().Raise(9u);
+  EXPECT_EQ(Entry(0)[5], 9u);
+  EXPECT_EQ(Entry(1), (std::vector<std::uint32_t>{0, 0, 0, 0, 0, 255}));
+}
+
 TEST_F(AlarmsTest, WithoutAClockThereIsNoDate) {
   Set(0, 322, 13);
   machine_.calendar().SetFitted(false);

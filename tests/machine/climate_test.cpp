@@ -70,6 +70,22 @@ TEST_F(ClimateTest, ADrinkCoolsTheBoiler) {
   EXPECT_LE(Get(1, 542), 90u);
 }
 
+TEST_F(ClimateTest, WhatIsNoDrinkLeavesTheBoilerWarm) {
+  Set(1, 24, 70);
+  Set(1, 148, 999);
+  Set(1, 280, 1);
+  machine_.Set(1, 542, 90);
+  for (const std::uint32_t command : {7u, 2u}) {
+    machine_.Write(0, 358, 86);
+    machine_.Write(0, 315, command == 7 ? 0 : 39);
+    machine_.Write(0, 316, command == 7 ? 66 : 16);
+    machine_.Write(0, 314, command);
+    EXPECT_TRUE(machine_.dispenser().busy());
+    Pass(4s);
+  }
+  EXPECT_EQ(Get(1, 542), 90u);
+}
+
 TEST_F(ClimateTest, ABrokenHeaterEndsInAColdBoilerAndOneAlarm) {
   machine_.defects().Break("heater");
   Pass(6h);

@@ -140,6 +140,10 @@ TEST(Day, AWeekOfCustomersAddsUp) {
   for (int record = 60; record <= 81; ++record) vends += day.Get(1, record);
   for (int record = 71; record <= 118; ++record) vends += day.Get(2, record) + day.Get(3, record);
   EXPECT_GT(vends, 1000u);
+  std::uint32_t drinks = 0;
+  for (int record = 60; record <= 81; ++record) drinks += day.Get(1, record);
+  EXPECT_NEAR(drinks, vends * 0.75, vends * 0.1) << "three of four buy a drink";
+  EXPECT_NEAR(day.Get(0, 344), day.Get(0, 128) / 8.0, day.Get(0, 128) * 0.05) << "one of eight has a key";
   EXPECT_EQ(day.Get(0, 123), vends);
   EXPECT_EQ(day.Get(0, 124), vends);
   EXPECT_EQ(day.Get(0, 127), day.Get(0, 128));

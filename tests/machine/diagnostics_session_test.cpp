@@ -104,9 +104,10 @@ TEST_F(OutputSession, InputsAndTemperaturesReadAsOfAMachineAtRest) {
   EXPECT_EQ(Read(1, 544) & (8 | 32 | 64), 104u) << "no cup placed, nothing full";
   EXPECT_EQ(Read(1, 546) & 1, 1u) << "the boiler is hot";
   EXPECT_NEAR(Read(1, 542), 92, 3);
+  Pass(5s);
   for (const int node : {2, 3}) {
     EXPECT_EQ(Read(node, 52), 5u);
-    EXPECT_NEAR(Read(node, 287) / 256.0, 5, 3);
+    EXPECT_NEAR(Read(node, 287) / 256.0, 5.5, 0.5);
   }
 }
 

@@ -133,6 +133,26 @@ TEST_F(DispenserTest, AProductOfAUnitTakesOneTurnOfItsSpiral) {
   ExpectDispensingFor(1500ms);
 }
 
+TEST_F(DispenserTest, ThePumpRunsForADrinkAndForNothingElse) {
+  Hold({{148, 40}, {280, 10}});
+  const auto pump_runs = [this] { return (Get(1, 547) & 32) != 0; };
+  Command(2, 1);
+  Pass(500ms);
+  EXPECT_TRUE(pump_runs());
+  Pass(5s);
+  EXPECT_FALSE(pump_runs());
+  Command(7, 0, 66);
+  Pass(500ms);
+  EXPECT_TRUE(Dispensing());
+  EXPECT_FALSE(pump_runs());
+  Pass(5s);
+  Set(0, 358, 86);
+  Command(2, 39, 16);
+  Pass(500ms);
+  EXPECT_TRUE(Dispensing());
+  EXPECT_FALSE(pump_runs());
+}
+
 TEST_F(DispenserTest, RefusesAPositionThatNoUnitHas) {
   Set(0, 358, 86);
   Command(2, 47, 16);

@@ -139,6 +139,19 @@ TEST_F(OutputTestTest, ABoardInTestModeDispensesNothing) {
   EXPECT_FALSE(machine_.dispenser().busy());
 }
 
+TEST_F(OutputTestTest, ADrinkThatEndsInTestModeLeavesTheToolsOutputsAlone) {
+  Set(1, 148, 40);
+  machine_.Write(0, 315, 1);
+  machine_.Write(0, 314, 2);
+  Pass(500ms);
+  EXPECT_EQ(Get(1, 547) & 32, 32u);
+  EnterAll();
+  CommandDrinksUnit(2, {32, 0, 0, 0});
+  Pass(5s);
+  EXPECT_FALSE(machine_.dispenser().busy());
+  EXPECT_EQ(Get(1, 547), 32u);
+}
+
 class UnitMotorsTest : public MachineTest {};
 
 TEST_F(UnitMotorsTest, GoToZeroForThreeSeconds) {
@@ -164,6 +177,13 @@ TEST_F(UnitMotorsTest, ASecondCommandDoesNotProlongTheFirst) {
   Pass(2s);
   machine_.Write(2, 284, 3);
   Pass(1s);
+  EXPECT_EQ(Get(2, 290), 0u);
+}
+
+TEST_F(UnitMotorsTest, OnlyTheCommandStartsThem) {
+  machine_.Write(2, 284, 3);
+  Pass(3s);
+  machine_.Write(2, 285, 3);
   EXPECT_EQ(Get(2, 290), 0u);
 }
 

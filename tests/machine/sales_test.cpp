@@ -165,9 +165,16 @@ TEST_F(SalesTest, ExtrasCostMoreAndAreCounted) {
 }
 
 TEST_F(SalesTest, ExtrasThatAreNotEnabledAreRefused) {
-  Set(0, 84, 4);
+  Set(0, 84, 255 - 8 - 16);
   EXPECT_EQ(Vend({.extra_milk = true}), "extra milk is not enabled");
   EXPECT_EQ(Vend({.no_cup = true}), "a sale without a cup is not enabled");
+}
+
+TEST_F(SalesTest, WithoutCupsTheMachineFillsJugsAndCustomersCups) {
+  machine_.supplies().Exhaust(Supply::kCups);
+  EXPECT_EQ(Vend({}), "what is missing or full: cups");
+  EXPECT_EQ(Vend({.jug = true}), "");
+  EXPECT_EQ(Vend({.no_cup = true}), "");
 }
 
 TEST_F(SalesTest, OnlyIncludedSelectionsAreSold) {

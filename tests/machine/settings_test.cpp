@@ -26,6 +26,14 @@ TEST_F(SettingsTest, DecimalsSetByHandCountAsWell) {
   EXPECT_EQ(Get(0, 311), 3u);
 }
 
+TEST_F(SettingsTest, WritesToOtherRecordsLeaveTheDecimalsAlone) {
+  machine_.Write(0, 76, 2);
+  machine_.Set(0, 311, 1);
+  machine_.Write(0, 77, 3);
+  machine_.Write(1, 76, 3);
+  EXPECT_EQ(Get(0, 311), 1u);
+}
+
 TEST_F(SettingsTest, TheMirrorOfTheDecimalsChangesNothing) {
   Write(278, 3);
   EXPECT_EQ(Get(0, 311), 0u);

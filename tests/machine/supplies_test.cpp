@@ -79,6 +79,22 @@ TEST_F(SuppliesTest, CoffeeRunsOutByDrinkingIt) {
   EXPECT_FALSE(Starts(1));
 }
 
+TEST_F(SuppliesTest, EachLastsForItsServingsAndWaterAndTrayForEver) {
+  constexpr std::pair<Supply, int> kLasting[] = {
+      {Supply::kCups, 600}, {Supply::kCoffee, 500}, {Supply::kStirrers, 800}, {Supply::kGrounds, 450}};
+  for (const auto& [supply, servings] : kLasting) {
+    Machine machine(PlainBoards(), 1);
+    machine.board(1).Set(148, 40);
+    for (int i = 1; i < servings; ++i) machine.supplies().OnServed({});
+    EXPECT_TRUE(machine.supplies().Has(supply)) << servings;
+    machine.supplies().OnServed({});
+    EXPECT_FALSE(machine.supplies().Has(supply)) << servings;
+    for (const Supply endless : {Supply::kWater, Supply::kTray}) {
+      EXPECT_TRUE(machine.supplies().Has(endless));
+    }
+  }
+}
+
 using DefectsTest = SuppliesTest;
 
 TEST_F(DefectsTest, SomePartsTellAtOnce) {
@@ -133,6 +149,26 @@ TEST_F(DefectsTest, AJammedMotorConcernsItsOwnUnit) {
   machine_.defects().Break("motor-2");
   ProductStarts(86);
   EXPECT_EQ(NewestAlarm(), 24u);
+}
+
+TEST_F(DefectsTest, AJammedMotorTriesForTheTimeoutOfItsUnit) {
+  const struct {
+    int node;
+    const char* part;
+    std::uint32_t letter, tenths;
+  } units[] = {{2, "motor-2", 86, 40}, {3, "motor-3", 87, 70}};
+  for (const auto& unit : units) {
+    Set(unit.node, 58, unit.tenths);
+    machine_.defects().Break(unit.part);
+    machine_.Write(0, 358, unit.letter);
+    machine_.Write(0, 316, 16);
+    machine_.Write(0, 315, 39);
+    machine_.Write(0, 314, 2);
+    Pass(300ms + unit.tenths * 100ms - 1ms);
+    EXPECT_TRUE(machine_.dispenser().busy()) << unit.part;
+    Pass(1ms);
+    EXPECT_FALSE(machine_.dispenser().busy()) << unit.part;
+  }
 }
 
 TEST_F(DefectsTest, TheGrinderMattersToCoffeeOnly) {
@@ -219,7 +255,7 @@ TEST_F(InputsTest, ShowAHotBoilerActiveHigh) {
   machine_.Set(1, 542, 92);
   Pass(1s);
   EXPECT_TRUE(Bit(1, 546, 0));
-  machine_.Set(1, 542, 60);
+  machine_.Set(1, 542, 85);
   Pass(1s);
   EXPECT_FALSE(Bit(1, 546, 0));
 }
