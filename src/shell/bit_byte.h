@@ -21,7 +21,7 @@ class BitByte {
   const BitRecord& where() const { return where_; }
 
   // Keeps an arrived value.
-  void Take(double value) { bits_ = static_cast<int>(value); }
+  void Take(double value) { bits_ = LowBits(value); }
 
   // Whether any bit of `mask` is set in the copy.
   bool Has(int mask) const { return (bits_ & mask) != 0; }

@@ -5,6 +5,8 @@
 #include <QScrollArea>
 #include <QVBoxLayout>
 
+#include "shell/records.h"
+
 namespace dosmara {
 
 DataForm::DataForm(const QString& name, int load_threshold)
@@ -54,7 +56,7 @@ void DataForm::Listen(FieldRows& rows) {
 
 void DataForm::Listen(Gate& gate, std::function<void()> follow) {
   Listen(0, gate.record, [this, &gate, follow = std::move(follow)](double value) {
-    const int seen = static_cast<int>(value) & gate.mask;
+    const int seen = LowBits(value) & gate.mask;
     const bool differs = seen != gate.presence;
     if (!Loading || gate.while_loading != Gate::WhileLoading::kIgnored) {
       gate.presence = seen;

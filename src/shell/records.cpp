@@ -1,9 +1,13 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "shell/records.h"
 
+#include <cmath>
+
 #include "store/parameter_table.h"
 
 namespace dosmara {
+
+int LowBits(double value) { return static_cast<int>(std::fmod(value, 2147483648.0)); }
 
 void Subscribe(const Records& records) {
   for (int record = records.first; record < records.first + records.count; ++record) {

@@ -15,6 +15,9 @@ struct Records {
 void Subscribe(const Records& records);
 void Unsubscribe(const Records& records);
 
+// The value of a record as bits: its low 31, whatever width an index file gave the record.
+int LowBits(double value);
+
 // Writes `value` to one record of `node`.
 void PutRecord(int node, int record, double value);
 

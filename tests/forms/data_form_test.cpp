@@ -332,6 +332,14 @@ TEST(ArrivalMap, KnowsARecordOfItsNodeAlone) {
   EXPECT_EQ(map.Find(1, 31), ArrivalMap::kForeign);
 }
 
+TEST(RecordsTest, BitsOfARecordThatIsTooWideAreItsLowOnes) {
+  EXPECT_EQ(LowBits(0), 0);
+  EXPECT_EQ(LowBits(255), 255);
+  EXPECT_EQ(LowBits(4294967295.0), 2147483647);
+  EXPECT_EQ(LowBits(4294967300.0), 4);
+  EXPECT_EQ(LowBits(18446744073709551616.0), 0);
+}
+
 TEST_F(DataFormTest, ABitByteKeepsItsOtherBits) {
   BitByte byte({.node = 2, .record = 59, .mirror = 274});
   byte.Take(0b10100001);

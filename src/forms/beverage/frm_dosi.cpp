@@ -200,7 +200,7 @@ void FrmDosi::WriteProperty(std::size_t property, int position) {
 }
 
 void FrmDosi::TakeStatus(double value) {
-  if ((static_cast<int>(value) & kStatusDispensing) != 0) {
+  if ((LowBits(value) & kStatusDispensing) != 0) {
     Dispensing = true;
   } else if (Dispensing && TestCode != 0 && !TestRunning) {
     EndTest();
