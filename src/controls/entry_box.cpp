@@ -2,12 +2,12 @@
 #include "controls/entry_box.h"
 
 #include <QFocusEvent>
+#include <QKeyEvent>
 #include <algorithm>
 
 namespace dosmara {
 
-EntryBox::EntryBox(QWidget* parent, QString* saved_text)
-    : QLineEdit(parent), saved_text_(saved_text != nullptr ? saved_text : &own_saved_text_) {
+EntryBox::EntryBox(QWidget* parent) : QLineEdit(parent) {
   setAlignment(Qt::AlignRight);
   connect(this, &QLineEdit::returnPressed, this, [this] {
     emit Confirmed(text());
@@ -23,15 +23,18 @@ void EntryBox::SetLength(int length) {
 
 void EntryBox::ShowText(const QString& text) {
   Put(text);
-  *saved_text_ = text;
+  saved_text_ = text;
 }
 
-void EntryBox::Restore() { Put(*saved_text_); }
+void EntryBox::Restore() { Put(saved_text_); }
 
-// In a box that has the focus the next key replaces the text that has been put there.
+// In a box that has the focus the next key replaces the text that has been put there. A text that stands
+// already costs nothing: the same values arrive over and over.
 void EntryBox::Put(const QString& text) {
-  setMaxLength(std::max(length_, static_cast<int>(text.size())));
-  setText(text);
+  if (text != this->text()) {
+    setMaxLength(std::max(length_, static_cast<int>(text.size())));
+    setText(text);
+  }
   if (hasFocus()) {
     selectAll();
   }
@@ -40,7 +43,7 @@ void EntryBox::Put(const QString& text) {
 // The box's own context menu takes the focus for a moment: that is neither arriving nor leaving.
 void EntryBox::focusInEvent(QFocusEvent* event) {
   if (event->reason() != Qt::PopupFocusReason) {
-    *saved_text_ = text();
+    saved_text_ = text();
     setPlaceholderText(text() + QChar::Nbsp);  // keeps the cursor off the last digit
     clear();
     setMaxLength(length_);
@@ -53,6 +56,14 @@ void EntryBox::focusOutEvent(QFocusEvent* event) {
     Restore();
   }
   QLineEdit::focusOutEvent(event);
+}
+
+void EntryBox::keyPressEvent(QKeyEvent* event) {
+  if (event->key() == Qt::Key_Escape) {
+    Restore();
+  } else {
+    QLineEdit::keyPressEvent(event);
+  }
 }
 
 }  // namespace dosmara

@@ -7,15 +7,13 @@
 namespace dosmara {
 
 // A box that lies over a shown value. On focus it keeps its text and empties itself, the old value
-// showing faintly; when it is left, the kept text comes back, so that an entry which nobody confirmed leaves
-// no trace. Only Enter confirms.
+// showing faintly; when it is left, or at Escape, the kept text comes back, so that an entry which nobody
+// confirmed leaves no trace. Only Enter confirms.
 class EntryBox : public QLineEdit {
   Q_OBJECT
 
  public:
-  // `saved_text` is where the text is kept: a field of the form that all its boxes share, or nullptr for one
-  // of the box's own. It must outlive the box.
-  explicit EntryBox(QWidget* parent, QString* saved_text = nullptr);
+  explicit EntryBox(QWidget* parent);
 
   // Sets how many characters can be typed. A text that is put into the box may be longer.
   void SetLength(int length);
@@ -36,11 +34,11 @@ class EntryBox : public QLineEdit {
  protected:
   void focusInEvent(QFocusEvent* event) override;
   void focusOutEvent(QFocusEvent* event) override;
+  void keyPressEvent(QKeyEvent* event) override;
 
  private:
   int length_ = 0;
-  QString own_saved_text_;
-  QString* saved_text_;
+  QString saved_text_;
 };
 
 }  // namespace dosmara

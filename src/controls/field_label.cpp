@@ -18,6 +18,13 @@ FieldLabel::FieldLabel(QWidget* parent, bool framed) : QLabel(parent), framed_(f
   setAlignment(framed ? Qt::AlignRight | Qt::AlignVCenter : Qt::AlignLeft | Qt::AlignVCenter);
 }
 
+void FieldLabel::SetQuiet(bool quiet) {
+  if (quiet != quiet_) {
+    quiet_ = quiet;
+    update();
+  }
+}
+
 QSize FieldLabel::sizeHint() const {
   const QSize text = fontMetrics().size(0, this->text());
   const QMargins margins = contentsMargins();
@@ -34,7 +41,7 @@ void FieldLabel::paintEvent(QPaintEvent*) {
     painter.setBrush(Blend(palette().color(QPalette::Window), Ink(palette(), true), 0.05));
     painter.drawRoundedRect(QRectF(rect()).adjusted(0.5, 0.5, -0.5, -0.5), kCorner, kCorner);
   }
-  painter.setPen(Ink(palette(), isEnabled()));
+  painter.setPen(Ink(palette(), isEnabled() && !quiet_));
   painter.drawText(TextRect(), static_cast<int>(alignment()), text());
 }
 

@@ -14,6 +14,9 @@ class FieldLabel : public QLabel {
   // With `framed`, the label looks like the closed field of a value.
   explicit FieldLabel(QWidget* parent, bool framed = false);
 
+  // A quiet label stands back behind the others.
+  void SetQuiet(bool quiet);
+
   QSize sizeHint() const override;
   QSize minimumSizeHint() const override { return sizeHint(); }
 
@@ -24,6 +27,7 @@ class FieldLabel : public QLabel {
   QRect TextRect() const;
 
   bool framed_;
+  bool quiet_ = false;
 };
 
 }  // namespace dosmara

@@ -25,4 +25,8 @@ QColor WaitTone(const QPalette& palette) {
   return IsDark(palette) ? QColor(240, 180, 70) : QColor(170, 95, 0);
 }
 
+QColor BadTone(const QPalette& palette) {
+  return IsDark(palette) ? QColor(255, 120, 110) : QColor(190, 30, 30);
+}
+
 }  // namespace dosmara

@@ -22,4 +22,7 @@ QColor GoodTone(const QPalette& palette);
 // The tone of a value that is on its way.
 QColor WaitTone(const QPalette& palette);
 
+// The tone of a value that the machine has not taken.
+QColor BadTone(const QPalette& palette);
+
 }  // namespace dosmara

@@ -7,6 +7,8 @@ namespace {
 
 // A value field is as wide as this many digits, whatever the box's length, so that fields line up.
 constexpr int kValueDigits = 7;
+// Length of a bar in a cell, in widths of the letter x.
+constexpr int kCellBarLength = 13;
 
 }  // namespace
 
@@ -15,48 +17,74 @@ ValueRow::ValueRow(QWidget* parent, ValueRowSetup setup)
       setup_(std::move(setup)),
       caption_(new FieldLabel(parent)),
       value_(new FieldLabel(parent, true)),
-      box_(new EntryBox(parent, setup_.saved_text)),
+      box_(setup_.box_name.isEmpty() ? nullptr : new EntryBox(parent)),
       bar_(new Bar(parent)),
       echo_(new EchoMark(parent)) {
   caption_->setObjectName(setup_.caption_name);
   value_->setObjectName(setup_.value_name);
-  box_->setObjectName(setup_.box_name);
   bar_->setObjectName(setup_.bar_name);
-  const int width = kValueDigits * box_->fontMetrics().horizontalAdvance('0');
-  value_->setFixedWidth(width);
-  box_->setFixedWidth(width);
-  box_->SetLength(setup_.length);
+  const QSize field(kValueDigits * value_->fontMetrics().horizontalAdvance('0'),
+                    EntryBox(nullptr).sizeHint().height());
+  value_->setFixedSize(field);
+  if (box_ != nullptr) {
+    box_->setObjectName(setup_.box_name);
+    box_->setFixedSize(field);
+    box_->SetLength(setup_.length);
+    connect(box_, &EntryBox::Confirmed, this, &ValueRow::Confirm);
+  }
   bar_->SetSpan(setup_.min, setup_.max, setup_.large_change);
-  connect(box_, &EntryBox::Confirmed, this, &ValueRow::Confirm);
   SetOpen(false);
 }
 
 void ValueRow::PlaceIn(QGridLayout& grid, int row, int column) {
   grid.addWidget(caption_, row, column);
   grid.addWidget(value_, row, column + 1);
-  grid.addWidget(box_, row, column + 1);
+  if (box_ != nullptr) {
+    grid.addWidget(box_, row, column + 1);
+  }
   grid.addWidget(bar_, row, column + 2);
   grid.addWidget(echo_, row, column + 3);
 }
 
 void ValueRow::PlaceStackedIn(QGridLayout& grid, int row) {
-  grid.addWidget(caption_, row, 0);
-  grid.addWidget(value_, row, 1);
-  grid.addWidget(box_, row, 1);
+  PlaceIn(grid, row, 0);
   grid.addWidget(echo_, row, 2);
   grid.addWidget(bar_, row + 1, 0, 1, 3);
 }
 
-void ValueRow::SetCaption(const QString& text) {
-  caption_->setText(text);
-  box_->setAccessibleName(text);
-  bar_->setAccessibleName(text);
+void ValueRow::PlaceCellIn(QGridLayout& grid, int row, int column) {
+  auto* cell = new QGridLayout;
+  cell->setSpacing(1);
+  cell->addWidget(caption_, 0, 0, 1, 2);
+  cell->addWidget(value_, 1, 0);
+  if (box_ != nullptr) {
+    cell->addWidget(box_, 1, 0);
+  }
+  cell->addWidget(echo_, 1, 1);
+  bar_->setMinimumWidth(kCellBarLength * bar_->fontMetrics().horizontalAdvance('x'));
+  cell->addWidget(bar_, 2, 0, 1, 2);
+  grid.addLayout(cell, row, column);
 }
 
-void ValueRow::TakeValueText() { box_->ShowText(value_->text()); }
+void ValueRow::SetCaption(const QString& text) {
+  caption_->setText(text);
+  bar_->setAccessibleName(text);
+  if (box_ != nullptr) {
+    box_->setAccessibleName(text);
+  }
+}
+
+void ValueRow::TakeValueText() {
+  if (box_ != nullptr) {
+    box_->ShowText(value_->text());
+  }
+}
 
 void ValueRow::SetOpen(bool open) {
   bar_->setEnabled(open);
+  if (box_ == nullptr) {
+    return;
+  }
   if (setup_.closed_box_stays) {
     box_->setEnabled(open);
   } else {
@@ -74,21 +102,24 @@ void ValueRow::SetLabelsEnabled(bool enabled) {
 
 void ValueRow::Withdraw() {
   withdrawn_ = true;
-  for (QWidget* control :
-       {static_cast<QWidget*>(caption_), static_cast<QWidget*>(value_), static_cast<QWidget*>(box_),
-        static_cast<QWidget*>(bar_), static_cast<QWidget*>(echo_)}) {
+  for (QWidget* control : {static_cast<QWidget*>(caption_), static_cast<QWidget*>(value_),
+                           static_cast<QWidget*>(bar_), static_cast<QWidget*>(echo_)}) {
     control->hide();
+  }
+  if (box_ != nullptr) {
+    box_->hide();
   }
 }
 
-// A value that the bar refuses is a bad entry too.
+// A value that the bar refuses is a bad entry too. The number that stands, typed again, changes nothing: held,
+// the bar would wait for an answer that never comes.
 void ValueRow::Confirm(const QString& text) {
   const std::optional<int> entry = setup_.parse(text);
-  if (entry && bar_->SetValue(*entry)) {
-    return;
-  }
-  if (setup_.restore_from_label) {
-    box_->Put(value_->text());
+  if (entry && *entry >= bar_->minimum() && *entry <= bar_->maximum()) {
+    if (setup_.held && *entry != bar_->Value()) {
+      bar_->setEnabled(false);
+    }
+    bar_->SetValue(*entry);
   } else {
     box_->Restore();
   }

@@ -18,7 +18,7 @@ namespace dosmara {
 struct ValueRowSetup {
   QString caption_name;  // objectNames of the four controls
   QString value_name;
-  QString box_name;
+  QString box_name;  // empty: the row has no box
   QString bar_name;
   int min = 0;  // what the bar can hold
   int max = 0;
@@ -26,13 +26,12 @@ struct ValueRowSetup {
   int length = 0;  // characters that fit into the box
   // What a confirmed text makes the bar's value; nothing when the text is bad.
   std::function<std::optional<int>(const QString& text)> parse;
-  QString* saved_text = nullptr;    // as of EntryBox
+  bool held = false;                // a good entry closes the bar until the machine has answered
   bool closed_box_stays = false;    // a closed row's box is disabled instead of hidden
   bool opening_fills_box = false;   // a row that opens shows its value on the box anew
-  bool restore_from_label = false;  // a bad entry brings back the shown value, not the kept text
 };
 
-// The four controls of a row and what they do to each other. The box lies exactly over the value: with the
+// The controls of a row and what they do to each other. The box lies exactly over the value: with the
 // box hidden the operator reads the value, with the box shown he types over it. A good entry moves the bar;
 // it is the bar's change event that tells the form. A row starts closed.
 class ValueRow : public QObject {
@@ -44,14 +43,17 @@ class ValueRow : public QObject {
 
   FieldLabel& caption() { return *caption_; }
   FieldLabel& value() { return *value_; }
-  EntryBox& box() { return *box_; }
+  // Null where the row has no box.
+  EntryBox* box() { return box_; }
   Bar& bar() { return *bar_; }
   EchoMark& echo() { return *echo_; }
 
-  // Lays the controls into five columns of `grid`: caption, value and box, bar, mark.
+  // Lays the controls into four columns of `grid`: caption, value and box, bar, mark.
   void PlaceIn(QGridLayout& grid, int row, int column);
   // Lays them into two rows of `grid`, the bar below the others, where a form has little width.
   void PlaceStackedIn(QGridLayout& grid, int row);
+  // Lays them into one cell of a wide grid: the caption above value and mark, a short bar below.
+  void PlaceCellIn(QGridLayout& grid, int row, int column);
 
   // Sets the caption, which is also what the box and the bar are called by a screen reader.
   void SetCaption(const QString& text);
@@ -61,6 +63,8 @@ class ValueRow : public QObject {
 
   // Opens the row for changes or closes it: the bar and the box, not the labels.
   void SetOpen(bool open);
+  // Opens or closes the bar alone.
+  void SetBarOpen(bool open) { bar_->setEnabled(open); }
 
   // Enables or disables the caption and the value.
   void SetLabelsEnabled(bool enabled);

@@ -31,6 +31,9 @@ class Form : public QWidget, public LoadedForm {
   // Unsubscribes the records. Called once, when the form closes.
   virtual void Unload() {}
 
+  // Gives the focus to a control of the form, if it has one to give it to. Called when the form is in front.
+  virtual void TakeFocus() {}
+
   void SLabelChange(std::int32_t /*index*/, double /*value*/) override {}
 
  protected:

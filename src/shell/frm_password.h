@@ -2,11 +2,7 @@
 // Machine codes: what the machine asks of whoever works at its keypad.
 #pragma once
 
-#include <QLineEdit>
-#include <array>
-
-#include "controls/field_label.h"
-#include "shell/data_form.h"
+#include "shell/fields/data_form.h"
 
 namespace dosmara {
 
@@ -15,22 +11,6 @@ namespace dosmara {
 class FrmPassword : public DataForm {
  public:
   FrmPassword();
-
-  void Load() override;
-  void InitMessaggi() override;
-  void Unload() override;
-
-  bool eventFilter(QObject* watched, QEvent* event) override;
-
- private:
-  static constexpr std::size_t kCodeCount = 3;
-
-  void InitDati();
-  void Show(std::size_t n, double value);
-  void Confirm(std::size_t n);
-
-  std::array<FieldLabel*, kCodeCount> captions_;  // Label1
-  std::array<QLineEdit*, kCodeCount> boxes_;      // Text1
 };
 
 }  // namespace dosmara

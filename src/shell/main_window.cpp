@@ -138,6 +138,7 @@ void MDIForm1::ShowForm(const char* name) {
       form->Load();
       form->show();
       frame->show();
+      form->TakeFocus();
     }
   }
 }

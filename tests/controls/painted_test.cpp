@@ -143,13 +143,56 @@ TEST(Keypad, LightsTheSelectionShown) {
 TEST(EchoMark, ItsStatesLookDifferent) {
   EchoMark mark(nullptr);
   mark.resize(mark.sizeHint());
-  const QImage none = Picture(mark);
-  mark.SetState(EchoMark::State::kWaiting);
-  const QImage waiting = Picture(mark);
-  mark.SetState(EchoMark::State::kTaken);
-  EXPECT_NE(none, waiting);
-  EXPECT_NE(waiting, Picture(mark));
-  EXPECT_NE(none, Picture(mark));
+  std::vector<QImage> pictures = {Picture(mark)};
+  mark.Sent(7);
+  pictures.push_back(Picture(mark));
+  mark.Came(7);
+  pictures.push_back(Picture(mark));
+  mark.Came(6);
+  pictures.push_back(Picture(mark));
+  for (std::size_t a = 0; a < pictures.size(); ++a) {
+    for (std::size_t b = 0; b < a; ++b) {
+      EXPECT_NE(pictures[a].convertToFormat(QImage::Format_Grayscale8),
+                pictures[b].convertToFormat(QImage::Format_Grayscale8))
+          << a << " and " << b << " without their colours";
+    }
+  }
+}
+
+TEST(EchoMark, TellsWhatBecameOfAChange) {
+  EchoMark mark(nullptr);
+  mark.Came(3);
+  EXPECT_EQ(mark.state(), EchoMark::State::kNone) << "nothing has been changed";
+  mark.Sent(7);
+  EXPECT_EQ(mark.state(), EchoMark::State::kOnItsWay);
+  mark.Came(7);
+  EXPECT_EQ(mark.state(), EchoMark::State::kTaken);
+  mark.Came(7);
+  EXPECT_EQ(mark.state(), EchoMark::State::kTaken);
+  mark.Came(3);
+  EXPECT_EQ(mark.state(), EchoMark::State::kNotTaken);
+  mark.Came(7);
+  EXPECT_EQ(mark.state(), EchoMark::State::kNotTaken) << "until the next change";
+  mark.Sent(3);
+  EXPECT_EQ(mark.state(), EchoMark::State::kOnItsWay);
+  mark.Came(4);
+  EXPECT_EQ(mark.state(), EchoMark::State::kNotTaken);
+  mark.Clear();
+  EXPECT_EQ(mark.state(), EchoMark::State::kNone);
+}
+
+TEST(EchoMark, SaysInWordsWhatItShows) {
+  EchoMark mark(nullptr);
+  EXPECT_EQ(mark.accessibleName(), "");
+  mark.Sent(7);
+  EXPECT_EQ(mark.accessibleName(), "On its way to the machine");
+  EXPECT_EQ(mark.toolTip(), mark.accessibleName());
+  mark.Came(7);
+  EXPECT_EQ(mark.accessibleName(), "Taken by the machine");
+  EXPECT_EQ(mark.toolTip(), mark.accessibleName());
+  mark.Came(6);
+  EXPECT_EQ(mark.accessibleName(), "Not taken: the machine holds another value");
+  EXPECT_EQ(mark.toolTip(), mark.accessibleName());
 }
 
 // Contrast ratio of two colours, 1 to 21.

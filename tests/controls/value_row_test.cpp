@@ -14,8 +14,7 @@ namespace {
 // Two rows, 0 to 9 each, that take a single digit.
 class ValueRowTest : public testing::Test {
  protected:
-  void Make(QString* saved_text = nullptr, bool closed_box_stays = false, bool restore_from_label = false,
-            bool opening_fills_box = false) {
+  void Make(bool closed_box_stays = false, bool opening_fills_box = false, bool held = false) {
     auto* grid = new QGridLayout(&window_);
     for (int n = 0; n < 2; ++n) {
       rows_[n] = new ValueRow(&window_, {.caption_name = "Caption",
@@ -31,10 +30,9 @@ class ValueRowTest : public testing::Test {
                                            const int number = text.toInt(&whole);
                                            return whole ? std::optional(number) : std::nullopt;
                                          },
-                                         .saved_text = saved_text,
+                                         .held = held,
                                          .closed_box_stays = closed_box_stays,
-                                         .opening_fills_box = opening_fills_box,
-                                         .restore_from_label = restore_from_label});
+                                         .opening_fills_box = opening_fills_box});
       rows_[n]->PlaceIn(*grid, n, 0);
     }
     window_.show();
@@ -52,14 +50,13 @@ class ValueRowTest : public testing::Test {
     rows_[n]->TakeValueText();
   }
 
-  EntryBox& Box() { return rows_[0]->box(); }
+  EntryBox& Box() { return *rows_[0]->box(); }
   void Enter(const char* text) {
     Box().setFocus();
     QTest::keyClicks(&Box(), text);
     QTest::keyClick(&Box(), Qt::Key_Return);
   }
 
-  QString kept_;  // outlives the boxes
   QWidget window_;
   ValueRow* rows_[2] = {};
   std::vector<int> changes_;
@@ -150,29 +147,61 @@ TEST_F(ValueRowTest, AnEntryThatTheBarRefusesIsBad) {
   EXPECT_EQ(changes_, std::vector<int>{});
 }
 
-TEST_F(ValueRowTest, ABadEntryMayBringTheShownValueBack) {
-  Make(&kept_, false, true);
+TEST_F(ValueRowTest, EscapeGivesAnEntryUp) {
+  Make();
   Box().setFocus();
-  kept_ = "another";
-  QTest::keyClicks(&Box(), "x");
-  QTest::keyClick(&Box(), Qt::Key_Return);
+  QTest::keyClicks(&Box(), "7");
+  QTest::keyClick(&Box(), Qt::Key_Escape);
   EXPECT_EQ(Box().text(), "3");
+  EXPECT_EQ(changes_, std::vector<int>{});
+  QTest::keyClicks(&Box(), "5");
+  EXPECT_EQ(Box().text(), "5") << "the next key begins a new entry";
 }
 
-TEST_F(ValueRowTest, BoxesWithTextsOfTheirOwnDoNotDisturbEachOther) {
+TEST_F(ValueRowTest, AHeldRowClosesItsBarForAGoodEntryOnly) {
+  Make(false, false, true);
+  for (const char* unchanged : {"x", "9", "3"}) {
+    Enter(unchanged);
+    EXPECT_TRUE(rows_[0]->bar().isEnabled()) << unchanged;
+    rows_[1]->bar().setFocus();
+  }
+  EXPECT_EQ(changes_, std::vector<int>{});
+  Enter("7");
+  EXPECT_EQ(changes_, std::vector<int>{7});
+  EXPECT_FALSE(rows_[0]->bar().isEnabled());
+  rows_[0]->SetBarOpen(true);
+  EXPECT_TRUE(rows_[0]->bar().isEnabled());
+}
+
+TEST_F(ValueRowTest, ARowThatIsNotHeldStaysOpen) {
+  Make();
+  Enter("7");
+  EXPECT_TRUE(rows_[0]->bar().isEnabled());
+}
+
+TEST_F(ValueRowTest, ARowMayHaveNoBox) {
+  Make();
+  ValueRowSetup setup;
+  setup.bar_name = "AloneBar";
+  setup.max = 8;
+  auto* row = new ValueRow(&window_, setup);
+  EXPECT_EQ(row->box(), nullptr);
+  row->PlaceIn(*static_cast<QGridLayout*>(window_.layout()), 2, 0);
+  row->SetCaption("Timeout");
+  EXPECT_EQ(row->bar().accessibleName(), "Timeout");
+  row->SetOpen(true);
+  EXPECT_TRUE(row->bar().isEnabled());
+  row->TakeValueText();
+  row->Withdraw();
+  EXPECT_FALSE(row->bar().isVisible());
+}
+
+TEST_F(ValueRowTest, ABoxNeverTakesTheTextOfAnother) {
   Make();
   Box().setFocus();
   Arrive(1, 5);
   rows_[1]->bar().setFocus();
   EXPECT_EQ(Box().text(), "3");
-}
-
-TEST_F(ValueRowTest, BoxesThatShareAKeptTextDo) {
-  Make(&kept_);
-  Box().setFocus();
-  Arrive(1, 5);
-  rows_[1]->bar().setFocus();
-  EXPECT_EQ(Box().text(), "5");
 }
 
 TEST_F(ValueRowTest, AClosedRowIsReadOnTheLabelUnderTheBox) {
@@ -186,7 +215,7 @@ TEST_F(ValueRowTest, AClosedRowIsReadOnTheLabelUnderTheBox) {
 }
 
 TEST_F(ValueRowTest, AClosedBoxMayStayInGrey) {
-  Make(nullptr, true);
+  Make(true);
   rows_[0]->SetOpen(false);
   EXPECT_TRUE(Box().isVisible());
   EXPECT_FALSE(Box().isEnabled());
@@ -218,7 +247,7 @@ TEST_F(ValueRowTest, OpeningLeavesATypedTextAlone) {
 }
 
 TEST_F(ValueRowTest, OpeningMayShowTheValueAnew) {
-  Make(nullptr, false, false, true);
+  Make(false, true);
   Box().setFocus();
   QTest::keyClicks(&Box(), "7");
   rows_[0]->SetOpen(false);

@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // The mechanics of forms with records, on a small form made for it.
-#include "shell/data_form.h"
+#include "shell/fields/data_form.h"
 
 #include "forms/form_fixture.h"
-#include "shell/bit_byte.h"
-#include "shell/field_helpers.h"
+#include "shell/fields/bit_rows.h"
+#include "shell/fields/field_helpers.h"
 #include "store/parameter_table.h"
 
 namespace dosmara {
@@ -12,18 +12,13 @@ namespace {
 
 using Writes = std::vector<Write>;
 
-void ShowShifted(QLabel& text, Bar& bar, double value) {
-  bar.SetValue(bar.Clamped(value - 32768));
-  text.setText(QString::number(value));
-}
-
 constexpr FieldRow kRows[] = {
     {.line = 48,
      .node = 1,
      .record = 31,
      .mirror = 509,
      .max = 100,
-     .show = BindScrollTenths,
+     .text = TenthsText,
      .parse = ParseTenths,
      .limit = 100,
      .length = 4},
@@ -34,47 +29,38 @@ constexpr FieldRow kRows[] = {
      .max = 32767,
      .large_change = 100,
      .offset = 32768,
-     .show = ShowShifted,
+     .text = WholeText,
      .parse = ParseWhole,
      .limit = 65535,
      .length = 5},
 };
 
+constexpr Records kMirrors[] = {{1, 509}};
+
 // Loads with the third counted arrival.
 class TwoRows : public DataForm {
  public:
   explicit TwoRows(Gate::WhileLoading while_loading = Gate::WhileLoading::kStored)
-      : DataForm("TwoRows", 2),
+      : DataForm({.name = "TwoRows", .title = 47, .opens_after = 2, .also_released = kMirrors}),
         gate{.record = 312, .while_loading = while_loading},
-        rows(Body(), {.caption = "Label2", .value = "Label1", .box = "Text1", .bar = "HScroll1", .first = 1},
-             kRows, InArrival) {
+        rows(NewRows({.caption = {"Label2"}, .value = {"Label1", 1}, .box = {"Text1", 1}, .bar = {"HScroll1", 1}},
+                     kRows)) {
     auto* grid = new QGridLayout(Body());
-    rows[0].PlaceIn(*grid, 0, 0);
-    rows[1].PlaceIn(*grid, 1, 0);
-  }
-
-  void Load() override {
-    rows.Subscribe();
-    rows.SetCaptions();
-    Listen(rows);
-    Listen(gate, [this] { ++followed; });
+    rows.PlaceInColumns(*grid, 1);
+    Watch(rows);
+    Watch(gate, [this] { ++followed; });
     Listen(3, 31, [this](double value) {
       last = value;
       in_arrival = InArrival;
     });
-    rows[0].SetOpen(true);
-    rows[1].SetOpen(true);
-  }
-  void Unload() override {
-    rows.Unsubscribe();
-    rows.UnsubscribeMirrors();
+    rows.SetOpen(true);
   }
   void Loaded() override { ++loaded; }
   bool IsLoading() const { return Loading; }
   bool IsInArrival() const { return InArrival; }
 
   Gate gate;
-  FieldRows rows;
+  FieldRows& rows;
   int followed = 0;
   int loaded = 0;
   double last = -1;
@@ -98,7 +84,7 @@ TEST_F(DataFormTest, ARowIsTakenFromItsTable) {
   EXPECT_EQ(BarOf("HScroll1(2)").pageStep(), 100);
   EXPECT_EQ(BarOf("HScroll1(1)").pageStep(), 1);
   EXPECT_EQ(Find<QLineEdit>("Text1(2)").maxLength(), 5);
-  EXPECT_EQ(Subscribed(), (std::vector<Subscription>{{1, 31, 1}, {2, 31, 1}}));
+  EXPECT_EQ(Subscribed(), (std::vector<Subscription>{{0, 312, 1}, {1, 31, 1}, {2, 31, 1}}));
 }
 
 TEST_F(DataFormTest, TheNodeTellsEqualRecordsApart) {
@@ -143,10 +129,12 @@ TEST_F(DataFormTest, OnlyTheReturnOfAWriteIsMarked) {
   Arrive(1, 31, 0);
   EXPECT_EQ(mark.state(), EchoMark::State::kNone);
   BarOf("HScroll1(1)").SetValue(7);
-  Arrive(1, 31, 0);
-  EXPECT_EQ(mark.state(), EchoMark::State::kWaiting);
+  EXPECT_EQ(mark.state(), EchoMark::State::kOnItsWay);
   Arrive(1, 31, 7);
   EXPECT_EQ(mark.state(), EchoMark::State::kTaken);
+  BarOf("HScroll1(1)").SetValue(8);
+  Arrive(1, 31, 7);
+  EXPECT_EQ(mark.state(), EchoMark::State::kNotTaken);
 }
 
 TEST_F(DataFormTest, TheGuardHoldsForTheWholeArrivalAndNoLonger) {
@@ -241,7 +229,7 @@ constexpr FieldRow kClampedRows[] = {
      .record = 51,
      .min = 1,
      .max = 16,
-     .show = BindScrollText,
+     .text = WholeText,
      .clamped = true},
     {.line = 230,
      .node = 3,
@@ -249,7 +237,7 @@ constexpr FieldRow kClampedRows[] = {
      .min = -32768,
      .max = 32767,
      .offset = 32768,
-     .show = ShowShifted,
+     .text = WholeText,
      .clamped = true},
     WholeRow({.line = 52, .node = 2, .record = 32, .min = 5, .max = 90, .length = 2}),
 };
@@ -260,7 +248,7 @@ class FieldRowsTest : public FormFixture {
   Form* Open(Form* form) { return &FormFixture::Open(form); }
 
   static constexpr RowStyle kStyle = {
-      .caption = "Label2", .value = "Label1", .box = "Text1", .bar = "HScroll1"};
+      .caption = {"Label2"}, .value = {"Label1"}, .box = {"Text1"}, .bar = {"HScroll1"}};
   bool in_arrival_ = false;
   FieldRows rows_;
 };
@@ -312,9 +300,8 @@ TEST_F(FieldRowsTest, RowsOpenByNode) {
 
 TEST_F(FieldRowsTest, ARowThatStandsAloneHasPlainNames) {
   RowStyle alone = kStyle;
-  alone.first = kNoArray;
-  alone.bar = "HScroll9";
-  alone.box = "Text9";
+  alone.bar = {"HScroll9", kNoArray};
+  alone.box = {"Text9", kNoArray};
   const FieldRows rows(&form(), alone, std::span(kClampedRows).first(1), in_arrival_);
   EXPECT_EQ(BarOf("HScroll9").maximum(), 16);
   EXPECT_EQ(BoxText("Text9"), "");
@@ -342,14 +329,15 @@ TEST(RecordsTest, BitsOfARecordThatIsTooWideAreItsLowOnes) {
 
 TEST_F(DataFormTest, ABitByteKeepsItsOtherBits) {
   BitByte byte({.node = 2, .record = 59, .mirror = 274});
+  Arrive(2, 59, 0b10100001);
   byte.Take(0b10100001);
   EXPECT_TRUE(byte.Has(1));
   EXPECT_FALSE(byte.Has(2));
-  byte.Write(2, true);
+  EXPECT_TRUE(byte.Write(2, 2));
   EXPECT_EQ(Written(), (Writes{{2, 59, 0b10100011}, {2, 274, 0b10100011}}));
-  byte.Write(1, false);
+  EXPECT_TRUE(byte.Write(1, 0));
   EXPECT_EQ(Written(), (Writes{{2, 59, 0b10100010}, {2, 274, 0b10100010}}));
-  byte.Write(1, false);
+  EXPECT_TRUE(byte.Write(1, 0));
   EXPECT_EQ(Written(), (Writes{{2, 59, 0b10100010}, {2, 274, 0b10100010}}));
 }
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "shell/entry_parsers.h"
+#include "shell/fields/entry_parsers.h"
 
 #include <gtest/gtest.h>
 
@@ -18,7 +18,7 @@ struct Entry {
 
 void Expect(EntryParser parse, int min, int max, const std::vector<Entry>& entries) {
   for (const Entry& entry : entries) {
-    EXPECT_EQ(parse(entry.text, min, max), entry.result)
+    EXPECT_EQ(parse(entry.text, min, max, 0), entry.result)
         << '"' << QStringView(entry.text).toUtf8().toStdString() << "\" in " << min << " to " << max;
   }
 }

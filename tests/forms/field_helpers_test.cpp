@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "shell/field_helpers.h"
+#include "shell/fields/field_helpers.h"
 
 #include <gtest/gtest.h>
 

@@ -86,8 +86,12 @@ void FormFixture::Arrive(int node, int record, double value) {
   ParamRec& target = ParamTable[node][record];
   std::copy(reply.begin(), reply.end(), target.Value);
   target.Flags |= kArrived;
-  NodeIndex = static_cast<std::uint8_t>(node);
-  NotifyForms(record, reply);
+  // As the link offers it, but for one thing: what a form throws ends the test.
+  const std::vector<LoadedForm*> forms = LoadedForms;
+  for (std::size_t i = std::size(bystanders_); i < forms.size(); ++i) {
+    NodeIndex = static_cast<std::uint8_t>(node);
+    forms[i]->SLabelChange(record, ReplyValue(reply));
+  }
 }
 
 std::vector<Write> FormFixture::Written() {

@@ -270,9 +270,7 @@ TEST_F(FrmDosiTest, TheDisplayWaitsForTheMachine) {
   auto& echo = *form().findChildren<EchoMark*>().front();
   Enter("txtVal(0)", "120");
   EXPECT_EQ(LabelText("lblVal(0)"), "7");
-  EXPECT_EQ(echo.state(), EchoMark::State::kWaiting);
-  Arrive(1, 148, 7);
-  EXPECT_EQ(echo.state(), EchoMark::State::kWaiting);
+  EXPECT_EQ(echo.state(), EchoMark::State::kOnItsWay);
   Arrive(1, 148, 120);
   EXPECT_EQ(LabelText("lblVal(0)"), "120");
   EXPECT_EQ(BoxText("txtVal(0)"), "120");
@@ -309,13 +307,21 @@ TEST_F(FrmDosiTest, ABoxEmptiesOnFocusAndRecoversWhenItIsLeft) {
   EXPECT_EQ(Written(), Writes{});
 }
 
-TEST_F(FrmDosiTest, AnArrivalOfAnotherRowReplacesTheKeptText) {
+TEST_F(FrmDosiTest, ABoxNeverShowsTheValueOfAnotherRow) {
   OpenLoaded();
   Focus("txtVal(2)");
   Arrive(1, 148, 55);
   Focus("scrDosi(2)");
-  EXPECT_EQ(BoxText("txtVal(2)"), "55");
+  EXPECT_EQ(BoxText("txtVal(2)"), "0.7");
   EXPECT_EQ(LabelText("lblVal(2)"), "0.7");
+}
+
+TEST_F(FrmDosiTest, AnArrivalOfTheRowThatIsTypedIntoIsTheTextThatComesBack) {
+  OpenLoaded();
+  Type("txtVal(2)", "9");
+  Arrive(1, 280, 33);
+  Focus("scrDosi(2)");
+  EXPECT_EQ(BoxText("txtVal(2)"), "3.3");
 }
 
 TEST_F(FrmDosiTest, TheCommandFollowsTheEchoOfTheSelection) {

@@ -277,17 +277,19 @@ TEST_F(FrmTempiTest, LeavingABoxBringsItsTextBack) {
   EXPECT_EQ(Written(), Writes{});
 }
 
-TEST_F(FrmTempiTest, TheTextToComeBackIsTheLastOneThatTheFormHasShown) {
+TEST_F(FrmTempiTest, ABoxNeverShowsTheValueOfAnotherRow) {
   OpenLoaded();
   Type("txtTempi(0)", "9");
   Arrive(1, 32, 77);
   Focus("HScroll1(0)");
-  EXPECT_EQ(BoxText("txtTempi(0)"), "77");
+  EXPECT_EQ(BoxText("txtTempi(0)"), LabelText("Label1(0)"));
+  EXPECT_NE(BoxText("txtTempi(0)"), "77");
   ShowTab(2);
   Type("txtzeth1(3)", "1");
   Arrive(3, 309, 188);
   Focus("HScroll3(3)");
-  EXPECT_EQ(BoxText("txtzeth1(3)"), "188");
+  EXPECT_EQ(BoxText("txtzeth1(3)"), LabelText("Label3(3)"));
+  EXPECT_NE(BoxText("txtzeth1(3)"), "188");
 }
 
 TEST_F(FrmTempiTest, ClosingAGroupEmptiesNoOtherBox) {

@@ -5,6 +5,7 @@
 #include <QVBoxLayout>
 
 #include "shell/caption_table.h"
+#include "shell/fields/numbering.h"
 
 namespace dosmara {
 
@@ -24,15 +25,7 @@ constexpr int kRowDistance = 3;  // between rows
 
 // "Selezione 21"
 QString SelectionText(int selection) {
-  return Caption(58) + ' ' + QString::number(SelectionNumber(selection));
-}
-
-// A widget of a control array.
-template <class T>
-T* NewElement(QWidget* body, const char* name, int index) {
-  auto* control = new T(body);
-  control->setObjectName(Indexed(name, index));
-  return control;
+  return Numbered(Caption(58), SelectionNumber(selection));
 }
 
 // How far captions of dependent rows stand in from those of their heads.
@@ -48,9 +41,9 @@ void IndentDependants(FieldRows& rows) {
 
 }  // namespace
 
-DosiControls::DosiControls(QWidget* body, const bool& in_arrival, QString* saved_text)
-    : rows(body, {.caption = "lblDes", .value = "lblVal", .box = "txtVal", .bar = "scrDosi"}, kDoseRows,
-           in_arrival, saved_text),
+DosiControls::DosiControls(QWidget* body, FieldRows& dose_rows, BitRows& property_bits)
+    : rows(dose_rows),
+      properties(property_bits),
       label7(new QLabel(body)),
       keypad(new Keypad(body)),
       selection(new Bar(body)) {
@@ -58,18 +51,17 @@ DosiControls::DosiControls(QWidget* body, const bool& in_arrival, QString* saved
   selection->setObjectName("HScroll7");
   selection->SetSpan(0, kSelections - 1, 3);
   for (int n = 0; n < kSelections; ++n) {
-    keypad->Key(n).setObjectName(Indexed("Label11", n));
+    keypad->Key(n).setObjectName(ControlArray{"Label11"}[n]);
   }
   for (std::size_t i = 0; i < drink_tests.size(); ++i) {
-    drink_tests[i] = NewElement<QPushButton>(body, "Command1", static_cast<int>(i));
+    drink_tests[i] = new QPushButton(body);
+    drink_tests[i]->setObjectName(ControlArray{"Command1"}[static_cast<int>(i)]);
   }
   for (std::size_t i = 0; i < part_tests.size(); ++i) {
-    part_tests[i] = NewElement<QPushButton>(body, "cmdProva", static_cast<int>(i));
+    part_tests[i] = new QPushButton(body);
+    part_tests[i]->setObjectName(ControlArray{"cmdProva"}[static_cast<int>(i)]);
   }
-  for (std::size_t i = 0; i < properties.size(); ++i) {
-    property_captions[i] = NewElement<FieldLabel>(body, "Label8", static_cast<int>(i));
-    properties[i] = NewElement<TwoPositionSwitch>(body, "SwitchX1", static_cast<int>(i));
-  }
+  properties.MakeSwitches(body, {"Label8"}, {"SwitchX1"});
   IndentDependants(rows);
 
   auto* layout = new QHBoxLayout(body);
@@ -116,8 +108,8 @@ QLayout* DosiControls::LayOutRows() {
       continue;
     }
     rows[n].PlaceIn(*grid, line, 0);
-    QWidget::setTabOrder(before, &rows[n].box());
-    QWidget::setTabOrder(&rows[n].box(), &rows[n].bar());
+    QWidget::setTabOrder(before, rows[n].box());
+    QWidget::setTabOrder(rows[n].box(), &rows[n].bar());
     before = &rows[n].bar();
     for (std::size_t i = 0; i < part_tests.size(); ++i) {
       if (kPartTests[i].row == n) {
@@ -134,18 +126,14 @@ QLayout* DosiControls::LayOutRows() {
 // Two columns of captions with their switches.
 QLayout* DosiControls::LayOutProperties() {
   auto* grid = new QGridLayout;
-  for (std::size_t i = 0; i < properties.size(); ++i) {
-    const int line = static_cast<int>(i) / 2;
-    const int column = static_cast<int>(i) % 2 * 2;
-    grid->addWidget(property_captions[i], line, column);
-    grid->addWidget(properties[i], line, column + 1);
-    grid->setColumnStretch(column + 1, 1);
+  for (int i = 0; i < properties.size(); ++i) {
+    properties.PlaceIn(*grid, i, i / 2, i % 2 * kSwitchColumns);
   }
+  grid->setColumnStretch(2 * kSwitchColumns, 1);
   return grid;
 }
 
 void DosiControls::SetCaptions(int shown) {
-  rows.SetCaptions();
   for (std::size_t i = 0; i < drink_tests.size(); ++i) {
     drink_tests[i]->setText(Caption(59 + static_cast<int>(i)));
   }
@@ -154,12 +142,8 @@ void DosiControls::SetCaptions(int shown) {
     part_tests[i]->setAccessibleName(Caption(67) + ' ' + rows[kPartTests[i].row].caption().text());
   }
   const QString position_texts = Caption(65) + ',' + Caption(66) + ',';
-  for (std::size_t i = 0; i < properties.size(); ++i) {
-    property_captions[i]->setText(Caption(kProperties[i].line));
-    properties[i]->setAccessibleName(Caption(kProperties[i].line));
-    if (kProperties[i].position_texts) {
-      properties[i]->SetPositionTexts(position_texts);
-    }
+  for (int i = 0; i < kPropertiesWithWords; ++i) {
+    properties.control(i).SetPositionTexts(position_texts);
   }
   for (int n = 0; n < kSelections; ++n) {
     keypad->Key(n).setAccessibleName(SelectionText(n));
@@ -181,10 +165,7 @@ void DosiControls::SetCommonEnabled(bool enabled) {
     keypad->Key(n).setEnabled(enabled);
   }
   selection->setEnabled(enabled);
-  for (std::size_t i = 0; i < properties.size(); ++i) {
-    properties[i]->setEnabled(enabled);
-    property_captions[i]->setEnabled(enabled);
-  }
+  properties.SetEnabled(enabled);
 }
 
 }  // namespace dosmara

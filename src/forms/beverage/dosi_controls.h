@@ -7,7 +7,6 @@
 #include <array>
 
 #include "controls/keypad.h"
-#include "controls/two_position_switch.h"
 #include "forms/beverage/dosi_tables.h"
 
 namespace dosmara {
@@ -16,25 +15,24 @@ namespace dosmara {
 // right the rows in their groups with the tests of single parts, below them the properties. The widgets
 // belong to `body`; the form connects them.
 struct DosiControls {
-  DosiControls(QWidget* body, const bool& in_arrival, QString* saved_text);
+  DosiControls(QWidget* body, FieldRows& rows, BitRows& properties);
 
-  // Sets all captions from the language, with `selection` as the one shown.
-  void SetCaptions(int selection);
+  // Sets the captions of what the form does not caption by itself, with `shown` as the selection shown.
+  void SetCaptions(int shown);
 
   // Tells which selection is shown.
-  void ShowSelection(int selection);
+  void ShowSelection(int shown);
 
   // Enables or disables what belongs to no row.
   void SetCommonEnabled(bool enabled);
 
-  FieldRows rows;
-  QLabel* label7;                                                           // the selection shown
-  Keypad* keypad;                                                           // Label11(0..21)
-  Bar* selection;                                                           // HScroll7
-  std::array<QPushButton*, std::size(dosi::kDrinkTestCodes)> drink_tests;   // Command1
-  std::array<QPushButton*, std::size(dosi::kPartTests)> part_tests;         // cmdProva
-  std::array<FieldLabel*, std::size(dosi::kProperties)> property_captions;  // Label8
-  std::array<TwoPositionSwitch*, std::size(dosi::kProperties)> properties;  // SwitchX1
+  FieldRows& rows;
+  BitRows& properties;                                                     // Label8, SwitchX1
+  QLabel* label7;                                                          // the selection shown
+  Keypad* keypad;                                                          // Label11(0..21)
+  Bar* selection;                                                          // HScroll7
+  std::array<QPushButton*, std::size(dosi::kDrinkTestCodes)> drink_tests;  // Command1
+  std::array<QPushButton*, std::size(dosi::kPartTests)> part_tests;        // cmdProva
 
  private:
   QLayout* LayOutSelection();

@@ -3,18 +3,15 @@
 // single bits, and the tests of single parts. Read by the form and by its controls.
 #pragma once
 
-#include "shell/field_rows.h"
-#include "shell/records.h"
+#include "shell/fields/bit_rows.h"
+#include "shell/fields/data_form.h"
 
 namespace dosmara::dosi {
 
-inline constexpr int kMaster = 0;     // node of the test and status records
-inline constexpr int kHotDrinks = 1;  // node of the doses
-
 // A water count: 0 is off, and 1 is shown as 0.
-void ShowWater(QLabel& text, Bar& bar, double value);
+QString WaterText(double value, int decimals);
 // Tenths of a second with an off state below the shown zero.
-void ShowSugar(QLabel& text, Bar& bar, double value);
+QString SugarText(double value, int decimals);
 
 constexpr FieldRow WaterRow(int line, int record) {
   return {.line = line,
@@ -22,7 +19,7 @@ constexpr FieldRow WaterRow(int line, int record) {
           .record = record,
           .max = 999,
           .large_change = 10,
-          .show = ShowWater,
+          .text = WaterText,
           .clamped = true,
           .parse = ParseInt,
           .limit = 999,
@@ -30,21 +27,18 @@ constexpr FieldRow WaterRow(int line, int record) {
 }
 
 // The entry limit is the same where the bar ends lower.
-constexpr FieldRow TimeRow(int line, int record, int max = 255, RowDisplay show = BindScrollTenths) {
+constexpr FieldRow TimeRow(int line, int record, int max = 255, ValueText text = TenthsText) {
   return {.line = line,
           .node = kHotDrinks,
           .record = record,
           .max = max,
           .large_change = 10,
-          .show = show,
+          .text = text,
           .clamped = true,
           .parse = ParseTenths,
           .limit = 255,
           .length = 4};
 }
-
-// So many arrivals do not open the form yet.
-inline constexpr int kLoadThreshold = 23;
 
 // Models without some of the controls.
 inline constexpr int kFirstModelWithPartTests = 21;
@@ -64,7 +58,7 @@ inline constexpr FieldRow kDoseRows[] = {
     WaterRow(77, 214),                 // 9  decaffeinated water
     TimeRow(78, 346),                  // 10 decaffeinated
     WaterRow(79, 236),                 // 11 hot water
-    TimeRow(80, 434, 100, ShowSugar),  // 12 sugar
+    TimeRow(80, 434, 100, SugarText),  // 12 sugar
     TimeRow(81, 563),                  // 13 decaffeinated delay
 };
 
@@ -87,14 +81,6 @@ inline constexpr Head kHeads[] = {
     {.row = 9, .first = 10, .last = 10, .first_test = 3, .last_test = 3, .has_delay = true},
 };
 
-// Records of the master. A test writes the selection first; the command follows when its echo is back.
-inline constexpr int kGateRecord = 312;
-inline constexpr int kTestCommand = 314;
-inline constexpr int kTestSelection = 315;
-inline constexpr int kTestPart = 316;
-inline constexpr int kStatus = 317;
-inline constexpr int kStatusDispensing = 2;
-
 // Commands for the tests of the whole drink: only water, without sugar, complete.
 inline constexpr int kDrinkTestCodes[] = {4, 3, 2};
 inline constexpr int kDrinkTestPatience = 2000;  // ms for the machine to start
@@ -115,27 +101,35 @@ constexpr int PartTestInterval(int tenths) {
   return interval < 1001 ? 100 : interval;
 }
 
-// A yes or no of each selection, one bit in three bytes.
-struct Property {
-  int line;
-  int record;  // of the first byte
-  int mirror;
-  bool position_texts;  // the switch has words at its positions
-};
-inline constexpr Property kProperties[] = {
-    {.line = 62, .record = 38, .mirror = 516, .position_texts = true},     // jug
-    {.line = 63, .record = 34, .mirror = 512, .position_texts = true},     // selection in use
-    {.line = 64, .record = 42, .mirror = 520, .position_texts = true},     // milk first
-    {.line = 624, .record = 589, .mirror = 593, .position_texts = false},  // free of charge
-};
+// A yes or no of each selection: one bit in three bytes, of which each property has its own.
 inline constexpr int kPropertyBytes = 3;
+inline constexpr BitRecord kPropertyRecords[] = {
+    {kHotDrinks, 38, 516},  {kHotDrinks, 39, 517},  {kHotDrinks, 40, 518},   // jug
+    {kHotDrinks, 34, 512},  {kHotDrinks, 35, 513},  {kHotDrinks, 36, 514},   // selection in use
+    {kHotDrinks, 42, 520},  {kHotDrinks, 43, 521},  {kHotDrinks, 44, 522},   // milk first
+    {kHotDrinks, 589, 593}, {kHotDrinks, 590, 594}, {kHotDrinks, 591, 595},  // free of charge
+};
 
-// Where the bit of a selection lies.
+// Where the bit of a selection lies among the three.
 constexpr int PropertyByte(int selection) { return selection / 8; }
 constexpr int PropertyMask(int selection) { return 1 << selection % 8; }
+
+// As they stand for the first selection.
+inline constexpr BitRow kProperties[] = {
+    {.line = 62, .byte = 0, .mask = 1, .index = 0},
+    {.line = 63, .byte = 3, .mask = 1, .index = 1},
+    {.line = 64, .byte = 6, .mask = 1, .index = 2},
+    {.line = 624, .byte = 9, .mask = 1, .index = 3},
+};
+// Only the first ones have words at their positions.
+inline constexpr int kPropertiesWithWords = 3;
 
 // Released at the close though never subscribed: the mirrors of the properties and the record behind them.
 inline constexpr Records kReleasedOnly[] = {
     {kHotDrinks, 512, 3}, {kHotDrinks, 516, 3}, {kHotDrinks, 520, 3}, {kHotDrinks, 593, 4}};
+
+// The form is grey until 24 arrivals have counted.
+inline constexpr FormSetup kSetup = {
+    .name = "FrmDosi", .title = 5, .opens_after = 23, .also_released = kReleasedOnly};
 
 }  // namespace dosmara::dosi

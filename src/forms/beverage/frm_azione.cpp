@@ -3,42 +3,25 @@
 
 #include <QScopedValueRollback>
 
-#include "shell/caption_table.h"
-#include "shell/records.h"
-
 namespace dosmara {
 
 namespace {
 
-constexpr int kLoadThreshold = 7;
-constexpr int kMainBoard = 0;
-constexpr int kHotDrinks = 1;
+// The mirrors are only ever written.
+constexpr Records kMirrors[] = {{kHotDrinks, 557, 4}, {kHotDrinks, 526, 3}};
 
-// A bar spans the signed 16-bit numbers, a count the unsigned ones: the bar holds the count less this.
-constexpr int kShift = 32768;
-constexpr int kLargestCount = 65535;
+constexpr FormSetup kSetup = {
+    .name = "FrmAzione", .title = 43, .opens_after = 7, .also_released = kMirrors};
+
 // Where a bar stands until its count arrives.
 constexpr int kFirstPosition = -32767;
 
-void ShowCount(QLabel& text, Bar& bar, double value) {
-  bar.SetValue(static_cast<int>(value) - kShift);
-  text.setText(QString::number(value));
-}
-
 constexpr FieldRow CountRow(int line, int record, int mirror) {
-  return {.line = line,
-          .node = kHotDrinks,
-          .record = record,
-          .mirror = mirror,
-          .min = -kShift,
-          .max = kLargestCount - kShift,
-          .large_change = 100,
-          .offset = kShift,
-          .show = ShowCount,
-          .clamped = true,
-          .parse = ParseWhole,
-          .limit = kLargestCount,
-          .length = 5};
+  FieldRow row = SixteenBitRow({.line = line, .node = kHotDrinks, .record = record, .mirror = mirror});
+  row.text = WholeText;
+  row.parse = ParseWhole;
+  row.length = 5;
+  return row;
 }
 
 constexpr FieldRow kRows[] = {
@@ -54,52 +37,26 @@ constexpr FieldRow kRows[] = {
 }  // namespace
 
 FrmAzione::FrmAzione()
-    : DataForm("FrmAzione", kLoadThreshold),
-      Presenza1{.record = GateRecord(kHotDrinks), .while_loading = Gate::WhileLoading::kCountsChanges},
-      rows_(Body(),
-            {.caption = "Label6",
-             .value = "Label10",
-             .box = "Text1",
-             .bar = "HScroll1",
-             .opening_fills_box = true},
-            kRows, InArrival) {
+    : DataForm(kSetup), rows_(NewRows({.caption = {"Label6"},
+                                       .value = {"Label10"},
+                                       .box = {"Text1"},
+                                       .bar = {"HScroll1"},
+                                       .opening_fills_box = true},
+                                      kRows)) {
   auto* grid = new QGridLayout(Body());
-  rows_.PlaceIn(*grid, 0, rows_.size() - 1);
+  rows_.PlaceInColumns(*grid, 1);
   grid->setRowStretch(rows_.size(), 1);
+  Watch(rows_);
+  Watch(Presenza1, [this] { Loaded(); });
+  SetLumenoEnabled(false);
   const QScopedValueRollback guard(InArrival, true);
   for (int n = 0; n < rows_.size(); ++n) {
     rows_[n].bar().SetValue(kFirstPosition);
   }
 }
 
-void FrmAzione::Load() {
-  InitDati();
-  InitMessaggi();
-  SetLumenoEnabled(false);
-  FormCentre(*this);
-}
-
-void FrmAzione::Unload() {
-  Unsubscribe({kMainBoard, GateRecord(kHotDrinks)});
-  rows_.Unsubscribe();
-  // Released though never subscribed.
-  rows_.UnsubscribeMirrors();
-}
-
-void FrmAzione::InitDati() {
-  Subscribe({kMainBoard, GateRecord(kHotDrinks)});
-  rows_.Subscribe();
-  Listen(Presenza1, [this] { Loaded(); });
-  Listen(rows_);
-}
-
-void FrmAzione::InitMessaggi() {
-  setWindowTitle(Caption(43));
-  rows_.SetCaptions();
-}
-
 void FrmAzione::SetLumenoEnabled(bool enabled) {
-  rows_.SetOpen(kHotDrinks, enabled);
+  rows_.SetOpen(enabled);
   for (int n = 0; n < rows_.size(); ++n) {
     rows_[n].SetLabelsEnabled(enabled);
   }

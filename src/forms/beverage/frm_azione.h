@@ -2,7 +2,7 @@
 // Preventive actions: after how many uses the machine calls for maintenance of a wearing part.
 #pragma once
 
-#include "shell/data_form.h"
+#include "shell/fields/data_form.h"
 
 namespace dosmara {
 
@@ -11,17 +11,12 @@ class FrmAzione : public DataForm {
  public:
   FrmAzione();
 
-  void Load() override;
-  void InitMessaggi() override;
-  void Unload() override;
-
  private:
-  void InitDati();
-  void SetLumenoEnabled(bool enabled);
   void Loaded() override { SetLumenoEnabled(Presenza1.Open()); }
+  void SetLumenoEnabled(bool enabled);
 
-  Gate Presenza1;
-  FieldRows rows_;
+  Gate Presenza1{.record = GateRecord(kHotDrinks), .while_loading = Gate::WhileLoading::kCountsChanges};
+  FieldRows& rows_;
 };
 
 }  // namespace dosmara

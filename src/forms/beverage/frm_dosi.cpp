@@ -11,18 +11,23 @@ namespace dosmara {
 using namespace dosi;
 
 FrmDosi::FrmDosi()
-    : DataForm("FrmDosi", kLoadThreshold),
-      Presenza1{.record = kGateRecord, .mask = kInUse, .presence = 0},
-      controls_(Body(), InArrival, &SavedText),
+    : DataForm(kSetup),
+      controls_(Body(),
+                NewRows({.caption = {"lblDes"}, .value = {"lblVal"}, .box = {"txtVal"}, .bar = {"scrDosi"}},
+                        kDoseRows),
+                NewBits(kPropertyRecords, kProperties)),
       timer1_(NewTimer("Timer1", &FrmDosi::DrinkTestDue)),
       timer3_(NewTimer("Timer3", &FrmDosi::PartTestDue)) {
   timer1_->setInterval(kDrinkTestPatience);
-  for (const Property& property : kProperties) {
-    for (int byte = 0; byte < kPropertyBytes; ++byte) {
-      bits_.emplace_back(BitRecord{kHotDrinks, property.record + byte, property.mirror + byte});
-    }
+  if (ModelCode < kFirstModelWithDelay) {
+    controls_.rows[kDecaffeinatedDelay].Withdraw();
   }
+  Watch(Presenza1, [this] { Presenza1.Open() ? EnableAll() : DisableAll(); });
+  Watch(kMainBoard, kMachineStatus, [this](double value) { TakeStatus(value); }, Counts::kNo);
+  Listen(kMainBoard, kTestSelection, [this](double) { PutRecord(kMainBoard, kTestCommand, TestCode); });
+  WatchSelection();
   Connect();
+  DisableAll();
 }
 
 QTimer* FrmDosi::NewTimer(const char* name, void (FrmDosi::*due)()) {
@@ -46,87 +51,36 @@ void FrmDosi::Connect() {
   for (std::size_t i = 0; i < controls_.part_tests.size(); ++i) {
     connect(controls_.part_tests[i], &QPushButton::clicked, this, [this, i] { TestPart(i); });
   }
-  for (std::size_t i = 0; i < controls_.properties.size(); ++i) {
-    connect(controls_.properties[i], &TwoPositionSwitch::Changed, this,
-            [this, i](int position) { WriteProperty(i, position); });
-  }
-}
-
-void FrmDosi::Load() {
-  if (ModelCode < kFirstModelWithDelay) {
-    controls_.rows[kDecaffeinatedDelay].Withdraw();
-  }
-  DisableAll();
-  InitDati();
-  InitMessaggi();
-  FormCentre(*this);
-}
-
-void FrmDosi::Unload() {
-  UnsubscribeSelection();
-  for (const Records& records : kReleasedOnly) {
-    Unsubscribe(records);
-  }
-  Unsubscribe({kMaster, kStatus});
-  Unsubscribe({kMaster, kGateRecord});
-}
-
-void FrmDosi::InitDati() {
-  SubscribeSelection();
-  Subscribe({kMaster, kStatus});
-  Subscribe({kMaster, kGateRecord});
-  ListenToRecords();
 }
 
 void FrmDosi::InitMessaggi() {
-  setWindowTitle(Caption(5));
+  DataForm::InitMessaggi();
   controls_.SetCaptions(Selection);
 }
 
-void FrmDosi::SubscribeSelection() const {
-  controls_.rows.Subscribe();
-  Subscribe({kHotDrinks, kUnshownDose + Selection});
-  for (const Property& property : kProperties) {
-    Subscribe({kHotDrinks, property.record, kPropertyBytes});
-  }
-}
-
-void FrmDosi::UnsubscribeSelection() const {
-  controls_.rows.Unsubscribe();
-  Unsubscribe({kHotDrinks, kUnshownDose + Selection});
-  for (const Property& property : kProperties) {
-    Unsubscribe({kHotDrinks, property.record, kPropertyBytes});
-  }
-}
-
-void FrmDosi::ListenToRecords() {
-  ListenToNothing();
-  Listen(controls_.rows);
-  for (const Head& head : kHeads) {
-    Listen(kHotDrinks, controls_.rows.Record(head.row), [this, &head](double value) {
-      controls_.rows.Show(head.row, value);
-      SetDependantsOpen(head, value != 0);
-      Count();
-    });
-  }
-  for (std::size_t i = 0; i < std::size(kProperties); ++i) {
-    for (int byte = 0; byte < kPropertyBytes; ++byte) {
-      Listen(kHotDrinks, kProperties[i].record + byte,
-             [this, i, byte](double value) { TakeBits(i, byte, value); });
+// Everything that the second board holds of the selection. An arrival at 0 of a head closes its dependants.
+void FrmDosi::WatchSelection() {
+  Watch(controls_.rows, Counts::kYes, [this](int n, double value) {
+    for (const Head& head : kHeads) {
+      if (head.row == n) {
+        SetDependantsOpen(head, value != 0);
+      }
     }
-  }
-  Listen(Presenza1, [this] { Presenza1.Open() ? EnableAll() : DisableAll(); });
-  Listen(kMaster, kTestSelection, [this](double) { PutRecord(kMaster, kTestCommand, TestCode); });
-  Listen(kMaster, kStatus, [this](double value) { TakeStatus(value); });
+  });
+  Watch(kHotDrinks, kUnshownDose + Selection, [](double) {}, Counts::kNo);
+  Watch(controls_.properties);
 }
 
+// The switches go on showing the selection before until their bytes have been read again.
 void FrmDosi::ChangeSelection(int n) {
-  UnsubscribeSelection();
+  Forget(kHotDrinks);
   Selection = n;
   controls_.selection->SetValue(n);
   controls_.rows.SetShift(n);
-  SubscribeSelection();
-  ListenToRecords();
+  for (int i = 0; i < controls_.properties.size(); ++i) {
+    controls_.properties.MoveTo(i, i * kPropertyBytes + PropertyByte(n), PropertyMask(n));
+  }
+  WatchSelection();
   controls_.ShowSelection(n);
 }
 
@@ -184,21 +138,6 @@ void FrmDosi::Loaded() {
   }
 }
 
-void FrmDosi::TakeBits(std::size_t property, int byte, double value) {
-  BitByte& bits = Bits(property, byte);
-  bits.Take(value);
-  if (byte == PropertyByte(Selection)) {
-    controls_.properties[property]->SetPosition(bits.Has(PropertyMask(Selection)) ? 1 : 0);
-  }
-  Count();
-}
-
-void FrmDosi::WriteProperty(std::size_t property, int position) {
-  if (!InArrival) {
-    Bits(property, PropertyByte(Selection)).Write(PropertyMask(Selection), position == 1);
-  }
-}
-
 void FrmDosi::TakeStatus(double value) {
   if ((LowBits(value) & kStatusDispensing) != 0) {
     Dispensing = true;
@@ -209,7 +148,7 @@ void FrmDosi::TakeStatus(double value) {
 
 void FrmDosi::TestDrink(std::size_t i) {
   TestCode = kDrinkTestCodes[i];
-  PutRecord(kMaster, kTestSelection, Selection + 1);
+  PutRecord(kMainBoard, kTestSelection, Selection + 1);
   DisableAll();
   timer1_->start();
 }
@@ -224,8 +163,8 @@ void FrmDosi::DrinkTestDue() {
 // The selection counts from 0 here, unlike in the test of a drink.
 void FrmDosi::TestPart(std::size_t i) {
   TestCode = kPartTestCode;
-  PutRecord(kMaster, kTestSelection, Selection);
-  PutRecord(kMaster, kTestPart, kPartTests[i].part);
+  PutRecord(kMainBoard, kTestSelection, Selection);
+  PutRecord(kMainBoard, kTestPart, kPartTests[i].part);
   timer3_->setInterval(PartTestInterval(controls_.rows[kPartTests[i].row].bar().Value()));
   DisableAll();
   timer3_->start();

@@ -4,11 +4,9 @@
 
 #include <QPointer>
 #include <QTimer>
-#include <vector>
 
 #include "forms/beverage/dosi_controls.h"
-#include "shell/bit_byte.h"
-#include "shell/data_form.h"
+#include "shell/fields/data_form.h"
 
 namespace dosmara {
 
@@ -18,28 +16,19 @@ class FrmDosi : public DataForm {
  public:
   FrmDosi();
 
-  void Load() override;
   void InitMessaggi() override;
-  void Unload() override;
 
  private:
   void Connect();
   QTimer* NewTimer(const char* name, void (FrmDosi::*due)());
 
-  void InitDati();
-  void SubscribeSelection() const;
-  void UnsubscribeSelection() const;
-  void ListenToRecords();
+  void WatchSelection();
   void ChangeSelection(int n);
 
   void DisableAll();
   void EnableAll();
   void SetDependantsOpen(const dosi::Head& head, bool open);
   void Loaded() override;
-
-  BitByte& Bits(std::size_t property, int byte) { return bits_[property * dosi::kPropertyBytes + byte]; }
-  void TakeBits(std::size_t property, int byte, double value);
-  void WriteProperty(std::size_t property, int position);
 
   void TakeStatus(double value);
   void TestDrink(std::size_t i);
@@ -52,10 +41,9 @@ class FrmDosi : public DataForm {
   bool Dispensing = false;   // the machine has been seen dispensing since the last test ended
   bool TestRunning = false;  // a timed test of a single part is under way
   int TestCode = 0;          // command that follows the selection under test; 0: no test
-  Gate Presenza1;
+  Gate Presenza1{.record = GateRecord(kHotDrinks), .mask = kInUse, .presence = 0};
 
   DosiControls controls_;
-  std::vector<BitByte> bits_;
   QTimer* timer1_;                  // gives the machine time to start a drink
   QTimer* timer3_;                  // length of a single part's test
   QPointer<QWidget> focus_before_;  // what had the focus when everything was disabled

@@ -2,7 +2,7 @@
 // Temperatures: the boiler, and the cooled tanks of the two Zeth units.
 #pragma once
 
-#include "shell/boards_form.h"
+#include "shell/fields/boards_form.h"
 
 namespace dosmara {
 
@@ -11,14 +11,6 @@ namespace dosmara {
 class FrmTemperatura : public BoardsForm {
  public:
   FrmTemperatura();
-
-  void InitMessaggi() override;
-  void Unload() override;
-
- private:
-  FieldRows& boiler_;
-  FieldRows& tank2_;  // of node 2
-  FieldRows& tank3_;  // of node 3
 };
 
 }  // namespace dosmara

@@ -13,40 +13,46 @@ namespace dosmara {
 
 namespace {
 
-constexpr int kLoadThreshold = 20;
+// The mirrors are only ever written.
+constexpr Records kMirrors[] = {
+    {kHotDrinks, 503, 2}, {kHotDrinks, 508, 3}, {kHotDrinks, 562}, {kHotDrinks, 586}, {kHotDrinks, 588},
+    {kZeth, 273},         {kZeth, 310, 18},     {kZeth2, 273},     {kZeth2, 310, 18}};
+
+constexpr FormSetup kSetup = {
+    .name = "FrmTempi", .title = 4, .opens_after = 20, .also_released = kMirrors};
 
 constexpr BoardFrame kBoards[] = {
-    {.name = "Frame1", .line = 47, .node = 1},
-    {.name = "Frame2", .line = 54, .node = 2},
-    {.name = "Frame3", .line = 56, .node = 3},
+    {.name = "Frame1", .line = 47, .node = kHotDrinks},
+    {.name = "Frame2", .line = 54, .node = kZeth},
+    {.name = "Frame3", .line = 56, .node = kZeth2},
 };
 
 // Shown in tenths and typed with a tenth.
 constexpr FieldRow Tenths(FieldRow row) {
-  row.show = BindScrollTenths;
+  row.text = TenthsText;
   row.parse = ParseTenths;
   return row;
 }
 
 // Shown as a whole number but typed like tenths: "12" is 120.
 constexpr FieldRow WholeTypedInTenths(FieldRow row) {
-  row.show = BindScrollText;
+  row.text = WholeText;
   row.parse = ParseTenths;
   return row;
 }
 
 // The rows of no drawer. Rows 8 and 9 carry each other's entry limit; the bars keep their values in bounds.
 constexpr FieldRow kTimes[] = {
-    Tenths({.line = 48, .node = 1, .record = 31, .mirror = 509, .max = 100, .limit = 100, .length = 4}),
-    Tenths({.line = 49, .node = 1, .record = 25, .mirror = 503, .max = 100, .limit = 100, .length = 4}),
-    Tenths({.line = 50, .node = 1, .record = 26, .mirror = 504, .max = 100, .limit = 100, .length = 4}),
-    Tenths({.line = 51, .node = 1, .record = 30, .mirror = 508, .max = 255, .limit = 255, .length = 4}),
-    WholeRow({.line = 52, .node = 1, .record = 32, .mirror = 510, .max = 90, .length = 2}),
-    Tenths({.line = 55, .node = 2, .record = 58, .mirror = 273, .max = 250, .limit = 250, .length = 4}),
-    WholeRow({.line = 53, .node = 1, .record = 561, .mirror = 562, .min = 5, .max = 60, .length = 2}),
-    Tenths({.line = 55, .node = 3, .record = 58, .mirror = 273, .max = 250, .limit = 250, .length = 4}),
+    Tenths({.line = 48, .node = kHotDrinks, .record = 31, .mirror = 509, .max = 100, .limit = 100, .length = 4}),
+    Tenths({.line = 49, .node = kHotDrinks, .record = 25, .mirror = 503, .max = 100, .limit = 100, .length = 4}),
+    Tenths({.line = 50, .node = kHotDrinks, .record = 26, .mirror = 504, .max = 100, .limit = 100, .length = 4}),
+    Tenths({.line = 51, .node = kHotDrinks, .record = 30, .mirror = 508, .max = 255, .limit = 255, .length = 4}),
+    WholeRow({.line = 52, .node = kHotDrinks, .record = 32, .mirror = 510, .max = 90, .length = 2}),
+    Tenths({.line = 55, .node = kZeth, .record = 58, .mirror = 273, .max = 250, .limit = 250, .length = 4}),
+    WholeRow({.line = 53, .node = kHotDrinks, .record = 561, .mirror = 562, .min = 5, .max = 60, .length = 2}),
+    Tenths({.line = 55, .node = kZeth2, .record = 58, .mirror = 273, .max = 250, .limit = 250, .length = 4}),
     Tenths({.line = 622,
-            .node = 1,
+            .node = kHotDrinks,
             .record = 587,
             .mirror = 588,
             .min = 29,
@@ -54,7 +60,7 @@ constexpr FieldRow kTimes[] = {
             .limit = 255,
             .length = 4}),
     WholeTypedInTenths(
-        {.line = 623, .node = 1, .record = 585, .mirror = 586, .max = 255, .limit = 230, .length = 3}),
+        {.line = 623, .node = kHotDrinks, .record = 585, .mirror = 586, .max = 255, .limit = 230, .length = 3}),
 };
 constexpr int kFillTimeout = 6;
 constexpr int kHotDrinksRows[] = {0, 1, 2, 3, 4, kFillTimeout, 8, 9};
@@ -91,20 +97,19 @@ constexpr std::array<FieldRow, kDrawerRows> DrawerRows(int node, int attempts_le
 }
 
 // On the first unit's tab the box of the attempts is too short for a separator: only the bar changes them.
-constexpr std::array<FieldRow, kDrawerRows> kDrawersOfUnit[kZethUnits] = {DrawerRows(2, 1), DrawerRows(3, 3)};
+constexpr std::array<FieldRow, kDrawerRows> kDrawersOfUnit[kZethUnits] = {DrawerRows(kZeth, 1),
+                                                                         DrawerRows(kZeth2, 3)};
 
 constexpr RowStyle kDrawerStyles[kZethUnits] = {
-    {.caption = "Label10",
-     .value = "Label3",
-     .box = "txtzeth1",
-     .bar = "HScroll3",
-     .first = 1,
+    {.caption = {"Label10"},
+     .value = {"Label3", 1},
+     .box = {"txtzeth1", 1},
+     .bar = {"HScroll3", 1},
      .closed_box_stays = true},
-    {.caption = "Label11",
-     .value = "Label4",
-     .box = "txtzeth2",
-     .bar = "HScroll4",
-     .first = 1,
+    {.caption = {"Label11"},
+     .value = {"Label4", 1},
+     .box = {"txtzeth2", 1},
+     .bar = {"HScroll4", 1},
      .closed_box_stays = true},
 };
 
@@ -121,18 +126,21 @@ QFrame* RowFrame(FieldRows& rows, int first, int last, const QString& name = {})
 }  // namespace
 
 FrmTempi::FrmTempi()
-    : BoardsForm("FrmTempi", kLoadThreshold, kBoards, {.mask = kInUse, .presence = 0}),
+    : BoardsForm(kSetup, kBoards, {.mask = kInUse, .presence = 0}),
       tabs_(new QTabWidget(Body())),
-      times_(NewRows({.caption = "Label2", .value = "Label1", .box = "txtTempi", .bar = "HScroll1"}, kTimes,
-                     &SavedText)) {
+      times_(NewBoardRows(
+          {.caption = {"Label2"}, .value = {"Label1"}, .box = {"txtTempi"}, .bar = {"HScroll1"}}, kTimes)) {
   tabs_->setObjectName("SSTab1");
   LayOutHotDrinks();
   for (int unit = 0; unit < kZethUnits; ++unit) {
-    drawers_[unit] = &NewRows(kDrawerStyles[unit], kDrawersOfUnit[unit], &SavedText);
+    drawers_[unit] = &NewBoardRows(kDrawerStyles[unit], kDrawersOfUnit[unit]);
     LayOutZeth(unit);
   }
   auto* layout = new QVBoxLayout(Body());
   layout->addWidget(tabs_);
+  if (ModelCode == kModelWithoutFillTimeout) {
+    times_[kFillTimeout].Withdraw();
+  }
 }
 
 // Puts the frame of a board on a tab of its own.
@@ -158,9 +166,9 @@ void FrmTempi::LayOutZeth(int unit) {
   FieldRows& rows = *drawers_[unit];
   auto* layout = new QGridLayout(Frame(1 + unit));
   layout->addWidget(RowFrame(times_, kMotorTimeouts[unit], kMotorTimeouts[unit]), 0, 0);
-  layout->addWidget(RowFrame(rows, 0, kFirstAttempts - 1, Indexed("Frame13", unit)), 1, 0);
-  layout->addWidget(RowFrame(rows, kFirstAttempts, kFirstSensorRow - 1, Indexed("Frame50", unit)), 1, 1);
-  layout->addWidget(RowFrame(rows, kFirstSensorRow, kDrawerRows - 1, Indexed("Frame51", unit)), 2, 0);
+  layout->addWidget(RowFrame(rows, 0, kFirstAttempts - 1, ControlArray{"Frame13"}[unit]), 1, 0);
+  layout->addWidget(RowFrame(rows, kFirstAttempts, kFirstSensorRow - 1, ControlArray{"Frame50"}[unit]), 1, 1);
+  layout->addWidget(RowFrame(rows, kFirstSensorRow, kDrawerRows - 1, ControlArray{"Frame51"}[unit]), 2, 0);
   AddTab(1 + unit);
 }
 
@@ -182,16 +190,8 @@ void FrmTempi::LineUp(int unit) {
   }
 }
 
-void FrmTempi::Load() {
-  if (ModelCode == kModelWithoutFillTimeout) {
-    times_[kFillTimeout].Withdraw();
-  }
-  BoardsForm::Load();
-}
-
 void FrmTempi::InitMessaggi() {
   BoardsForm::InitMessaggi();
-  setWindowTitle(Caption(4));
   tabs_->setAccessibleName(Caption(4));
   tabs_->tabBar()->setAccessibleName(Caption(4));
   for (int i = 0; i < tabs_->count(); ++i) {
@@ -199,14 +199,6 @@ void FrmTempi::InitMessaggi() {
   }
   for (int unit = 0; unit < kZethUnits; ++unit) {
     LineUp(unit);
-  }
-}
-
-void FrmTempi::Unload() {
-  BoardsForm::Unload();
-  times_.UnsubscribeMirrors();
-  for (const FieldRows* drawers : drawers_) {
-    drawers->UnsubscribeMirrors();
   }
 }
 

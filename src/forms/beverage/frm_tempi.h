@@ -4,7 +4,7 @@
 
 #include <QTabWidget>
 
-#include "shell/boards_form.h"
+#include "shell/fields/boards_form.h"
 
 namespace dosmara {
 
@@ -14,9 +14,7 @@ class FrmTempi : public BoardsForm {
  public:
   FrmTempi();
 
-  void Load() override;
   void InitMessaggi() override;
-  void Unload() override;
 
  private:
   void AddTab(std::size_t board);

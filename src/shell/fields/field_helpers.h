@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // The shared ways in which forms show numbers.
 //
-// The three bindings show a value on a bar and a text at once. A value outside the bar's span puts the bar
-// at its end, while the text goes on showing the value as it is.
+// The bindings show a value on a bar and a text at once. A value outside the bar's span puts the bar at its
+// end, while the text goes on showing the value as it is.
 #pragma once
 
 #include <QLabel>
@@ -15,6 +15,16 @@ namespace dosmara {
 // `value` with 0 to 3 decimals and the locale's separator, halves rounded away from zero as they stand in
 // decimal: 12.345 with 2 decimals is "12.35". Empty for any other number of decimals.
 QString FormatDecimals(double value, int decimals);
+
+// The texts of a value: a whole number, one held in tenths, an amount of money. They are what the tables of
+// the forms name; only money looks at its decimals.
+using ValueText = QString (*)(double value, int decimals);
+QString WholeText(double value, int decimals = 0);
+QString TenthsText(double value, int decimals = 0);
+QString MoneyText(double value, int decimals);
+
+// Shows a value of which the text is known: what the rows of the forms and the bindings below come down to.
+void BindScroll(QLabel& text, Bar& scroll, double value, const QString& shown);
 
 // Shows a whole number.
 void BindScrollText(QLabel& text, Bar& scroll, double value);

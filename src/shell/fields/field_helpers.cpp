@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "shell/field_helpers.h"
+#include "shell/fields/field_helpers.h"
 
 #include <QLocale>
 #include <cmath>
@@ -28,16 +28,29 @@ QString FormatDecimals(double value, int decimals) {
   return text.replace('.', QLocale().decimalPoint());
 }
 
-void BindScrollText(QLabel& text, Bar& scroll, double value) {
-  scroll.SetValue(scroll.Clamped(value));
-  text.setText(QString::number(value, 'g', kDecimalDigits));
+QString WholeText(double value, int /*decimals*/) { return QString::number(value, 'g', kDecimalDigits); }
+
+QString TenthsText(double value, int /*decimals*/) { return MoneyText(value, 1); }
+
+QString MoneyText(double value, int decimals) {
+  return FormatDecimals(value / std::pow(10, decimals), decimals);
 }
 
-void BindScrollTenths(QLabel& text, Bar& scroll, double value) { BindScrollDecimals(text, scroll, value, 1); }
+void BindScroll(QLabel& text, Bar& scroll, double value, const QString& shown) {
+  scroll.SetValue(scroll.Clamped(value));
+  text.setText(shown);
+}
+
+void BindScrollText(QLabel& text, Bar& scroll, double value) {
+  BindScroll(text, scroll, value, WholeText(value));
+}
+
+void BindScrollTenths(QLabel& text, Bar& scroll, double value) {
+  BindScroll(text, scroll, value, TenthsText(value));
+}
 
 void BindScrollDecimals(QLabel& text, Bar& scroll, double value, int decimals) {
-  scroll.SetValue(scroll.Clamped(value));
-  text.setText(FormatDecimals(value / std::pow(10, decimals), decimals));
+  BindScroll(text, scroll, value, MoneyText(value, decimals));
 }
 
 int DayNumber(int day, int month, int year) {

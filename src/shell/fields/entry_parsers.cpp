@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "shell/entry_parsers.h"
+#include "shell/fields/entry_parsers.h"
 
+#include <QString>
 #include <algorithm>
 #include <cmath>
 
@@ -9,6 +10,7 @@ namespace dosmara {
 namespace {
 
 constexpr int kTenthsLength = 4;
+constexpr int kMoneyLength = 6;
 constexpr int kLargestOffset = 5;
 
 bool IsDigit(QChar c) { return c >= u'0' && c <= u'9'; }
@@ -46,7 +48,7 @@ std::optional<double> ParseNumeric(QStringView text) {
   return (negative ? -number : number) / unit;
 }
 
-std::optional<int> ParseWhole(QStringView text, int min, int max) {
+std::optional<int> ParseWhole(QStringView text, int min, int max, int /*decimals*/) {
   const std::optional<double> number = ParseNumeric(text);
   if (!number || !(*number >= min && *number <= max)) {
     return std::nullopt;
@@ -54,7 +56,7 @@ std::optional<int> ParseWhole(QStringView text, int min, int max) {
   return static_cast<int>(std::round(*number));
 }
 
-std::optional<int> ParseInt(QStringView text, int min, int max) {
+std::optional<int> ParseInt(QStringView text, int min, int max, int /*decimals*/) {
   for (const QStringView off : {u"OFF", u"Off", u"off", u"oFF"}) {
     if (text == off) {
       return 0;
@@ -63,7 +65,7 @@ std::optional<int> ParseInt(QStringView text, int min, int max) {
   return ParseWhole(text, min, max);
 }
 
-std::optional<int> ParseTenths(QStringView text, int /*min*/, int max) {
+std::optional<int> ParseTenths(QStringView text, int /*min*/, int max, int /*decimals*/) {
   if (text.isEmpty()) {
     return std::nullopt;
   }
@@ -87,7 +89,7 @@ std::optional<int> ParseTenths(QStringView text, int /*min*/, int max) {
   return number;
 }
 
-std::optional<int> ParseDelta(QStringView text, int min, int max) {
+std::optional<int> ParseDelta(QStringView text, int min, int max, int /*decimals*/) {
   const bool whole = text.size() == 1 && IsDigit(text[0]);
   const bool tenths = text.size() == 3 && IsDigit(text[0]) && IsSeparator(text[1]) && IsDigit(text[2]);
   if (!whole && !tenths) {
@@ -100,13 +102,37 @@ std::optional<int> ParseDelta(QStringView text, int min, int max) {
   return number;
 }
 
-std::optional<int> ParseOffset(QStringView text, int /*min*/, int /*max*/) {
+std::optional<int> ParseOffset(QStringView text, int /*min*/, int /*max*/, int /*decimals*/) {
   const bool negative = text.startsWith(u'-');
   const QStringView digits = negative || text.startsWith(u'+') ? text.sliced(1) : text;
   if (digits.size() != 1 || !IsDigit(digits[0]) || Digit(digits[0]) > kLargestOffset) {
     return std::nullopt;
   }
   return kLargestOffset + (negative ? -Digit(digits[0]) : Digit(digits[0]));
+}
+
+std::optional<int> ParseMoney(QStringView text, int /*min*/, int max, int decimals) {
+  const QStringView read = text.first(std::min<qsizetype>(text.size(), kMoneyLength));
+  const auto separator = std::ranges::find_if(read, IsSeparator);
+  const bool separated = separator != read.end();
+  if (separated && decimals == 0) {
+    return std::nullopt;
+  }
+  const qsizetype whole = separator - read.begin();
+  const QStringView rest = separated ? text.sliced(whole + 1) : QStringView();
+  QString digits = text.first(whole).toString();
+  digits += rest.first(std::min<qsizetype>(rest.size(), decimals));
+  if (digits.isEmpty() || !std::ranges::all_of(digits, IsDigit)) {
+    return std::nullopt;
+  }
+  qint64 amount = digits.toLongLong();
+  for (qsizetype missing = decimals - (digits.size() - whole); missing > 0; --missing) {
+    amount *= 10;
+  }
+  if (amount > max) {
+    return std::nullopt;
+  }
+  return static_cast<int>(amount);
 }
 
 }  // namespace dosmara

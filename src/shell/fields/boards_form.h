@@ -2,12 +2,10 @@
 // What forms have in common whose rows belong to several boards.
 #pragma once
 
-#include <QGroupBox>
-#include <memory>
 #include <span>
 #include <vector>
 
-#include "shell/data_form.h"
+#include "shell/fields/data_form.h"
 
 namespace dosmara {
 
@@ -23,18 +21,11 @@ struct BoardFrame {
 class BoardsForm : public DataForm {
  public:
   // `boards` outlives the form. Each board's gate is a `gate` on the record that stands for its node.
-  BoardsForm(const QString& name, int load_threshold, std::span<const BoardFrame> boards, const Gate& gate);
-
-  // Subscribes the rows and the gates, sets the captions, places the form.
-  void Load() override;
-  // Sets the titles of the frames and the captions of the rows.
-  void InitMessaggi() override;
-  // Unsubscribes what Load has subscribed.
-  void Unload() override;
+  BoardsForm(const FormSetup& setup, std::span<const BoardFrame> boards, const Gate& gate);
 
  protected:
-  // Makes rows as FieldRows does. They belong to the form; the caller lays them out.
-  FieldRows& NewRows(const RowStyle& style, std::span<const FieldRow> fields, QString* saved_text = nullptr);
+  // Makes rows as NewRows does and watches them: they open and close with their boards.
+  FieldRows& NewBoardRows(const RowStyle& style, std::span<const FieldRow> fields);
 
   // The frame of the board at `index` in the list of boards; the caller lays it out.
   QGroupBox* Frame(std::size_t index) { return groups_[index].frame; }
@@ -43,7 +34,7 @@ class BoardsForm : public DataForm {
 
  private:
   struct Group {
-    const BoardFrame& board;
+    int node;
     QGroupBox* frame;
     Gate gate;
   };
@@ -51,7 +42,7 @@ class BoardsForm : public DataForm {
   void Follow(const Group& group);
 
   std::vector<Group> groups_;
-  std::vector<std::unique_ptr<FieldRows>> rows_;
+  std::vector<FieldRows*> board_rows_;
 };
 
 }  // namespace dosmara

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "shell/records.h"
+#include "shell/fields/records.h"
 
 #include <cmath>
 
@@ -21,6 +21,15 @@ void Unsubscribe(const Records& records) {
     NodeIndex = static_cast<std::uint8_t>(records.node);
     ParamUnsubscribe(record);
   }
+}
+
+bool AllFresh(const Records& records) {
+  for (int record = records.first; record < records.first + records.count; ++record) {
+    if (!ParamIsFresh(record, records.node)) {
+      return false;
+    }
+  }
+  return true;
 }
 
 void PutRecord(int node, int record, double value) {

@@ -9,11 +9,19 @@ struct Records {
   int node = 0;
   int first = 0;
   int count = 1;
+
+  // Whether a record of a node is one of them.
+  constexpr bool Has(int of_node, int record) const {
+    return of_node == node && record >= first && record < first + count;
+  }
 };
 
 // Subscribes, or unsubscribes, each record of the run in rising order.
 void Subscribe(const Records& records);
 void Unsubscribe(const Records& records);
+
+// Whether a value from the machine has reached every record of the run since it was written last.
+bool AllFresh(const Records& records);
 
 // The value of a record as bits: its low 31, whatever width an index file gave the record.
 int LowBits(double value);

@@ -1,0 +1,104 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "shell/fields/bit_rows.h"
+
+#include <QScopedValueRollback>
+
+#include "shell/caption_table.h"
+#include "shell/fields/records.h"
+#include "store/parameter_table.h"
+
+namespace dosmara {
+
+void BitByte::Take(double value) {
+  bits_ = LowBits(value);
+  known_ = true;
+}
+
+bool BitByte::Write(int mask, int bits) {
+  if (!known_) {
+    return false;
+  }
+  // The table holds what came last, or what is on its way in the place of that.
+  const int newest = LowBits(ParamGet(where_.record, where_.node));
+  bits_ = (newest & ~mask) | (bits & mask);
+  PutWithMirror(where_.node, where_.record, where_.mirror, bits_);
+  return true;
+}
+
+BitRows::BitRows(std::span<const BitRecord> bytes, std::span<const BitRow> rows, const bool& in_arrival)
+    : bytes_(bytes.begin(), bytes.end()), in_arrival_(in_arrival) {
+  for (const BitRow& bit : rows) {
+    rows_.push_back({.bit = bit, .show = [](bool) {}});
+  }
+}
+
+void BitRows::MakeSwitches(QWidget* parent, const ControlArray& captions, const ControlArray& switches) {
+  for (Row& row : rows_) {
+    row.caption = new FieldLabel(parent);
+    row.caption->setObjectName(captions[row.bit.index]);
+    row.control = new TwoPositionSwitch(parent);
+    row.control->setObjectName(switches[row.bit.index]);
+    row.mark = new EchoMark(parent);
+    row.show = [&row](bool on) {
+      row.control->SetPosition(on ? 1 : 0);
+      row.mark->Came(on ? 1 : 0);
+    };
+    QObject::connect(row.control, &TwoPositionSwitch::Changed, row.control,
+                     [this, &row](int position) { Write(row, position == 1); });
+  }
+}
+
+void BitRows::PlaceIn(QGridLayout& grid, int n, int line, int column) {
+  grid.addWidget(rows_[n].caption, line, column);
+  grid.addWidget(rows_[n].control, line, column + 1);
+  grid.addWidget(rows_[n].mark, line, column + 2);
+}
+
+void BitRows::SetEnabled(bool enabled) {
+  for (const Row& row : rows_) {
+    row.caption->setEnabled(enabled);
+    row.control->setEnabled(enabled);
+  }
+}
+
+void BitRows::SetCaptions() {
+  for (const Row& row : rows_) {
+    if (row.bit.line != 0) {
+      row.caption->setText(Caption(row.bit.line));
+      row.control->setAccessibleName(Caption(row.bit.line));
+    }
+  }
+}
+
+void BitRows::Take(int byte, double value) {
+  bytes_[byte].Take(value);
+  for (const Row& row : rows_) {
+    if (row.bit.byte == byte) {
+      row.show(IsOn(row));
+    }
+  }
+}
+
+void BitRows::MoveTo(int n, int byte, int mask) {
+  rows_[n].bit.byte = byte;
+  rows_[n].bit.mask = mask;
+  if (rows_[n].mark != nullptr) {
+    rows_[n].mark->Clear();
+  }
+}
+
+// A switch whose byte is not known yet goes back: the other bits would be made up.
+void BitRows::Write(Row& row, bool on) {
+  if (in_arrival_ || putting_back_) {
+    return;
+  }
+  const bool set = on != row.bit.active_low;
+  if (bytes_[row.bit.byte].Write(row.bit.mask, set ? row.bit.mask : 0)) {
+    row.mark->Sent(on ? 1 : 0);
+  } else {
+    const QScopedValueRollback guard(putting_back_, true);
+    row.control->SetPosition(on ? 0 : 1);
+  }
+}
+
+}  // namespace dosmara

@@ -1,0 +1,39 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "shell/fields/boards_form.h"
+
+namespace dosmara {
+
+BoardsForm::BoardsForm(const FormSetup& setup, std::span<const BoardFrame> boards, const Gate& gate)
+    : DataForm(setup) {
+  groups_.reserve(boards.size());
+  for (const BoardFrame& board : boards) {
+    Group& group = groups_.emplace_back(Group{board.node, NewFrame(board.name, board.line), gate});
+    group.frame->setEnabled(false);
+    group.gate.record = GateRecord(board.node);
+    Watch(group.gate, [this, &group] { Follow(group); });
+  }
+}
+
+FieldRows& BoardsForm::NewBoardRows(const RowStyle& style, std::span<const FieldRow> fields) {
+  FieldRows& rows = NewRows(style, fields);
+  board_rows_.push_back(&rows);
+  Watch(rows);
+  return rows;
+}
+
+void BoardsForm::Loaded() {
+  for (const Group& group : groups_) {
+    Follow(group);
+  }
+}
+
+// The frame first: as a whole it lets go of the focus, while its rows one by one would pass it on into the
+// boxes of another board and empty them.
+void BoardsForm::Follow(const Group& group) {
+  group.frame->setEnabled(group.gate.Open());
+  for (FieldRows* rows : board_rows_) {
+    rows->SetOpen(group.node, group.gate.Open());
+  }
+}
+
+}  // namespace dosmara

@@ -1,0 +1,102 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "shell/fields/counters_form.h"
+
+#include <QVBoxLayout>
+#include <chrono>
+
+#include "shell/caption_table.h"
+
+namespace dosmara {
+
+namespace {
+
+// Counters are not polled: over a hundred of them would take the link for themselves.
+constexpr std::chrono::milliseconds kRefreshInterval(15000);
+
+constexpr int kDigits = 11;  // room for a counter of four bytes
+constexpr int kGap = 12;     // between a value and the next caption
+
+// The digits of the columns above a grid of positions, and those of the rows beside it.
+void AddHeadings(QGridLayout& grid, QWidget& parent) {
+  const auto heading = [&parent](int digit) {
+    auto* label = new FieldLabel(&parent);
+    label->setText(QString::number(digit));
+    label->SetQuiet(true);
+    return label;
+  };
+  for (int column = 1; column <= kPositionColumns; ++column) {
+    grid.addWidget(heading(column), 0, 2 * column, Qt::AlignRight);
+  }
+  for (int row = 1; row <= kPositionRows; ++row) {
+    grid.addWidget(heading(row), row, 0);
+  }
+}
+
+// A counter that has counted nothing stands back behind the others.
+void ShowCount(FieldLabel& label, double value) {
+  label.setText(WholeText(value));
+  label.SetQuiet(value == 0);
+}
+
+}  // namespace
+
+CountersForm::CountersForm(const FormSetup& setup, std::span<const CounterRun> runs)
+    : DataForm(setup), runs_(runs) {
+  auto* layout = new QVBoxLayout(Body());
+  for (const CounterRun& run : runs_) {
+    Add(run, *layout);
+  }
+  layout->addStretch();
+  auto* refresh = new QTimer(this);
+  refresh->setObjectName("Timer1");
+  refresh->setInterval(kRefreshInterval);
+  connect(refresh, &QTimer::timeout, this, [this] { Refresh(); });
+  refresh->start();
+}
+
+void CountersForm::InitMessaggi() {
+  DataForm::InitMessaggi();
+  for (std::size_t run = 0; run < shown_.size(); ++run) {
+    for (int n = 0; n < runs_[run].records.count; ++n) {
+      shown_[run][n].caption->setText(Numbered(Caption(runs_[run].line + n * runs_[run].line_step),
+                                               NumberOf(runs_[run].numbering, n)));
+    }
+  }
+}
+
+// A grid of captions with their values. Positions stand as on their unit, with the digits of rows and columns
+// around them.
+void CountersForm::Add(const CounterRun& run, QVBoxLayout& layout) {
+  QGroupBox* frame = run.frame != nullptr ? NewFrame(run.frame, run.frame_line) : nullptr;
+  QWidget* parent = frame != nullptr ? static_cast<QWidget*>(frame) : Body();
+  auto* grid = frame != nullptr ? new QGridLayout(frame) : new QGridLayout;
+  grid->setVerticalSpacing(2);
+  const bool headed = run.numbering == Numbering::kPosition;
+  std::vector<Shown> shown;
+  for (int n = 0; n < run.records.count; ++n) {
+    Shown& counter = shown.emplace_back(Shown{new FieldLabel(parent), new FieldLabel(parent, true)});
+    counter.caption->setObjectName(run.caption[n]);
+    counter.value->setObjectName(run.value[n]);
+    counter.value->setFixedSize(kDigits * counter.value->fontMetrics().horizontalAdvance('0'),
+                                counter.value->fontMetrics().height() + 4);
+    const int line = n / run.columns + (headed ? 1 : 0);
+    const int column = n % run.columns * 2 + (headed ? 1 : 0);
+    grid->addWidget(counter.caption, line, column, Qt::AlignRight | Qt::AlignVCenter);
+    grid->addWidget(counter.value, line, column + 1);
+    grid->setColumnStretch(column, 1);
+    counter.caption->setContentsMargins(kGap, 0, 0, 0);
+  }
+  if (headed) {
+    AddHeadings(*grid, *parent);
+  }
+  if (frame != nullptr) {
+    layout.addWidget(frame);
+  } else {
+    layout.addLayout(grid);
+  }
+  shown_.push_back(std::move(shown));
+  const std::size_t index = shown_.size() - 1;
+  Watch(run.records, [this, index](int n, double value) { ShowCount(*shown_[index][n].value, value); });
+}
+
+}  // namespace dosmara

@@ -1,0 +1,334 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "shell/fields/data_form.h"
+
+#include <QApplication>
+#include <QMdiArea>
+#include <QMdiSubWindow>
+#include <QScopedValueRollback>
+#include <QScrollArea>
+#include <QVBoxLayout>
+#include <algorithm>
+
+#include "shell/caption_table.h"
+#include "shell/fields/machine_records.h"
+#include "shell/fields/numbering.h"
+#include "store/parameter_table.h"
+
+namespace dosmara {
+
+DataForm::DataForm(const FormSetup& setup)
+    : Form(setup.name),
+      Loading(setup.opens_after != kNeverLocked),
+      setup_(setup),
+      body_(new QWidget),
+      progress_(new ProgressLine(this)) {
+  auto* layout = new QVBoxLayout(this);
+  layout->setContentsMargins({});
+  layout->setSpacing(0);
+  layout->addWidget(progress_);
+  auto* area = new QScrollArea(this);
+  area->setFrameShape(QFrame::NoFrame);
+  area->setWidgetResizable(true);
+  area->setFocusPolicy(Qt::NoFocus);
+  area->setWidget(body_);
+  layout->addWidget(area);
+  progress_->setAccessibleName(QStringLiteral("Values read"));
+}
+
+// The controls go first: a box that loses the focus still puts its text back.
+DataForm::~DataForm() { delete body_; }
+
+QSize DataForm::sizeHint() const { return body_->sizeHint() + QSize(0, progress_->sizeHint().height()); }
+
+void DataForm::Load() {
+  SubscribeAll();
+  InitMessaggi();
+  FormCentre(*this);
+}
+
+void DataForm::InitMessaggi() {
+  setWindowTitle(Caption(setup_.title));
+  for (const auto& rows : rows_) {
+    rows->SetCaptions();
+  }
+  for (const auto& bits : bits_) {
+    bits->SetCaptions();
+  }
+  for (const auto& boxes : boxes_) {
+    boxes->SetCaptions();
+  }
+  for (const Captioned& each : captioned_) {
+    const QString text = Numbered(Caption(each.line), each.number);
+    // Each kind of control has a name of its own for what it says.
+    each.control->setProperty(each.control->inherits("QGroupBox") ? "title" : "text", text);
+  }
+  TakeFocus();
+}
+
+// A box that is left because its form closes confirms nothing.
+void DataForm::Unload() {
+  for (const auto& boxes : boxes_) {
+    boxes->EndEntry();
+  }
+  for (const Heard& heard : heard_) {
+    const bool kept = std::ranges::any_of(
+        setup_.kept, [&](const Records& records) { return records.Has(heard.node, heard.record); });
+    if (!kept) {
+      Release(heard);
+    }
+  }
+  for (const Records& records : setup_.also_released) {
+    Unsubscribe(records);
+  }
+}
+
+void DataForm::SLabelChange(std::int32_t index, double value) {
+  const int slot = arrivals_.Find(NodeIndex, index);
+  if (slot == ArrivalMap::kForeign && !setup_.hears_all) {
+    return;
+  }
+  const QScopedValueRollback guard(InArrival, true);
+  if (slot != ArrivalMap::kForeign) {
+    TakeArrival(slot, value);
+  }
+  AfterArrival();
+  if (focus_to_give_) {
+    TakeFocus();
+  }
+}
+
+void DataForm::TakeFocus() {
+  const QWidget* const focus = QApplication::focusWidget();
+  if (focus != nullptr && body_->isAncestorOf(focus)) {
+    focus_to_give_ = false;
+  }
+  const auto* frame = qobject_cast<const QMdiSubWindow*>(parentWidget());
+  const bool in_front = frame != nullptr && frame->mdiArea() != nullptr &&
+                        frame->mdiArea()->currentSubWindow() == frame && isVisible();
+  // Nobody has the focus, or a frame around this form has it.
+  const bool free = focus == nullptr || focus == this || focus->isAncestorOf(this);
+  if (!focus_to_give_ || Loading || !in_front || !free) {
+    return;
+  }
+  for (QWidget* next = body_->nextInFocusChain(); next != body_; next = next->nextInFocusChain()) {
+    const bool changes_something = (next->focusPolicy() & Qt::TabFocus) != 0 && !next->inherits("QTabBar");
+    if (changes_something && body_->isAncestorOf(next) && next->isVisible() && next->isEnabled()) {
+      focus_to_give_ = false;
+      next->setFocus(Qt::OtherFocusReason);
+      return;
+    }
+  }
+}
+
+void DataForm::TakeArrival(int slot, double value) {
+  Heard& heard = heard_[slot - 1];
+  const bool first = heard.subscribed && !heard.arrived;
+  heard.arrived = true;
+  if (heard.counts) {
+    CountArrival();
+  }
+  // The form may forget what it hears while it takes an arrival.
+  const std::shared_ptr<const Take> take = heard.take;
+  (*take)(heard.n, value);
+  if (first) {
+    ShowProgress();
+  }
+  if (Loading && LoadCount > setup_.opens_after && setup_.opens_after != kOpensByItself) {
+    Open();
+  }
+}
+
+void DataForm::CountArrival() {
+  if (Loading) {
+    ++LoadCount;
+  }
+}
+
+void DataForm::Open() {
+  Loading = false;
+  LoadCount = 0;
+  Loaded();
+}
+
+void DataForm::Hear(const Records& records, Take take, bool subscribed, Counts counts) {
+  const auto shared = std::make_shared<const Take>(std::move(take));
+  for (int n = 0; n < records.count; ++n) {
+    heard_.push_back({.node = records.node,
+                      .record = records.first + n,
+                      .n = n,
+                      .take = shared,
+                      .subscribed = subscribed,
+                      .counts = counts == Counts::kYes});
+    arrivals_.Set(records.node, records.first + n, static_cast<int>(heard_.size()));
+  }
+  if (open_ && subscribed) {
+    Subscribe(records);
+    ShowProgress();
+  }
+}
+
+void DataForm::Watch(const Records& records, std::function<void(int, double)> take, Counts counts) {
+  Hear(records, std::move(take), true, counts);
+}
+
+void DataForm::Watch(int node, int record, std::function<void(double)> take, Counts counts) {
+  Hear({node, record}, [take = std::move(take)](int, double value) { take(value); }, true, counts);
+}
+
+void DataForm::Listen(int node, int record, std::function<void(double)> take) {
+  Hear({node, record}, [take = std::move(take)](int, double value) { take(value); }, false, Counts::kNo);
+}
+
+void DataForm::Watch(FieldRows& rows, Counts counts, std::function<void(int, double)> after) {
+  for (int n = 0; n < rows.size(); ++n) {
+    Watch(
+        rows.Field(n).node, rows.Record(n),
+        [&rows, n, after](double value) {
+          rows.Show(n, value);
+          if (after) {
+            after(n, value);
+          }
+        },
+        counts);
+  }
+}
+
+void DataForm::Watch(BitRows& rows, Counts counts) {
+  for (int byte = 0; byte < static_cast<int>(rows.bytes().size()); ++byte) {
+    const BitRecord& where = rows.bytes()[byte].where();
+    Watch(where.node, where.record, [&rows, byte](double value) { rows.Take(byte, value); }, counts);
+  }
+}
+
+void DataForm::Watch(NumberBoxes& boxes, Counts counts) {
+  for (int n = 0; n < boxes.size(); ++n) {
+    Watch(kMainBoard, boxes.Field(n).record, [&boxes, n](double value) { boxes.Show(n, value); }, counts);
+  }
+}
+
+void DataForm::Watch(Gate& gate, std::function<void()> follow) {
+  Watch(
+      kMainBoard, gate.record,
+      [this, &gate, follow = std::move(follow)](double value) {
+        using WhileLoading = Gate::WhileLoading;
+        const int seen = LowBits(value) & gate.mask;
+        const bool differs = seen != gate.presence;
+        const bool counts = gate.while_loading == WhileLoading::kCountsChanges
+                                ? differs
+                                : gate.while_loading != WhileLoading::kFollowed;
+        if (!Loading || gate.while_loading != WhileLoading::kIgnored) {
+          gate.presence = seen;
+        }
+        if (counts) {
+          CountArrival();
+        }
+        if (differs && (!Loading || gate.while_loading == WhileLoading::kFollowed)) {
+          follow();
+        }
+      },
+      Counts::kNo);
+}
+
+void DataForm::Watch(Money& money, Counts counts) {
+  money.TakeKnown();
+  Watch(
+      kMainBoard, kMoneyDecimals,
+      [this, &money](double value) {
+        if (money.Take(value)) {
+          for (const auto& rows : rows_) {
+            rows->RedrawMoney();
+          }
+        }
+      },
+      counts);
+}
+
+void DataForm::Forget(int node) {
+  for (const Heard& heard : heard_) {
+    if (heard.node == node) {
+      Release(heard);
+    }
+  }
+  std::erase_if(heard_, [node](const Heard& heard) { return heard.node == node; });
+  MapArrivals();
+}
+
+void DataForm::Refresh() {
+  for (const Heard& heard : heard_) {
+    Release(heard);
+  }
+  SubscribeAll();
+}
+
+void DataForm::SubscribeAll() {
+  open_ = true;
+  for (Heard& heard : heard_) {
+    if (heard.subscribed) {
+      heard.arrived = false;
+      Subscribe({heard.node, heard.record});
+    }
+  }
+  ShowProgress();
+}
+
+void DataForm::Release(const Heard& heard) const {
+  if (open_ && heard.subscribed) {
+    Unsubscribe({heard.node, heard.record});
+  }
+}
+
+// Boards that are not there send nothing, and nothing is waited for.
+void DataForm::ShowProgress() {
+  int total = 0;
+  int arrived = 0;
+  for (const Heard& heard : heard_) {
+    if (heard.subscribed && NodePresent[heard.node]) {
+      ++total;
+      arrived += heard.arrived ? 1 : 0;
+    }
+  }
+  progress_->SetShare(arrived, total);
+}
+
+void DataForm::MapArrivals() {
+  arrivals_.Clear();
+  for (std::size_t i = 0; i < heard_.size(); ++i) {
+    arrivals_.Set(heard_[i].node, heard_[i].record, static_cast<int>(i) + 1);
+  }
+}
+
+QGroupBox* DataForm::NewFrame(const QString& name, int line) {
+  auto* frame = new QGroupBox(Body());
+  frame->setObjectName(name);
+  captioned_.push_back({frame, line, 0});
+  return frame;
+}
+
+FieldLabel* DataForm::NewLabel(const QString& name, int line, int number, QWidget* parent) {
+  auto* label = new FieldLabel(parent != nullptr ? parent : Body());
+  label->setObjectName(name);
+  captioned_.push_back({label, line, number});
+  return label;
+}
+
+QPushButton* DataForm::NewButton(const QString& name, int line) {
+  auto* button = new QPushButton(Body());
+  button->setObjectName(name);
+  captioned_.push_back({button, line, 0});
+  return button;
+}
+
+FieldRows& DataForm::NewRows(const RowStyle& style, std::span<const FieldRow> fields, const Money* money) {
+  return *rows_.emplace_back(std::make_unique<FieldRows>(Body(), style, fields, InArrival, money));
+}
+
+BitRows& DataForm::NewBits(std::span<const BitRecord> bytes, std::span<const BitRow> rows) {
+  return *bits_.emplace_back(std::make_unique<BitRows>(bytes, rows, InArrival));
+}
+
+NumberBoxes& DataForm::NewNumberBoxes(const ControlArray& captions, const ControlArray& edits,
+                                      std::span<const NumberBox> boxes) {
+  return *boxes_.emplace_back(std::make_unique<NumberBoxes>(Body(), captions, edits, boxes, InArrival));
+}
+
+}  // namespace dosmara

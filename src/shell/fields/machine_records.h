@@ -1,0 +1,46 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// The names of the boards and of the records that several forms share.
+#pragma once
+
+#include "store/failure.h"
+
+namespace dosmara {
+
+// Nodes.
+inline constexpr int kMainBoard = 0;  // machine-wide status, tests and money
+inline constexpr int kHotDrinks = 1;  // the board of the hot drinks unit
+inline constexpr int kZeth = 2;       // the two identical Zeth units
+inline constexpr int kZeth2 = 3;
+
+// The record of the main board that stands for the board of node 1, 2 or 3, and its bit: the board is
+// present and in use. Stops the program for any other node.
+constexpr int GateRecord(int node) {
+  switch (node) {
+    case kHotDrinks:
+      return 312;
+    case kZeth:
+      return 313;
+    case kZeth2:
+      return 357;
+    default:
+      StopProgram("GateRecord: only the boards of nodes 1 to 3 have a gate");
+  }
+}
+inline constexpr int kInUse = 4;
+
+// The selling options of the main board, bit by bit the business of several forms.
+inline constexpr int kSellingOptions = 83;
+inline constexpr int kSellingOptionsMirror = 285;
+inline constexpr int kAllAtPrice1 = 1;
+
+// How many decimals money is shown with: the low two bits, as the machine reports them.
+inline constexpr int kMoneyDecimals = 311;
+
+// Tests of the main board: what is tested goes first, the command follows when its echo is back.
+inline constexpr int kTestCommand = 314;
+inline constexpr int kTestSelection = 315;  // or the column of a unit
+inline constexpr int kTestPart = 316;       // or its row
+inline constexpr int kMachineStatus = 317;
+inline constexpr int kStatusDispensing = 2;
+
+}  // namespace dosmara

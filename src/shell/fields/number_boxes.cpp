@@ -1,0 +1,124 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "shell/fields/number_boxes.h"
+
+#include <QFocusEvent>
+#include <QKeyEvent>
+#include <cmath>
+
+#include "shell/caption_table.h"
+#include "shell/fields/entry_parsers.h"
+#include "shell/fields/field_helpers.h"
+#include "shell/fields/machine_records.h"
+#include "shell/fields/records.h"
+#include "store/parameter_table.h"
+
+namespace dosmara {
+
+namespace {
+
+constexpr int kDigits = 10;  // width of a box
+
+}  // namespace
+
+NumberEdit::NumberEdit(QWidget* parent) : QLineEdit(parent) {
+  setAlignment(Qt::AlignRight);
+  setMinimumWidth(kDigits * fontMetrics().horizontalAdvance('0'));
+  connect(this, &QLineEdit::returnPressed, this, &NumberEdit::Confirmed);
+}
+
+void NumberEdit::focusOutEvent(QFocusEvent* event) {
+  if (isActiveWindow() && event->reason() != Qt::PopupFocusReason) {
+    emit Confirmed();
+  }
+  QLineEdit::focusOutEvent(event);
+}
+
+void NumberEdit::keyPressEvent(QKeyEvent* event) {
+  if (event->key() == Qt::Key_Escape) {
+    emit GivenUp();
+  } else {
+    QLineEdit::keyPressEvent(event);
+  }
+}
+
+NumberBoxes::NumberBoxes(QWidget* parent, const ControlArray& captions, const ControlArray& edits,
+                         std::span<const NumberBox> boxes, const bool& in_arrival)
+    : boxes_(boxes), in_arrival_(in_arrival) {
+  for (int n = 0; n < size(); ++n) {
+    Row row{new FieldLabel(parent), new NumberEdit(parent), new EchoMark(parent)};
+    row.caption->setObjectName(captions[n]);
+    row.edit->setObjectName(edits[n]);
+    QObject::connect(row.edit, &NumberEdit::Confirmed, row.edit, [this, n] { Confirm(n); });
+    QObject::connect(row.edit, &NumberEdit::GivenUp, row.edit, [this, n] { ShowInForce(n); });
+    rows_.push_back(row);
+  }
+}
+
+void NumberBoxes::PlaceIn(QGridLayout& grid) {
+  for (int n = 0; n < size(); ++n) {
+    grid.addWidget(rows_[n].caption, n, 0);
+    grid.addWidget(rows_[n].edit, n, 1);
+    grid.addWidget(rows_[n].mark, n, 2);
+  }
+  grid.setColumnStretch(1, 1);
+  grid.setRowStretch(size(), 1);
+}
+
+void NumberBoxes::SetCaptions() {
+  for (int n = 0; n < size(); ++n) {
+    rows_[n].caption->setText(Caption(boxes_[n].line));
+    rows_[n].edit->setAccessibleName(Caption(boxes_[n].line));
+  }
+}
+
+void NumberBoxes::Show(int n, double value) {
+  rows_[n].known = true;
+  rows_[n].mark->Came(value);
+  Put(n, value);
+}
+
+void NumberBoxes::EndEntry() { ended_ = true; }
+
+// In a box that has the focus the next key replaces the number.
+void NumberBoxes::Put(int n, double value) {
+  NumberEdit& edit = *rows_[n].edit;
+  edit.setText(WholeText(value));
+  if (edit.hasFocus()) {
+    edit.selectAll();
+  }
+}
+
+// The table holds what came last or is on its way; before that, what an index file says, which is not the
+// machine's.
+void NumberBoxes::ShowInForce(int n) {
+  if (rows_[n].known) {
+    Put(n, ParamGet(boxes_[n].record, kMainBoard));
+  } else {
+    rows_[n].edit->clear();
+  }
+}
+
+void NumberBoxes::Confirm(int n) {
+  if (in_arrival_ || ended_) {
+    return;
+  }
+  const NumberBox& box = boxes_[n];
+  const QString text = rows_[n].edit->text();
+  if (!ParseNumeric(text)) {
+    ShowInForce(n);
+    return;
+  }
+  const double entry = std::round(ParseNumeric(text.left(box.characters)).value_or(-1));
+  const bool good = entry >= 0 && entry <= box.largest;
+  if (!good && !rows_[n].known) {
+    ShowInForce(n);
+    return;
+  }
+  const double value = good ? entry : ParamGet(box.record, kMainBoard);
+  rows_[n].known = true;
+  Put(n, value);
+  rows_[n].mark->Sent(value);
+  PutWithMirror(kMainBoard, box.record, box.mirror, value);
+}
+
+}  // namespace dosmara
