@@ -1,10 +1,13 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "forms/form_list.h"
 
+#include "forms/audit/selection_counters.h"
 #include "forms/beverage/frm_azione.h"
 #include "forms/beverage/frm_dosi.h"
 #include "forms/beverage/frm_temperatura.h"
 #include "forms/beverage/frm_tempi.h"
+#include "forms/selling/frm_prezzi.h"
+#include "forms/selling/frm_sconti.h"
 #include "shell/frm_info.h"
 #include "shell/frm_password.h"
 
@@ -14,9 +17,14 @@ namespace {
 
 constexpr FormEntry kForms[] = {
     {"FrmAzione", CreateForm<FrmAzione>},
+    {"FrmBattute", [] { return NewSelectionCounters(SoldAs::kPaid); }},
     {"FrmDosi", CreateForm<FrmDosi>},
+    {"FrmGratis", [] { return NewSelectionCounters(SoldAs::kFree); }},
     {"FrmInfo", CreateForm<FrmInfo>},
     {"FrmPassword", CreateForm<FrmPassword>},
+    {"FrmPrezzi", CreateForm<FrmPrezzi>},
+    {"FrmProva", [] { return NewSelectionCounters(SoldAs::kTest); }},
+    {"FrmSconti", CreateForm<FrmSconti>},
     {"FrmTemperatura", CreateForm<FrmTemperatura>},
     {"FrmTempi", CreateForm<FrmTempi>},
 };

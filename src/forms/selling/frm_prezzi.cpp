@@ -1,0 +1,94 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "forms/selling/frm_prezzi.h"
+
+#include <array>
+
+#include "store/parameter_table.h"
+
+namespace dosmara {
+
+namespace {
+
+// The mirror of the selling options is only ever written.
+constexpr Records kMirror[] = {{kMainBoard, kSellingOptionsMirror}};
+
+// Arrivals for other forms can tell too that all prices are there.
+constexpr FormSetup kSetup = {.name = "FrmPrezzi",
+                              .title = 9,
+                              .opens_after = kOpensByItself,
+                              .hears_all = true,
+                              .also_released = kMirror};
+
+constexpr int kColumns = 4;
+
+// The prices lie in two runs, of which only the first one has mirrors.
+constexpr Records kFirstPrices = {kMainBoard, 12, 30};
+constexpr Records kFurtherPrices = {kMainBoard, 367, 20};
+constexpr int kMirrors = 214;
+constexpr int kPrices = kFirstPrices.count + kFurtherPrices.count;
+
+constexpr std::array<FieldRow, kPrices> PriceRows() {
+  std::array<FieldRow, kPrices> rows{};
+  for (int n = 0; n < kPrices; ++n) {
+    const bool first = n < kFirstPrices.count;
+    rows[n] = MoneyRow({.line = 115,
+                        .number = n + 1,
+                        .record = first ? kFirstPrices.first + n : kFurtherPrices.first + n - kFirstPrices.count,
+                        .mirror = first ? kMirrors + n : 0});
+  }
+  return rows;
+}
+constexpr auto kRows = PriceRows();
+
+constexpr BitRecord kOptions[] = {{kMainBoard, kSellingOptions, kSellingOptionsMirror}};
+constexpr BitRow kSwitches[] = {{.line = 116, .mask = kAllAtPrice1}};
+
+// The first record of a run that has not arrived, or the one behind it.
+int FirstMissing(const Records& run) {
+  int record = run.first;
+  while (record < run.first + run.count && ParamIsFresh(record, run.node)) {
+    ++record;
+  }
+  return record;
+}
+
+// One record may be missing at the very end of either run, not of both.
+constexpr int kOpensAbove = 427;
+
+}  // namespace
+
+FrmPrezzi::FrmPrezzi()
+    : DataForm(kSetup),
+      prices_(NewRows(
+          {.caption = {"Label11"}, .value = {"Label1"}, .box = {"Text1"}, .bar = {"HScroll1"}, .held = true, .closed_box_stays = true},
+          kRows, &money_)),
+      all_at_price_1_(NewBits(kOptions, kSwitches)) {
+  all_at_price_1_.MakeSwitches(Body(), {"Label2", kNoArray}, {"Switch1", kNoArray});
+  auto* layout = new QVBoxLayout(Body());
+  auto* options = new QGridLayout;
+  all_at_price_1_.PlaceIn(*options, 0, 0, 0);
+  options->setColumnStretch(kSwitchColumns, 1);
+  layout->addLayout(options);
+  auto* grid = new QGridLayout;
+  prices_.PlaceInColumns(*grid, kColumns);
+  layout->addLayout(grid);
+  layout->addStretch();
+  Watch(money_);
+  Watch(all_at_price_1_);
+  Watch(prices_);
+  SetOpen(false);
+}
+
+void FrmPrezzi::AfterArrival() {
+  if (FirstMissing(kFirstPrices) + FirstMissing(kFurtherPrices) > kOpensAbove) {
+    Open();
+    SetOpen(true);
+  }
+}
+
+void FrmPrezzi::SetOpen(bool open) {
+  prices_.SetOpen(open);
+  all_at_price_1_.SetEnabled(open);
+}
+
+}  // namespace dosmara

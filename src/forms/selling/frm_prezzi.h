@@ -1,0 +1,24 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// Prices: the price list of the machine.
+#pragma once
+
+#include "shell/fields/data_form.h"
+
+namespace dosmara {
+
+// Fifty numbered prices, which selections and positions point at by their number, and a switch that makes
+// everything sell at the first one.
+class FrmPrezzi : public DataForm {
+ public:
+  FrmPrezzi();
+
+ private:
+  void AfterArrival() override;
+  void SetOpen(bool open);
+
+  Money money_;
+  FieldRows& prices_;
+  BitRows& all_at_price_1_;
+};
+
+}  // namespace dosmara
