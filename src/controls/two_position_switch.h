@@ -20,6 +20,7 @@ SwitchGeometry LayOutSwitch(QSize size, int width_of_text_0, int width_of_text_1
 // A switch whose position is 0 or 1. Driven by click, by Space, and by Left and Right.
 class TwoPositionSwitch : public QAbstractButton {
   Q_OBJECT
+  Q_PROPERTY(int position READ Position WRITE SetPosition NOTIFY Changed)
 
  public:
   explicit TwoPositionSwitch(QWidget* parent);

@@ -75,6 +75,13 @@ TEST_F(SwitchTest, ThePositionThatItHasIsNoChange) {
   EXPECT_EQ(switch_.Position(), 1);
 }
 
+TEST_F(SwitchTest, ItsPositionIsAProperty) {
+  EXPECT_TRUE(switch_.setProperty("position", 1));
+  EXPECT_EQ(changes_, std::vector<int>{1});
+  QTest::mouseClick(&switch_, Qt::LeftButton);
+  EXPECT_EQ(switch_.property("position"), 0);
+}
+
 TEST_F(SwitchTest, AScreenReaderHearsTheWordOfThePosition) {
   EXPECT_EQ(switch_.accessibleDescription(), "No");
   switch_.SetPosition(1);
