@@ -201,13 +201,12 @@ void Selector::paintEvent(QPaintEvent*) {
     const QRectF segment = geometry_.segments[n];
     const bool chosen = known_ && n == position_;
     painter.setPen(line);
+    const QRectF edge = segment.adjusted(0.5, 0.5, -0.5, -0.5);
     if (segment.left() > frame.left()) {
-      painter.drawLine(
-          QLineF(segment.left() + 0.5, segment.top() + 0.5, segment.left() + 0.5, segment.bottom() + 0.5));
+      painter.drawLine(edge.topLeft(), edge.bottomLeft());
     }
     if (segment.top() > frame.top()) {
-      painter.drawLine(
-          QLineF(segment.left() + 0.5, segment.top() + 0.5, segment.right() + 0.5, segment.top() + 0.5));
+      painter.drawLine(edge.topLeft(), edge.topRight());
     }
     if (chosen) {
       painter.setBrush(isEnabled() ? ChosenTone(palette()) : Blend(ground, ink, 0.25));

@@ -25,6 +25,11 @@ TEST(SwitchGeometry, TheKnobLiesAtTheEndOfItsPosition) {
   EXPECT_LT(off.knob.right(), on.knob.left());
 }
 
+TEST(SwitchGeometry, TheKnobOfAnUnknownPositionLiesInTheMiddle) {
+  const SwitchGeometry unknown = LayOutSwitch({120, 26}, 20, 30, kUnknownPosition);
+  EXPECT_NEAR(unknown.knob.center().x(), unknown.track.center().x(), 1);
+}
+
 TEST(SwitchGeometry, TheWordsLieOnBothSidesOfTheTrack) {
   const SwitchGeometry geometry = LayOutSwitch({120, 26}, 20, 30, 0);
   EXPECT_LT(geometry.text[0].right(), geometry.track.left());
@@ -83,13 +88,48 @@ TEST_F(SwitchTest, ItsPositionIsAProperty) {
 }
 
 TEST_F(SwitchTest, AScreenReaderHearsTheWordOfThePosition) {
+  EXPECT_EQ(switch_.accessibleDescription(), "");
+  switch_.SetPosition(0);
   EXPECT_EQ(switch_.accessibleDescription(), "No");
   switch_.SetPosition(1);
   EXPECT_EQ(switch_.accessibleDescription(), "Yes");
 }
 
+TEST_F(SwitchTest, IsSeenAsUnknownUntilAPositionComes) {
+  EXPECT_FALSE(switch_.IsKnown());
+  const QImage unknown = Picture(switch_);
+  switch_.SetPosition(0);
+  EXPECT_TRUE(switch_.IsKnown());
+  EXPECT_NE(Picture(switch_), unknown);
+  EXPECT_EQ(changes_, std::vector<int>{});
+  switch_.setProperty("known", false);
+  EXPECT_EQ(Picture(switch_), unknown);
+  QTest::mouseClick(&switch_, Qt::LeftButton);
+  EXPECT_TRUE(switch_.IsKnown());
+}
+
+TEST_F(SwitchTest, ALockedSwitchStillTellsItsPosition) {
+  const QPalette light(QColor(239, 239, 239));
+  const QPalette dark(QColor(53, 53, 56), QColor(45, 45, 48));
+  switch_.setEnabled(false);
+  for (const QPalette& palette : {light, dark}) {
+    switch_.setPalette(palette);
+    for (const int position : {0, 1}) {
+      switch_.SetPosition(position);
+      const QFontMetrics metrics = switch_.fontMetrics();
+      const SwitchGeometry geometry = LayOutSwitch(switch_.size(), metrics.horizontalAdvance("No"),
+                                                   metrics.horizontalAdvance("Yes"), position);
+      const QImage picture = Picture(switch_);
+      const QPoint mirrored(geometry.track.left() + geometry.track.right() - geometry.knob.center().x(),
+                            geometry.knob.center().y());
+      EXPECT_GE(qGray(picture.pixel(geometry.knob.center())) - qGray(picture.pixel(mirrored)), 40);
+    }
+  }
+}
+
 TEST_F(SwitchTest, ItsStatesLookDifferent) {
   switch_.clearFocus();
+  switch_.SetPosition(0);
   const QImage off = Picture(switch_);
   switch_.SetPosition(1);
   const QImage on = Picture(switch_);
