@@ -10,11 +10,10 @@
 #include "controls/keypad.h"
 #include "controls/tones.h"
 #include "controls/two_position_switch.h"
+#include "pictures.h"
 
 namespace dosmara {
 namespace {
-
-QImage Picture(QWidget& widget) { return widget.grab().toImage(); }
 
 TEST(SwitchGeometry, TheKnobLiesAtTheEndOfItsPosition) {
   const SwitchGeometry off = LayOutSwitch({120, 26}, 20, 30, 0);
@@ -109,10 +108,8 @@ TEST_F(SwitchTest, IsSeenAsUnknownUntilAPositionComes) {
 }
 
 TEST_F(SwitchTest, ALockedSwitchStillTellsItsPosition) {
-  const QPalette light(QColor(239, 239, 239));
-  const QPalette dark(QColor(53, 53, 56), QColor(45, 45, 48));
   switch_.setEnabled(false);
-  for (const QPalette& palette : {light, dark}) {
+  for (const QPalette& palette : {LightPalette(), DarkPalette()}) {
     switch_.setPalette(palette);
     for (const int position : {0, 1}) {
       switch_.SetPosition(position);
@@ -213,13 +210,13 @@ double Contrast(const QColor& a, const QColor& b) {
 }
 
 TEST(Tones, DisabledTextStaysReadableInLightAndDark) {
-  for (const QPalette& palette :
-       {QPalette(QColor(239, 239, 239)), QPalette(QColor(53, 53, 56), QColor(45, 45, 48))}) {
+  for (const QPalette& palette : {LightPalette(), DarkPalette()}) {
     const QColor ground = palette.color(QPalette::Window);
     EXPECT_GE(Contrast(Ink(palette, false), ground), 4.5);
     EXPECT_GE(Contrast(Ink(palette, true), ground), 7);
     EXPECT_GE(Contrast(GoodTone(palette), ground), 3);
     EXPECT_GE(Contrast(WaitTone(palette), ground), 3);
+    EXPECT_GE(Contrast(ChosenTone(palette), Qt::white), 4.5);
     EXPECT_NE(Ink(palette, false), Ink(palette, true));
   }
 }

@@ -10,7 +10,7 @@
 #include <QWheelEvent>
 #include <vector>
 
-#include "controls/tones.h"
+#include "pictures.h"
 
 namespace dosmara {
 namespace {
@@ -216,18 +216,8 @@ TEST_F(SelectorTest, IsSeenAsUnknownUntilAPositionComes) {
   EXPECT_EQ(selector_->grab().toImage(), unknown);
 }
 
-// Mean lightness of a picture's part, 0 to 255.
-double Lightness(const QImage& picture, const QRect& part) {
-  double sum = 0;
-  for (int y = part.top(); y <= part.bottom(); ++y) {
-    for (int x = part.left(); x <= part.right(); ++x) sum += qGray(picture.pixel(x, y));
-  }
-  return sum / (part.width() * part.height());
-}
-
 TEST_F(SelectorTest, TheChosenPositionIsToldWithoutColour) {
-  for (const QPalette& palette :
-       {QPalette(QColor(239, 239, 239)), QPalette(QColor(53, 53, 56), QColor(45, 45, 48))}) {
+  for (const QPalette& palette : {LightPalette(), DarkPalette()}) {
     for (const bool enabled : {true, false}) {
       selector_->setPalette(palette);
       selector_->setEnabled(enabled);
