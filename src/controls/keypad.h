@@ -4,8 +4,8 @@
 
 #include <QAbstractButton>
 #include <QRect>
-#include <QWidget>
 
+#include "controls/pad.h"
 #include "controls/selection_number.h"
 
 namespace dosmara {
@@ -14,25 +14,24 @@ namespace dosmara {
 // the last row of two keys centred.
 QRect KeyRect(QSize size, int index);
 
-// One key: a number on a round cap, lit while its selection is shown.
+// One key: a number on a round cap, lit while its selection is shown, which is its `checked` property. A
+// press does not light it.
 class KeypadKey : public QAbstractButton {
   Q_OBJECT
 
  public:
   KeypadKey(QWidget* parent, int index);
 
-  void SetLit(bool lit);
-
  protected:
+  void nextCheckState() override {}
   void paintEvent(QPaintEvent* event) override;
 
  private:
   int index_;
-  bool lit_ = false;
 };
 
-// The panel with its 22 keys. Keys are for the mouse; the keyboard has the selection bar.
-class Keypad : public QWidget {
+// The panel with its 22 keys. Tab enters it on the lit key.
+class Keypad : public Pad {
   Q_OBJECT
 
  public:
@@ -40,7 +39,7 @@ class Keypad : public QWidget {
 
   KeypadKey& Key(int index) { return *keys_[index]; }
 
-  // Lights the key of the selection that is shown.
+  // Lights the key of the selection that is shown; -1 lights none.
   void SetSelection(int index);
 
   QSize sizeHint() const override;

@@ -17,6 +17,10 @@ QColor Ink(const QPalette& palette, bool enabled) {
   return enabled ? text : Blend(text, palette.color(QPalette::Active, QPalette::Window), 0.35);
 }
 
+QColor ChosenTone(const QPalette& palette) {
+  return Blend(palette.color(QPalette::Active, QPalette::Highlight), Qt::black, 0.3);
+}
+
 QColor GoodTone(const QPalette& palette) {
   return IsDark(palette) ? QColor(92, 200, 120) : QColor(20, 125, 60);
 }

@@ -16,6 +16,9 @@ bool IsDark(const QPalette& palette);
 // The ink of text: full when `enabled`, else softened but still easy to read.
 QColor Ink(const QPalette& palette, bool enabled);
 
+// The ground of a chosen word, which is written on it in white.
+QColor ChosenTone(const QPalette& palette);
+
 // The tone of "on" and of a value that the machine has taken.
 QColor GoodTone(const QPalette& palette);
 

@@ -14,19 +14,31 @@ struct SwitchGeometry {
   QRect knob;
 };
 
-// Lays a switch of `size` out, with room for two words of the given widths; a width of 0 leaves no room.
-SwitchGeometry LayOutSwitch(QSize size, int width_of_text_0, int width_of_text_1, int position);
+// Where the knob of a switch is that nobody knows the position of.
+inline constexpr double kUnknownPosition = 0.5;
 
-// A switch whose position is 0 or 1. Driven by click, by Space, and by Left and Right.
+// Lays a switch of `size` out, with room for two words of the given widths; a width of 0 leaves no room.
+SwitchGeometry LayOutSwitch(QSize size, int width_of_text_0, int width_of_text_1, double position);
+
+// A switch whose position is 0 or 1. Driven by click, by Space, and by Left and Right. Until a position has
+// been set, its knob is between the two.
 class TwoPositionSwitch : public QAbstractButton {
   Q_OBJECT
+  Q_PROPERTY(int position READ Position WRITE SetPosition NOTIFY Changed)
+  Q_PROPERTY(bool known READ IsKnown WRITE SetKnown)
 
  public:
   explicit TwoPositionSwitch(QWidget* parent);
 
+  // The position, 0 or the last one while it is not known.
   int Position() const { return isChecked() ? 1 : 0; }
-  // Anything but 0 is position 1. Setting the position that it has raises no change event.
-  void SetPosition(int position) { setChecked(position != 0); }
+  // Takes a position, which is then known; anything but 0 is position 1. Setting the position that it has
+  // raises no change event.
+  void SetPosition(int position);
+
+  // Whether the position is known. One that is not known is not shown.
+  bool IsKnown() const { return known_; }
+  void SetKnown(bool known);
 
   // The words beside the positions: "No,Yes", with or without a comma behind the last one.
   void SetPositionTexts(const QString& texts);
@@ -46,6 +58,7 @@ class TwoPositionSwitch : public QAbstractButton {
   void Describe();
 
   QString text_[2];
+  bool known_ = false;
 };
 
 }  // namespace dosmara

@@ -10,11 +10,10 @@
 #include "controls/keypad.h"
 #include "controls/tones.h"
 #include "controls/two_position_switch.h"
+#include "pictures.h"
 
 namespace dosmara {
 namespace {
-
-QImage Picture(QWidget& widget) { return widget.grab().toImage(); }
 
 TEST(SwitchGeometry, TheKnobLiesAtTheEndOfItsPosition) {
   const SwitchGeometry off = LayOutSwitch({120, 26}, 20, 30, 0);
@@ -23,6 +22,11 @@ TEST(SwitchGeometry, TheKnobLiesAtTheEndOfItsPosition) {
   EXPECT_TRUE(off.track.contains(off.knob));
   EXPECT_TRUE(on.track.contains(on.knob));
   EXPECT_LT(off.knob.right(), on.knob.left());
+}
+
+TEST(SwitchGeometry, TheKnobOfAnUnknownPositionLiesInTheMiddle) {
+  const SwitchGeometry unknown = LayOutSwitch({120, 26}, 20, 30, kUnknownPosition);
+  EXPECT_NEAR(unknown.knob.center().x(), unknown.track.center().x(), 1);
 }
 
 TEST(SwitchGeometry, TheWordsLieOnBothSidesOfTheTrack) {
@@ -75,14 +79,54 @@ TEST_F(SwitchTest, ThePositionThatItHasIsNoChange) {
   EXPECT_EQ(switch_.Position(), 1);
 }
 
+TEST_F(SwitchTest, ItsPositionIsAProperty) {
+  EXPECT_TRUE(switch_.setProperty("position", 1));
+  EXPECT_EQ(changes_, std::vector<int>{1});
+  QTest::mouseClick(&switch_, Qt::LeftButton);
+  EXPECT_EQ(switch_.property("position"), 0);
+}
+
 TEST_F(SwitchTest, AScreenReaderHearsTheWordOfThePosition) {
+  EXPECT_EQ(switch_.accessibleDescription(), "");
+  switch_.SetPosition(0);
   EXPECT_EQ(switch_.accessibleDescription(), "No");
   switch_.SetPosition(1);
   EXPECT_EQ(switch_.accessibleDescription(), "Yes");
 }
 
+TEST_F(SwitchTest, IsSeenAsUnknownUntilAPositionComes) {
+  EXPECT_FALSE(switch_.IsKnown());
+  const QImage unknown = Picture(switch_);
+  switch_.SetPosition(0);
+  EXPECT_TRUE(switch_.IsKnown());
+  EXPECT_NE(Picture(switch_), unknown);
+  EXPECT_EQ(changes_, std::vector<int>{});
+  switch_.setProperty("known", false);
+  EXPECT_EQ(Picture(switch_), unknown);
+  QTest::mouseClick(&switch_, Qt::LeftButton);
+  EXPECT_TRUE(switch_.IsKnown());
+}
+
+TEST_F(SwitchTest, ALockedSwitchStillTellsItsPosition) {
+  switch_.setEnabled(false);
+  for (const QPalette& palette : {LightPalette(), DarkPalette()}) {
+    switch_.setPalette(palette);
+    for (const int position : {0, 1}) {
+      switch_.SetPosition(position);
+      const QFontMetrics metrics = switch_.fontMetrics();
+      const SwitchGeometry geometry = LayOutSwitch(switch_.size(), metrics.horizontalAdvance("No"),
+                                                   metrics.horizontalAdvance("Yes"), position);
+      const QImage picture = Picture(switch_);
+      const QPoint mirrored(geometry.track.left() + geometry.track.right() - geometry.knob.center().x(),
+                            geometry.knob.center().y());
+      EXPECT_GE(qGray(picture.pixel(geometry.knob.center())) - qGray(picture.pixel(mirrored)), 40);
+    }
+  }
+}
+
 TEST_F(SwitchTest, ItsStatesLookDifferent) {
   switch_.clearFocus();
+  switch_.SetPosition(0);
   const QImage off = Picture(switch_);
   switch_.SetPosition(1);
   const QImage on = Picture(switch_);
@@ -209,13 +253,13 @@ double Contrast(const QColor& a, const QColor& b) {
 }
 
 TEST(Tones, DisabledTextStaysReadableInLightAndDark) {
-  for (const QPalette& palette :
-       {QPalette(QColor(239, 239, 239)), QPalette(QColor(53, 53, 56), QColor(45, 45, 48))}) {
+  for (const QPalette& palette : {LightPalette(), DarkPalette()}) {
     const QColor ground = palette.color(QPalette::Window);
     EXPECT_GE(Contrast(Ink(palette, false), ground), 4.5);
     EXPECT_GE(Contrast(Ink(palette, true), ground), 7);
     EXPECT_GE(Contrast(GoodTone(palette), ground), 3);
     EXPECT_GE(Contrast(WaitTone(palette), ground), 3);
+    EXPECT_GE(Contrast(ChosenTone(palette), Qt::white), 4.5);
     EXPECT_NE(Ink(palette, false), Ink(palette, true));
   }
 }

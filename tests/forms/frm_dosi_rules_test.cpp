@@ -197,7 +197,7 @@ TEST_F(FrmDosiTest, ABytesOtherBitsAreKeptWhileAnotherSelectionIsShown) {
 }
 
 TEST_F(FrmDosiTest, TheFirstThreeSwitchesHaveWords) {
-  Open();
+  OpenLoaded();
   for (int n = 0; n < 4; ++n) {
     EXPECT_EQ(Find(Element("SwitchX1", n)).accessibleDescription(), n < 3 ? "#65" : "");
     EXPECT_EQ(Find(Element("SwitchX1", n)).accessibleName(), "#" + QString::number(n < 3 ? 62 + n : 624));
