@@ -110,6 +110,7 @@ class FrmTemperaturaTest : public FormFixture {
 
 TEST_F(FrmTemperaturaTest, TheBoilersRow) {
   OpenLoaded();
+  Focus("HScroll1");
   const Bar& bar = BarOf("HScroll1");
   EXPECT_EQ(bar.minimum(), 70);
   EXPECT_EQ(bar.maximum(), 110);

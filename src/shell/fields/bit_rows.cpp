@@ -98,6 +98,7 @@ void BitRows::Write(Row& row, bool on) {
   } else {
     const QScopedValueRollback guard(putting_back_, true);
     row.control->SetPosition(on ? 0 : 1);
+    row.control->SetKnown(false);
   }
 }
 
