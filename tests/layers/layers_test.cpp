@@ -86,6 +86,17 @@ TEST(Layers, IncludesGoDownOnly) {
   }
 }
 
+TEST(Layers, WhatFormsAreBuiltOfNeedsOfTheShellTheCaptionsAndTheSettingsOfAForm) {
+  const std::set<std::string> allowed = {"shell/caption_table.h", "shell/form.h"};
+  for (const fs::path& file : SourceFiles(kRoot / "src" / "shell" / "fields")) {
+    for (const std::string& header : IncludesOf(file)) {
+      EXPECT_TRUE(!header.starts_with("shell/") || header.starts_with("shell/fields/") ||
+                  allowed.contains(header))
+          << file << " includes " << header;
+    }
+  }
+}
+
 TEST(Layers, TheMachineSharesNothingWithTheTool) { ExpectNoObjection("machine", kRoot / "machine"); }
 
 TEST(Layers, AForbiddenIncludeIsSeen) {

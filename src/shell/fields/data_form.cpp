@@ -54,6 +54,9 @@ void DataForm::InitMessaggi() {
   for (const auto& bits : bits_) {
     bits->SetCaptions();
   }
+  for (const auto& choices : choices_) {
+    choices->SetCaptions();
+  }
   for (const auto& boxes : boxes_) {
     boxes->SetCaptions();
   }
@@ -153,18 +156,38 @@ void DataForm::Open() {
 void DataForm::Hear(const Records& records, Take take, bool subscribed, Counts counts) {
   const auto shared = std::make_shared<const Take>(std::move(take));
   for (int n = 0; n < records.count; ++n) {
-    heard_.push_back({.node = records.node,
-                      .record = records.first + n,
-                      .n = n,
-                      .take = shared,
-                      .subscribed = subscribed,
-                      .counts = counts == Counts::kYes});
-    arrivals_.Set(records.node, records.first + n, static_cast<int>(heard_.size()));
+    const Heard heard = {.node = records.node,
+                         .record = records.first + n,
+                         .n = n,
+                         .take = shared,
+                         .subscribed = subscribed,
+                         .counts = counts == Counts::kYes};
+    const int slot = arrivals_.Find(heard.node, heard.record);
+    if (slot != ArrivalMap::kForeign) {
+      HearTwice(heard_[slot - 1], heard);
+      continue;
+    }
+    heard_.push_back(heard);
+    arrivals_.Set(heard.node, heard.record, static_cast<int>(heard_.size()));
+    if (open_ && subscribed) {
+      Subscribe({heard.node, heard.record});
+    }
   }
-  if (open_ && subscribed) {
-    Subscribe(records);
-    ShowProgress();
+  ShowProgress();
+}
+
+// Lets a record that is heard already run what `more` wants as well.
+void DataForm::HearTwice(Heard& heard, const Heard& more) {
+  const auto both = [first = heard.take, first_n = heard.n, second = more.take, second_n = more.n](int, double value) {
+    (*first)(first_n, value);
+    (*second)(second_n, value);
+  };
+  heard.take = std::make_shared<const Take>(both);
+  heard.counts = heard.counts || more.counts;
+  if (open_ && more.subscribed && !heard.subscribed) {
+    Subscribe({heard.node, heard.record});
   }
+  heard.subscribed = heard.subscribed || more.subscribed;
 }
 
 void DataForm::Watch(const Records& records, std::function<void(int, double)> take, Counts counts) {
@@ -197,6 +220,12 @@ void DataForm::Watch(BitRows& rows, Counts counts) {
   for (int byte = 0; byte < static_cast<int>(rows.bytes().size()); ++byte) {
     const BitRecord& where = rows.bytes()[byte].where();
     Watch(where.node, where.record, [&rows, byte](double value) { rows.Take(byte, value); }, counts);
+  }
+}
+
+void DataForm::Watch(ChoiceRows& rows, Counts counts) {
+  for (int n = 0; n < rows.size(); ++n) {
+    Watch(rows.Node(n), rows.Record(n), [&rows, n](double value) { rows.Show(n, value); }, counts);
   }
 }
 
@@ -279,6 +308,9 @@ void DataForm::Release(const Heard& heard) const {
 
 // Boards that are not there send nothing, and nothing is waited for.
 void DataForm::ShowProgress() {
+  if (!open_) {
+    return;
+  }
   int total = 0;
   int arrived = 0;
   for (const Heard& heard : heard_) {
@@ -324,6 +356,10 @@ FieldRows& DataForm::NewRows(const RowStyle& style, std::span<const FieldRow> fi
 
 BitRows& DataForm::NewBits(std::span<const BitRecord> bytes, std::span<const BitRow> rows) {
   return *bits_.emplace_back(std::make_unique<BitRows>(bytes, rows, InArrival));
+}
+
+ChoiceRows& DataForm::NewChoices(std::span<const ChoiceRow> rows) {
+  return *choices_.emplace_back(std::make_unique<ChoiceRows>(Body(), rows, InArrival));
 }
 
 NumberBoxes& DataForm::NewNumberBoxes(const ControlArray& captions, const ControlArray& edits,

@@ -13,6 +13,7 @@
 #include "controls/progress_line.h"
 #include "shell/fields/arrival_map.h"
 #include "shell/fields/bit_rows.h"
+#include "shell/fields/choice_rows.h"
 #include "shell/fields/field_rows.h"
 #include "shell/fields/gate.h"
 #include "shell/fields/money.h"
@@ -69,13 +70,15 @@ class DataForm : public Form {
   QWidget* Body() { return body_; }
 
   // The records are subscribed while the form is open, from now on if it is open already. The arrival of the
-  // n-th of them runs `take` with n and the value.
+  // n-th of them runs `take` with n and the value. A record that is watched twice is subscribed and counted
+  // once, and its arrival runs both in the order of the calls.
   void Watch(const Records& records, std::function<void(int n, double value)> take, Counts counts = Counts::kYes);
   void Watch(int node, int record, std::function<void(double value)> take, Counts counts = Counts::kYes);
   // An arrival of a row's record is shown, and then runs `after` with the row and the value.
   void Watch(FieldRows& rows, Counts counts = Counts::kYes,
              std::function<void(int n, double value)> after = nullptr);
   void Watch(BitRows& rows, Counts counts = Counts::kYes);
+  void Watch(ChoiceRows& rows, Counts counts = Counts::kYes);
   void Watch(NumberBoxes& boxes, Counts counts = Counts::kNo);
   // Once the form has loaded, or at once where the gate is followed at once, a change runs `follow`.
   void Watch(Gate& gate, std::function<void()> follow);
@@ -96,6 +99,7 @@ class DataForm : public Form {
   // The rows of a table; they belong to the form, which lays them out and watches them.
   FieldRows& NewRows(const RowStyle& style, std::span<const FieldRow> fields, const Money* money = nullptr);
   BitRows& NewBits(std::span<const BitRecord> bytes, std::span<const BitRow> rows);
+  ChoiceRows& NewChoices(std::span<const ChoiceRow> rows);
   NumberBoxes& NewNumberBoxes(const ControlArray& captions, const ControlArray& edits,
                               std::span<const NumberBox> boxes);
 
@@ -130,6 +134,7 @@ class DataForm : public Form {
   };
 
   void Hear(const Records& records, Take take, bool subscribed, Counts counts);
+  void HearTwice(Heard& heard, const Heard& more);
   void TakeArrival(int slot, double value);
   void CountArrival();
   void SubscribeAll();
@@ -147,6 +152,7 @@ class DataForm : public Form {
   std::vector<Captioned> captioned_;
   std::vector<std::unique_ptr<FieldRows>> rows_;
   std::vector<std::unique_ptr<BitRows>> bits_;
+  std::vector<std::unique_ptr<ChoiceRows>> choices_;
   std::vector<std::unique_ptr<NumberBoxes>> boxes_;
 };
 

@@ -1,0 +1,73 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "shell/fields/choice_rows.h"
+
+#include <QScopedValueRollback>
+
+#include "shell/caption_table.h"
+#include "shell/fields/records.h"
+
+namespace dosmara {
+
+ChoiceRows::ChoiceRows(QWidget* parent, std::span<const ChoiceRow> rows, const bool& in_arrival)
+    : in_arrival_(in_arrival) {
+  rows_.reserve(rows.size());
+  for (const ChoiceRow& choice : rows) {
+    Row& row = rows_.emplace_back(Row{choice, BitByte(choice.written), new FieldLabel(parent),
+                                      new Selector(parent), new EchoMark(parent)});
+    row.caption->setObjectName(choice.caption_name);
+    row.control->setObjectName(choice.control_name);
+    row.control->SetPositionTexts(choice.words);
+    QObject::connect(row.control, &Selector::Changed, row.control,
+                     [this, &row](int position) { Write(row, position); });
+  }
+}
+
+int ChoiceRows::Record(int n) const {
+  const ChoiceRow& choice = rows_[n].choice;
+  return choice.read != 0 ? choice.read : choice.written.record;
+}
+
+void ChoiceRows::PlaceIn(QGridLayout& grid, int n, int line, int column) {
+  grid.addWidget(rows_[n].caption, line, column);
+  grid.addWidget(rows_[n].control, line, column + 1);
+  grid.addWidget(rows_[n].mark, line, column + 2);
+}
+
+void ChoiceRows::SetEnabled(int n, bool enabled) {
+  rows_[n].caption->setEnabled(enabled);
+  rows_[n].control->setEnabled(enabled);
+}
+
+void ChoiceRows::SetCaptions() {
+  for (const Row& row : rows_) {
+    row.caption->setText(Caption(row.choice.line));
+    row.control->setAccessibleName(Caption(row.choice.line));
+  }
+}
+
+void ChoiceRows::Show(int n, double value) {
+  Row& row = rows_[n];
+  row.byte.Take(value);
+  const int position = row.choice.position(LowBits(value), row.control->PositionCount());
+  row.control->SetPosition(position);
+  row.mark->Came(position);
+}
+
+// A choice that shares its record with other bits waits until those are known, and goes back meanwhile.
+void ChoiceRows::Write(Row& row, int position) {
+  if (in_arrival_ || putting_back_) {
+    return;
+  }
+  const ChoiceRow& choice = row.choice;
+  const int bits = choice.bits != nullptr ? choice.bits(position) : position;
+  if (choice.mask == kWholeRecord) {
+    PutWithMirror(choice.written.node, choice.written.record, choice.written.mirror, bits);
+  } else if (!row.byte.Write(choice.mask, bits)) {
+    const QScopedValueRollback guard(putting_back_, true);
+    row.control->SetKnown(false);
+    return;
+  }
+  row.mark->Sent(position);
+}
+
+}  // namespace dosmara

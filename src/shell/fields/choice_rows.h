@@ -1,0 +1,78 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// Settings of the machine that are one of several: a record, or some bits of one.
+#pragma once
+
+#include <QGridLayout>
+#include <QWidget>
+#include <span>
+#include <vector>
+
+#include "controls/echo_mark.h"
+#include "controls/field_label.h"
+#include "controls/selector.h"
+#include "shell/fields/bit_rows.h"
+
+namespace dosmara {
+
+// In place of a mask: the whole record is the choice.
+inline constexpr int kWholeRecord = 255;
+
+// A choice, one entry of a form's table.
+struct ChoiceRow {
+  const char* caption_name = nullptr;  // objectNames of the two controls
+  const char* control_name = nullptr;
+  int line = 0;                 // caption, line of the language file; 0: none
+  const char* words = nullptr;  // of the positions, unless the form gives them others
+  BitRecord written;            // what a change writes, with its mirror
+  int read = 0;                 // the record that tells the position, where it is another one
+  int mask = kWholeRecord;      // the bits of the record that are the choice
+  // The position that an arrived value shows on a selector of `count` positions; one that it does not have
+  // shows nothing new.
+  int (*position)(int value, int count) = nullptr;
+  // The bits of a position; null: the position itself.
+  int (*bits)(int position) = nullptr;
+};
+
+// The choices of one table.
+class ChoiceRows {
+ public:
+  // `in_arrival` outlives the rows; the controls become children of `parent`.
+  ChoiceRows(QWidget* parent, std::span<const ChoiceRow> rows, const bool& in_arrival);
+  ChoiceRows(const ChoiceRows&) = delete;
+  ChoiceRows& operator=(const ChoiceRows&) = delete;
+
+  int size() const { return static_cast<int>(rows_.size()); }
+  // The record that tells row n.
+  int Record(int n) const;
+  int Node(int n) const { return rows_[n].choice.written.node; }
+  FieldLabel& caption(int n) { return *rows_[n].caption; }
+  Selector& control(int n) { return *rows_[n].control; }
+  EchoMark& mark(int n) { return *rows_[n].mark; }
+
+  // Lays the controls of row n into kSwitchColumns columns of the grid: caption, selector, mark.
+  void PlaceIn(QGridLayout& grid, int n, int line, int column);
+  // Enables or disables caption and selector of row n.
+  void SetEnabled(int n, bool enabled);
+
+  // Sets the captions from the language.
+  void SetCaptions();
+  // Shows an arrived value of row n.
+  void Show(int n, double value);
+
+ private:
+  struct Row {
+    ChoiceRow choice;
+    BitByte byte;
+    FieldLabel* caption;
+    Selector* control;
+    EchoMark* mark;
+  };
+
+  void Write(Row& row, int position);
+
+  std::vector<Row> rows_;
+  const bool& in_arrival_;
+  bool putting_back_ = false;  // a selector goes back to where it was
+};
+
+}  // namespace dosmara
