@@ -26,15 +26,19 @@ void EntryBox::ShowText(const QString& text) {
   saved_text_ = text;
 }
 
-void EntryBox::Restore() { Put(saved_text_); }
+void EntryBox::Restore() {
+  Put(saved_text_);
+  selectAll();
+}
 
 // In a box that has the focus the next key replaces the text that has been put there. A text that stands
-// already costs nothing: the same values arrive over and over.
+// already is left alone: the same values arrive over and over.
 void EntryBox::Put(const QString& text) {
-  if (text != this->text()) {
-    setMaxLength(std::max(length_, static_cast<int>(text.size())));
-    setText(text);
+  if (text == this->text()) {
+    return;
   }
+  setMaxLength(std::max(length_, static_cast<int>(text.size())));
+  setText(text);
   if (hasFocus()) {
     selectAll();
   }
@@ -53,7 +57,7 @@ void EntryBox::focusInEvent(QFocusEvent* event) {
 
 void EntryBox::focusOutEvent(QFocusEvent* event) {
   if (event->reason() != Qt::PopupFocusReason) {
-    Restore();
+    Put(saved_text_);
   }
   QLineEdit::focusOutEvent(event);
 }

@@ -82,6 +82,9 @@ void NumberBoxes::EndEntry() { ended_ = true; }
 // In a box that has the focus the next key replaces the number.
 void NumberBoxes::Put(int n, double value) {
   NumberEdit& edit = *rows_[n].edit;
+  if (edit.text() == WholeText(value)) {
+    return;
+  }
   edit.setText(WholeText(value));
   if (edit.hasFocus()) {
     edit.selectAll();
