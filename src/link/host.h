@@ -43,7 +43,8 @@ class LinkHost {
   // Takes all bytes of the input buffer.
   virtual Bytes TakeInput() = 0;
 
-  // Enabling a running timer leaves it running; disabling and enabling restarts it.
+  // Enabling a running timer leaves it running; disabling and enabling restarts it. From the end of one event
+  // of Timer1 to the next it is never less than 38 ms, however late the first one came.
   virtual void EnableTimer(LinkTimer timer) = 0;
   virtual void DisableTimer(LinkTimer timer) = 0;
 

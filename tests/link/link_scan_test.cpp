@@ -298,6 +298,20 @@ TEST_F(LinkScanWalk, WalksOverAFullTableInOneTick) {
   EXPECT_EQ(host_.frames[0].bytes, (Bytes{0, 0, 0x7F, 0xFE, 0x7D}));
 }
 
+TEST_F(LinkScanWalk, RequestsKeepTheirDistanceWhenTheProgramIsLate) {
+  Records(0, 3000);
+  for (int index = 1; index < 3000; ++index) Subscribe(0, index);
+  StartScan();
+  for (int late = 0; late < 100; ++late) {
+    host_.RunFor(milliseconds(31 + late));
+    host_.Stall(milliseconds(late));
+  }
+  ASSERT_GT(host_.frames.size(), 200U);
+  for (std::size_t i = 1; i < host_.frames.size(); ++i) {
+    EXPECT_GE(host_.frames[i].time - host_.frames[i - 1].time, milliseconds(38)) << i;
+  }
+}
+
 TEST_F(LinkScanWalk, AnHourOfPollingKeepsItsPace) {
   Records(0, 10);
   Record(0, 4, {.period = 1});

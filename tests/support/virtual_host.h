@@ -90,6 +90,8 @@ class VirtualHost : public LinkHost {
   void At(microseconds when, std::function<void()> what);
   // Lets `time` pass.
   void RunFor(microseconds time);
+  // Keeps the program busy for `time`: what happens meanwhile is told of afterwards.
+  void Stall(milliseconds time);
   // Runs until `condition` holds, at most for `limit`. Returns whether it holds.
   bool RunUntil(const std::function<bool()>& condition, microseconds limit);
   bool IsEnabled(LinkTimer timer) const { return TimerOf(timer).enabled; }
