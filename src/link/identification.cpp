@@ -159,6 +159,7 @@ void LinkOpenPort(int port) {
 }
 
 BoardIdentity BoardIdentify(int node) {
+  if (node < 0 || node >= kNodeCount) StopProgram("BoardIdentify: no such node");
   BoardIdentity board;
   // One row for each read in its order; a silent node ends them.
   struct Read {
