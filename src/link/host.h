@@ -50,6 +50,8 @@ class LinkHost {
 
   // Shows image 1 to 6 on status bar panel 2, 3 or 4.
   virtual void ShowLamp(int panel, int image) = 0;
+  // Shows a text on status bar panel 1. It stands there before this returns: no event may be delivered soon.
+  virtual void ShowStatusText(const std::string& text) = 0;
   // Clears the text of status bar panel 1 if it holds one.
   virtual void ClearStatusText() = 0;
 

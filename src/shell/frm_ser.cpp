@@ -222,6 +222,8 @@ void FrmSer::DisableTimer(LinkTimer timer) {
 
 void FrmSer::ShowLamp(int panel, int image) { status_bar_.ShowLamp(panel, image); }
 
+void FrmSer::ShowStatusText(const std::string& text) { status_bar_.SetText(QString::fromStdString(text)); }
+
 void FrmSer::ClearStatusText() { status_bar_.ClearText(); }
 
 std::chrono::microseconds FrmSer::Now() const {

@@ -45,6 +45,7 @@ class FrmSer : public Form, public LinkHost {
   void EnableTimer(LinkTimer timer) override;
   void DisableTimer(LinkTimer timer) override;
   void ShowLamp(int panel, int image) override;
+  void ShowStatusText(const std::string& text) override;
   void ClearStatusText() override;
   std::chrono::microseconds Now() const override;
   void WaitBlocking(std::chrono::milliseconds time) override;

@@ -401,6 +401,14 @@ TEST_F(FrmSerShell, TicksThePortsOneToFour) {
   EXPECT_EQ(changes, 2);
 }
 
+TEST_F(FrmSerShell, ShowsAndClearsTheTextOfTheStatusBar) {
+  const auto* panel = bar_.findChild<QLabel*>("Panels(1)");
+  ser_.ShowStatusText("Trying Com1");
+  EXPECT_EQ(panel->text(), "Trying Com1");
+  ser_.ClearStatusText();
+  EXPECT_EQ(panel->text(), "");
+}
+
 TEST_F(FrmSerShell, AsksTheOperatorThroughTheMessageBox) {
   screen_.answers = {BoxAnswer::kRetry};
   EXPECT_EQ(ser_.MsgBox("Check serial !\nBoard Not Ready", "Serial", BoxStyle::kRetryCancel),

@@ -79,6 +79,7 @@ class VirtualHost : public LinkHost {
   std::vector<int> opened;
   std::set<int> ticked;
   int reopens = 0;
+  std::vector<std::string> status_texts;
   int status_text_clears = 0;
   int default_port_writes = 0;
 
@@ -108,6 +109,7 @@ class VirtualHost : public LinkHost {
   void EnableTimer(LinkTimer timer) override;
   void DisableTimer(LinkTimer timer) override { TimerOf(timer).enabled = false; }
   void ShowLamp(int panel, int image) override;
+  void ShowStatusText(const std::string& text) override { status_texts.push_back(text); }
   void ClearStatusText() override { ++status_text_clears; }
   microseconds Now() const override { return now_; }
   void WaitBlocking(milliseconds time) override;
