@@ -46,6 +46,7 @@ void Compare(benchmark::State& state, First first, Second second) {
 void IdlePass(benchmark::State& state) {
   constexpr std::int16_t kRecords = std::numeric_limits<std::int16_t>::max();
   NodeRecordCount[0] = kRecords;
+  NodePresent[0] = true;
   const auto pass = [] {
     ScanCursor = 0;
     NodeIndex = 0;

@@ -43,12 +43,15 @@ class LinkHost {
   // Takes all bytes of the input buffer.
   virtual Bytes TakeInput() = 0;
 
-  // Enabling a running timer leaves it running; disabling and enabling restarts it.
+  // Enabling a running timer leaves it running; disabling and enabling restarts it. From the end of one event
+  // of Timer1 to the next it is never less than 38 ms, however late the first one came.
   virtual void EnableTimer(LinkTimer timer) = 0;
   virtual void DisableTimer(LinkTimer timer) = 0;
 
   // Shows image 1 to 6 on status bar panel 2, 3 or 4.
   virtual void ShowLamp(int panel, int image) = 0;
+  // Shows a text on status bar panel 1. It stands there before this returns: no event may be delivered soon.
+  virtual void ShowStatusText(const std::string& text) = 0;
   // Clears the text of status bar panel 1 if it holds one.
   virtual void ClearStatusText() = 0;
 

@@ -42,19 +42,44 @@ int TakePortFromSettings() {
   }
 }
 
-// Opens PortNumber and asks for a board on it. Returns 0, or the number for the message box.
-int TestPort() {
+// What is wrong with a port: the number for the message box, and what the status bar says.
+struct PortTrouble {
+  int number = 0;  // 0: a board has answered
+  const char* words = "";
+};
+
+const char* OpenTroubleWords(int number) {
+  switch (number) {
+    case kErrorInvalidPort:
+      return "no such device";
+    case kErrorPortBusy:
+      return "in use";
+    case kErrorPermissionDenied:
+      return "not permitted";
+    default:
+      return "cannot be opened";
+  }
+}
+
+std::string PortName() { return "Com" + std::to_string(PortNumber); }
+
+// Opens PortNumber and asks for a board on it.
+PortTrouble TestPort() {
   for (int port = kFirstPort; port <= kLastPort; ++port) Host().TickPort(port, false);
   Host().TickPort(PortNumber, true);
   Host().ClosePort();
-  if (PortNumber < kFirstPort || PortNumber > kLastPort) return kErrorInvalidPort;
-  if (const int error = Host().OpenPort(PortNumber)) return error;
+  const bool exists = PortNumber >= kFirstPort && PortNumber <= kLastPort;
+  if (const int error = exists ? Host().OpenPort(PortNumber) : kErrorInvalidPort) {
+    return {error, OpenTroubleWords(error)};
+  }
   Host().Output(PortTestFrame());
   Host().WaitBlocking(kPortTestTime);
   Bytes input = Host().TakeInput();
+  const char* const words = input.empty() ? "no answer" : "wrong answer";
   if (input.empty()) input = {'X', 'Y'};
   ReplyData = {input[0]};
-  return input.size() == 2 && input[0] == input[1] ? 0 : kErrorDeviceUnavailable;
+  if (input.size() == 2 && input[0] == input[1]) return {};
+  return {kErrorDeviceUnavailable, words};
 }
 
 // Ends the wait for a reply, whether it came or not. Were Timer2 left running, it would send the same request
@@ -129,36 +154,46 @@ std::string StartFailureText(const RunTimeError& error) {
 }  // namespace
 
 void LinkOpenPort(int port) {
-  int error = 0;
+  PortTrouble trouble;
   if (port != 0) {
     PortNumber = static_cast<std::uint8_t>(port);
   } else {
-    error = TakePortFromSettings();
+    trouble.number = TakePortFromSettings();
   }
   bool second_pass = false;
+  std::string last_port;  // the port tried before and what is wrong with it
   for (;;) {
-    if (error == 0) error = TestPort();
-    if (error == 0) return;
+    if (trouble.number == 0) {
+      Host().ShowStatusText("Trying " + PortName() + (last_port.empty() ? "" : " - " + last_port));
+      trouble = TestPort();
+      if (trouble.number == 0) {
+        Host().ClearStatusText();
+        return;
+      }
+      last_port = PortName() + ": " + trouble.words;
+    }
     Host().TickPort(PortNumber, false);
     if (PortNumber >= kLastPort) {
       if (second_pass) {
+        Host().ShowStatusText(last_port);
         TellAndEnd("Check serial !\nSerial device unavailable\nor Board Not Ready",
-                   "ERROR " + std::to_string(error));
+                   "ERROR " + std::to_string(trouble.number));
       }
       PortNumber = kFirstPort;
       second_pass = true;
     } else {
       ++PortNumber;
     }
-    if (error == kErrorFileNotFound) {
+    if (trouble.number == kErrorFileNotFound) {
       Host().WriteDefaultPort();
       PortNumber = kFirstPort;
     }
-    error = 0;
+    trouble = {};
   }
 }
 
 BoardIdentity BoardIdentify(int node) {
+  if (node < 0 || node >= kNodeCount) StopProgram("BoardIdentify: no such node");
   BoardIdentity board;
   // One row for each read in its order; a silent node ends them.
   struct Read {

@@ -147,8 +147,9 @@ LinkHost& Host() {
 
 void LinkScan() {
   ParamRec* const table = ParamTable[NodeIndex];
-  // The last record of a file, index NodeRecordCount, is never visited.
-  const std::int32_t end = NodeRecordCount[NodeIndex];
+  // The last record of a file, index NodeRecordCount, is never visited. An absent node keeps the count of its
+  // small file but has no records: what was put on it waits there for good.
+  const std::int32_t end = NodePresent[NodeIndex] ? NodeRecordCount[NodeIndex] : 0;
   for (std::int32_t cursor = ScanCursor; cursor < end; ++cursor) {
     if (!(table[cursor].Flags & kDue)) continue;
     if (!TakesItsTurn(table[cursor])) continue;

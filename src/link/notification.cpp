@@ -3,6 +3,7 @@
 
 #include <algorithm>
 #include <cstddef>
+#include <utility>
 
 #include "store/parameter_table.h"
 
@@ -13,6 +14,9 @@ std::vector<LoadedForm*> LoadedForms;
 namespace {
 
 constexpr std::size_t kFirstTold = 2;
+
+// Memory for the list of an arrival, kept from one to the next.
+std::vector<LoadedForm*> spare_list;
 
 // `place` is where the form stood when the arrival began, and where it normally still stands.
 bool IsStillLoaded(const LoadedForm* form, std::size_t place) {
@@ -31,7 +35,8 @@ double ReplyValue(const Bytes& reply) {
 void NotifyForms(std::int32_t index, const Bytes& reply) {
   const double value = ReplyValue(reply);
   // Told are the forms that were loaded when the value arrived, as far as they still are.
-  const std::vector<LoadedForm*> forms = LoadedForms;
+  std::vector<LoadedForm*> forms = std::exchange(spare_list, {});
+  forms = LoadedForms;
   // Each form finds the node of the exchange, also when the form before it wrote to another node; the scan
   // goes on where the last of such forms has moved it.
   const std::uint8_t node = NodeIndex;
@@ -46,6 +51,7 @@ void NotifyForms(std::int32_t index, const Bytes& reply) {
     if (NodeIndex != node) next_node = NodeIndex;
   }
   NodeIndex = next_node;
+  spare_list = std::move(forms);
 }
 
 }  // namespace dosmara

@@ -18,8 +18,14 @@ namespace dosmara {
 namespace {
 
 constexpr std::chrono::milliseconds kTryAgainInterval(200);
+constexpr int kTick = static_cast<int>(LinkTimer::Timer1);
 
 }  // namespace
+
+bool IsLateTick(std::chrono::microseconds due, std::chrono::microseconds now) {
+  constexpr std::chrono::milliseconds kMostDelay(2);
+  return now - due > kMostDelay;
+}
 
 int OpenErrorNumber(QSerialPort::SerialPortError error, bool permitted) {
   switch (error) {
@@ -166,20 +172,48 @@ void FrmSer::OnReadyRead() {
 }
 
 void FrmSer::Fire(LinkTimer timer) {
-  ticking_ = timer == LinkTimer::Timer1;
-  TimerEvent(timer);
-  ticking_ = false;
-}
-
-void FrmSer::EnableTimer(LinkTimer timer) {
-  QTimer& enabled = timers_[static_cast<int>(timer)];
-  if (!enabled.isActive()) {
-    enabled.start();
+  if (timer == LinkTimer::Timer1) {
+    Tick();
+  } else {
+    TimerEvent(timer);
   }
 }
 
 // The scan tick disables itself for the length of its event. It runs on instead: a timer that is started anew
-// fires at the next whole millisecond behind its interval, which would make each tick 41 ms long.
+// fires at the next whole millisecond behind its interval, which would make each tick 41 ms long. Behind a
+// late tick it begins anew all the same: it would make up for the delay, and two requests would come closer
+// than a board is used to.
+void FrmSer::Tick() {
+  ticking_ = true;
+  TimerEvent(LinkTimer::Timer1);
+  ticking_ = false;
+  if (!timers_[kTick].isActive()) {
+    return;
+  }
+  if (IsLateTick(tick_due_, Now())) {
+    StartTick();
+  } else {
+    tick_due_ += kLinkTimerInterval[kTick];
+  }
+}
+
+void FrmSer::StartTick() {
+  tick_due_ = Now() + kLinkTimerInterval[kTick];
+  timers_[kTick].start();
+}
+
+void FrmSer::EnableTimer(LinkTimer timer) {
+  QTimer& enabled = timers_[static_cast<int>(timer)];
+  if (enabled.isActive()) {
+    return;
+  }
+  if (timer == LinkTimer::Timer1) {
+    StartTick();
+  } else {
+    enabled.start();
+  }
+}
+
 void FrmSer::DisableTimer(LinkTimer timer) {
   if (!ticking_ || timer != LinkTimer::Timer1) {
     timers_[static_cast<int>(timer)].stop();
@@ -187,6 +221,8 @@ void FrmSer::DisableTimer(LinkTimer timer) {
 }
 
 void FrmSer::ShowLamp(int panel, int image) { status_bar_.ShowLamp(panel, image); }
+
+void FrmSer::ShowStatusText(const std::string& text) { status_bar_.SetText(QString::fromStdString(text)); }
 
 void FrmSer::ClearStatusText() { status_bar_.ClearText(); }
 

@@ -17,6 +17,9 @@ namespace dosmara {
 // the same error; `permitted`, whether the file's permissions let the user in, tells them apart.
 int OpenErrorNumber(QSerialPort::SerialPortError error, bool permitted);
 
+// Whether a scan tick that was due at `due` and is over at `now` would be followed too soon by one on time.
+bool IsLateTick(std::chrono::microseconds due, std::chrono::microseconds now);
+
 // What the link engine needs, over a real device. A device that vanishes while it is in use is closed at the
 // first error and opened again by its name as soon as it is back; nothing runs meanwhile but a slow timer.
 class FrmSer : public Form, public LinkHost {
@@ -42,6 +45,7 @@ class FrmSer : public Form, public LinkHost {
   void EnableTimer(LinkTimer timer) override;
   void DisableTimer(LinkTimer timer) override;
   void ShowLamp(int panel, int image) override;
+  void ShowStatusText(const std::string& text) override;
   void ClearStatusText() override;
   std::chrono::microseconds Now() const override;
   void WaitBlocking(std::chrono::milliseconds time) override;
@@ -57,6 +61,8 @@ class FrmSer : public Form, public LinkHost {
 
  private:
   void Fire(LinkTimer timer);
+  void Tick();
+  void StartTick();
   int OpenDevice();
   void CloseDevice();
   void OnError(QSerialPort::SerialPortError error);
@@ -68,13 +74,14 @@ class FrmSer : public Form, public LinkHost {
   StatusBar& status_bar_;
   QSerialPort serial_;
   std::array<QTimer, kLinkTimerCount> timers_;
-  QTimer try_again_;       // runs while a device that is wanted is not there
-  int port_ = 0;           // port in use
-  QString device_;         // its name; empty while the system has no such device
-  bool lost_ = false;      // the open device has failed and waits to be closed
-  bool ticking_ = false;   // inside the event of Timer1
-  bool waiting_ = false;   // inside WaitBlocking: input only collects
-  bool unloaded_ = false;  // the program is ending
+  std::chrono::microseconds tick_due_{0};  // when Timer1 fires next
+  QTimer try_again_;                       // runs while a device that is wanted is not there
+  int port_ = 0;                           // port in use
+  QString device_;                         // its name; empty while the system has no such device
+  bool lost_ = false;                      // the open device has failed and waits to be closed
+  bool ticking_ = false;                   // inside the event of Timer1
+  bool waiting_ = false;                   // inside WaitBlocking: input only collects
+  bool unloaded_ = false;                  // the program is ending
 };
 
 }  // namespace dosmara

@@ -8,7 +8,10 @@
 #include <QProcess>
 #include <QScreen>
 #include <QShortcut>
+#include <QTimer>
+#include <QWindow>
 #include <algorithm>
+#include <chrono>
 
 #include "link/identification.h"
 #include "shell/loaded_forms.h"
@@ -21,9 +24,21 @@ namespace dosmara {
 namespace {
 
 constexpr QSize kFirstSize(1200, 760);
+constexpr std::chrono::seconds kMostTimeToAppear(2);
 const QString kLauncher = QStringLiteral("DOSMARA.EXE");
 
 QMdiSubWindow* FrameOf(const Form& form) { return qobject_cast<QMdiSubWindow*>(form.parentWidget()); }
+
+// Delivers events, but nothing that the operator does, until the window is on the screen and painted.
+void Appear(const QWidget& window) {
+  QTimer bound;
+  bound.setSingleShot(true);
+  bound.start(kMostTimeToAppear);
+  while (!window.windowHandle()->isExposed() && bound.isActive()) {
+    QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents | QEventLoop::WaitForMoreEvents);
+  }
+  QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
+}
 
 void BringForward(Form& form) {
   if (QMdiSubWindow* frame = FrameOf(form)) {
@@ -80,7 +95,7 @@ void MDIForm1::Load() {
   menu_.InitMessaggi();
   menu_.ShowTicks(settings_);
   // The search for the port delivers no events: the window has to be painted before it begins.
-  QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
+  Appear(*this);
   frm_ser_->Load();
   ApplyHidingRules();
   EnableMenu(true);

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "shell/status_bar.h"
 
+#include <QLayout>
+
 #include "shell/form.h"
 #include "shell/picture.h"
 
@@ -59,7 +61,11 @@ void StatusBar::ShowLamp(int panel, int image) {
   label.setAccessibleName(lamp.text);
 }
 
-void StatusBar::SetText(const QString& text) { panels_.at(0)->setText(text); }
+void StatusBar::SetText(const QString& text) {
+  panels_.at(0)->setText(text);
+  layout()->activate();
+  repaint();
+}
 
 void StatusBar::ClearText() {
   if (!panels_.at(0)->text().isEmpty()) {

@@ -17,7 +17,7 @@ class StatusBar : public QStatusBar {
   void MakePanels();
   // Shows image 1 to 6 on lamp panel 2, 3 or 4. Its property "Tag" holds the number of the image.
   void ShowLamp(int panel, int image);
-  // Text of panel 1.
+  // Text of panel 1. It is painted before this returns, without an event.
   void SetText(const QString& text);
   // Clears the text of panel 1 if it holds one.
   void ClearText();

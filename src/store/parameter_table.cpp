@@ -28,9 +28,8 @@ void CheckNode(const char* operation, int index, int node) {
   if (node < 0 || node >= kNodeCount) Stop(operation, "no such node", index, node);
 }
 
-// The record of `index`, from `lowest` up.
+// The record of `index`, from `lowest` up, of a node that has been checked.
 ParamRec& Record(const char* operation, int index, int node, int lowest) {
-  CheckNode(operation, index, node);
   if (index < lowest || index > kLastRecord) Stop(operation, "no such record", index, node);
   return ParamTable[node][index];
 }
@@ -61,6 +60,7 @@ void ParamUnsubscribe(int index) {
 }
 
 void ParamPut(int index, double value) {
+  CheckNode("ParamPut", index, NodeIndex);
   ParamRec& record = Record("ParamPut", index, NodeIndex, 1);
   // Values computed from tenths arrive a hair off the whole number that is meant.
   const double whole = std::nearbyint(value);
@@ -77,6 +77,7 @@ void ParamPut(int index, double value) {
 }
 
 double ParamGet(int index, int node) {
+  CheckNode("ParamGet", index, node);
   const ParamRec& record = Record("ParamGet", index, node, 0);
   const int length = (record.Control & kLengthMask) + 1;
   double value = 0;
@@ -87,6 +88,7 @@ double ParamGet(int index, int node) {
 }
 
 bool ParamIsFresh(int index, int node) {
+  CheckNode("ParamIsFresh", index, node);
   return (Record("ParamIsFresh", index, node, 0).Flags & kArrived) != 0;
 }
 

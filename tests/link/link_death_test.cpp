@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // Programming errors that stop the program from inside the link.
+#include "link/identification.h"
 #include "link/link_engine.h"
 #include "support/link_fixture.h"
 
@@ -16,6 +17,11 @@ TEST_F(LinkDeathTest, ARecordThatArrivesUnwantedStops) {
   ReplyData = {57};
   ScanCursor = 4;
   EXPECT_EXIT(LinkComplete(), kStops, "LinkComplete: a record arrived that nobody wanted");
+}
+
+TEST_F(LinkDeathTest, IdentifyingANodeThatIsNoneStops) {
+  EXPECT_EXIT(BoardIdentify(4), kStops, "BoardIdentify: no such node");
+  EXPECT_EXIT(BoardIdentify(-1), kStops, "BoardIdentify: no such node");
 }
 
 // Runs in a program of its own, which has attached nothing yet.

@@ -249,6 +249,35 @@ TEST_F(LinkScanWalk, AbsentNodesRecordsAreWalkedOverInSilence) {
   EXPECT_TRUE(host_.frames.empty());
 }
 
+TEST_F(LinkScanWalk, AValuePutOnAnAbsentNodeStaysUnsentAndHoldsUpNobody) {
+  Records(1, 18);
+  NodePresent[1] = false;
+  Put(1, 4, 77);
+  Records(0, 10);
+  Record(0, 4, {.period = 1});
+  Subscribe(0, 4);
+  StartScan();
+  Ticks(2 + 2 * kTicksPerEmptyPass);
+  ASSERT_EQ(Frames(), (std::vector<Bytes>{{0, 0, 0, 4, 4}, {0, 0, 0, 4, 4}}));
+  EXPECT_EQ(host_.frames[1].time, milliseconds(400));
+  EXPECT_EQ(ParamGet(4, 1), 77);
+  EXPECT_EQ(At(1, 4).Flags, 134);
+}
+
+TEST_F(LinkScanWalk, AnAbsentNodeCostsOneTickAPass) {
+  Records(1, 18);
+  NodePresent[1] = false;
+  Put(1, 4, 77);
+  Records(2, 10);
+  Subscribe(2, 4);
+  StartScan();
+  Ticks(2);
+  EXPECT_EQ(NodeIndex, 2);
+  Ticks(1);
+  ASSERT_EQ(host_.frames.size(), 1U);
+  EXPECT_EQ(host_.frames[0].time, milliseconds(120));
+}
+
 TEST_F(LinkScanWalk, CursorStaysOnTheRecordUntilItCompletes) {
   Records(0, 10);
   Subscribe(0, 4);
@@ -267,6 +296,20 @@ TEST_F(LinkScanWalk, WalksOverAFullTableInOneTick) {
   Ticks(1);
   ASSERT_EQ(host_.frames.size(), 1U);
   EXPECT_EQ(host_.frames[0].bytes, (Bytes{0, 0, 0x7F, 0xFE, 0x7D}));
+}
+
+TEST_F(LinkScanWalk, RequestsKeepTheirDistanceWhenTheProgramIsLate) {
+  Records(0, 3000);
+  for (int index = 1; index < 3000; ++index) Subscribe(0, index);
+  StartScan();
+  for (int late = 0; late < 100; ++late) {
+    host_.RunFor(milliseconds(31 + late));
+    host_.Stall(milliseconds(late));
+  }
+  ASSERT_GT(host_.frames.size(), 200U);
+  for (std::size_t i = 1; i < host_.frames.size(); ++i) {
+    EXPECT_GE(host_.frames[i].time - host_.frames[i - 1].time, milliseconds(38)) << i;
+  }
 }
 
 TEST_F(LinkScanWalk, AnHourOfPollingKeepsItsPace) {

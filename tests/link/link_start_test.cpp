@@ -63,7 +63,6 @@ TEST_F(LinkStartUp, AnAbsentNodeKeepsTheCountOfItsSmallFileAndStaysSilent) {
   EXPECT_EQ(NodeRecordCount[2], 30);
   Subscribe(1, 7);
   Put(1, 7, 3);
-  At(1, 7).Flags = 0;
   host_.frames.clear();
   host_.RunFor(milliseconds(1000));
   EXPECT_TRUE(host_.frames.empty());

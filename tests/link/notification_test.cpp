@@ -1,10 +1,12 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "link/notification.h"
 
+#include <algorithm>
 #include <functional>
 #include <stdexcept>
 
 #include "link/link_engine.h"
+#include "support/allocations.h"
 #include "support/link_fixture.h"
 
 namespace dosmara {
@@ -112,6 +114,49 @@ TEST_F(Notification, AFormThatIsOpenedMeanwhileSeesOnlyLaterArrivals) {
   EXPECT_TRUE(late.arrivals.empty());
   NotifyForms(6, {8});
   EXPECT_EQ(late.arrivals, (Arrived{{0, 6, 8}}));
+}
+
+TEST_F(Notification, AFormThatIsOpenedInThePlaceOfAnotherSeesOnlyLaterArrivals) {
+  ListeningForm late;
+  a_.act = [&] { std::ranges::replace(LoadedForms, static_cast<LoadedForm*>(&c_), &late); };
+  NotifyForms(5, {7});
+  EXPECT_EQ(b_.arrivals.size(), 1U);
+  EXPECT_TRUE(c_.arrivals.empty());
+  EXPECT_TRUE(late.arrivals.empty());
+}
+
+TEST_F(Notification, AFormThatUnloadsAllOthersIsTheLastToBeTold) {
+  a_.act = [&] { LoadedForms = {&main_window_, &frm_ser_, &a_}; };
+  NotifyForms(5, {7});
+  EXPECT_TRUE(b_.arrivals.empty());
+  EXPECT_TRUE(c_.arrivals.empty());
+  NotifyForms(5, {7});
+  EXPECT_EQ(a_.arrivals.size(), 2U);
+}
+
+TEST_F(Notification, AnArrivalDuringAnotherReachesAllFormsTwice) {
+  a_.act = [&] {
+    if (a_.arrivals.size() == 1) NotifyForms(6, {8});
+  };
+  NotifyForms(5, {7});
+  EXPECT_EQ(a_.arrivals, (Arrived{{0, 5, 7}, {0, 6, 8}}));
+  EXPECT_EQ(b_.arrivals, (Arrived{{0, 6, 8}, {0, 5, 7}}));
+  EXPECT_EQ(c_.arrivals, (Arrived{{0, 6, 8}, {0, 5, 7}}));
+}
+
+TEST_F(Notification, AsksForNoMemoryAtAnArrival) {
+  class DeafForm : public LoadedForm {
+   public:
+    void SLabelChange(std::int32_t /*index*/, double /*value*/) override {}
+  };
+  std::vector<DeafForm> forms(30);
+  LoadedForms.clear();
+  for (DeafForm& form : forms) LoadedForms.push_back(&form);
+  const Bytes reply = {7};
+  NotifyForms(5, reply);
+  const std::size_t before = Allocations();
+  for (int i = 0; i < 100; ++i) NotifyForms(5, reply);
+  EXPECT_EQ(Allocations(), before);
 }
 
 TEST_F(Notification, EachFormFindsTheNodeOfTheExchange) {

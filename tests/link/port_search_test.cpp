@@ -112,6 +112,45 @@ TEST_F(PortSearch, TwoEqualBytesPassWhateverTheyAre) {
   EXPECT_EQ(host_.opened, (Ports{1, 1, 1}));
 }
 
+using Texts = std::vector<std::string>;
+
+TEST_F(PortSearch, SaysWhichPortIsTriedAndWhatIsWrongWithTheLastOne) {
+  host_.settings_port = 1;
+  host_.open_errors = {{1, 8002}, {2, 8005}, {3, 70}, {4, 68}};
+  host_.board = nullptr;
+  EXPECT_THROW(LinkOpenPort(0), ProgramEnds);
+  const Texts pass = {"Trying Com2 - Com1: no such device", "Trying Com3 - Com2: in use",
+                      "Trying Com4 - Com3: not permitted", "Trying Com1 - Com4: cannot be opened"};
+  ASSERT_EQ(host_.status_texts.size(), 9U);
+  EXPECT_EQ(host_.status_texts[0], "Trying Com1");
+  EXPECT_EQ(Texts(host_.status_texts.begin() + 1, host_.status_texts.begin() + 5), pass);
+  EXPECT_EQ(host_.status_texts[8], "Com4: cannot be opened");
+}
+
+TEST_F(PortSearch, TellsSilenceFromAWrongAnswer) {
+  host_.board_port = 3;
+  LinkOpenPort(2);
+  Answer({57, 58});
+  host_.board_port = 1;
+  EXPECT_THROW(LinkOpenPort(1), ProgramEnds);
+  ASSERT_EQ(host_.status_texts.size(), 11U);
+  EXPECT_EQ(host_.status_texts[1], "Trying Com3 - Com2: no answer");
+  EXPECT_EQ(host_.status_texts[3], "Trying Com2 - Com1: wrong answer");
+}
+
+TEST_F(PortSearch, APortThatAnswersClearsTheText) {
+  host_.board_port = 2;
+  LinkOpenPort(1);
+  EXPECT_EQ(host_.status_texts, (Texts{"Trying Com1", "Trying Com2 - Com1: no answer"}));
+  EXPECT_EQ(host_.status_text_clears, 1);
+}
+
+TEST_F(PortSearch, WithoutASettingsFileNoPortIsSaidToBeWrong) {
+  host_.settings_error = 53;
+  LinkOpenPort(0);
+  EXPECT_EQ(host_.status_texts, (Texts{"Trying Com1"}));
+}
+
 TEST_F(PortSearch, AnyOtherReplyIsNoBoard) {
   for (const Bytes& reply : {Bytes{57}, Bytes{57, 58}, Bytes{57, 57, 57}, Bytes{}}) {
     Answer(reply);

@@ -324,18 +324,37 @@ TEST_F(FrmSerTimers, EnablingARunningTimerLeavesItRunning) {
   EXPECT_FALSE(Timer(2)->isActive());
 }
 
-TEST_F(FrmSerTimers, TheScanTickKeepsItsPaceThroughItsOwnEvents) {
-  int ticks = 0;
+TEST_F(FrmSerTimers, AScanTickThatIsOnTimeRunsOnThroughItsOwnEvents) {
+  int ticks_that_ran_on = 0;
   int stops_and_starts = 0;
-  QObject::connect(Timer(1), &QTimer::timeout, [&] { ++ticks; });
+  QObject::connect(Timer(1), &QTimer::timeout, [&] {
+    ticks_that_ran_on += stops_and_starts == 0;
+    stops_and_starts = 0;
+  });
   ser_.EnableTimer(LinkTimer::Timer1);
   {
     const auto watch = Timer(1)->bindableActive().addNotifier([&] { ++stops_and_starts; });
-    EXPECT_TRUE(WaitUntil([&] { return ticks >= 2; }));
+    EXPECT_TRUE(WaitUntil([&] { return ticks_that_ran_on >= 2; }));
   }
-  EXPECT_EQ(stops_and_starts, 0);
   ser_.DisableTimer(LinkTimer::Timer1);
   EXPECT_FALSE(Timer(1)->isActive());
+}
+
+TEST_F(FrmSerTimers, AScanTickBehindALateOneKeepsItsDistance) {
+  std::vector<std::chrono::microseconds> ticks;
+  QObject::connect(Timer(1), &QTimer::timeout, [&] { ticks.push_back(ser_.Now()); });
+  ser_.EnableTimer(LinkTimer::Timer1);
+  ser_.WaitBlocking(milliseconds(60));  // a program that is busy for so long
+  ASSERT_TRUE(WaitUntil([&] { return ticks.size() >= 2; }));
+  EXPECT_GT(ticks[1] - ticks[0], milliseconds(30));
+}
+
+TEST(ScanTick, IsLateWhenTheNextOneWouldComeLessThan38MillisecondsBehindIt) {
+  using std::chrono::microseconds;
+  EXPECT_FALSE(IsLateTick(microseconds(500000), microseconds(500100)));
+  EXPECT_FALSE(IsLateTick(microseconds(500000), microseconds(502000)));
+  EXPECT_TRUE(IsLateTick(microseconds(500000), microseconds(502001)));
+  EXPECT_TRUE(IsLateTick(microseconds(500000), microseconds(560000)));
 }
 
 TEST_F(FrmSerTimers, TheClockNeverRunsBackward) {
@@ -380,6 +399,14 @@ TEST_F(FrmSerShell, TicksThePortsOneToFour) {
   ser_.TickPort(0, true);
   ser_.TickPort(5, true);
   EXPECT_EQ(changes, 2);
+}
+
+TEST_F(FrmSerShell, ShowsAndClearsTheTextOfTheStatusBar) {
+  const auto* panel = bar_.findChild<QLabel*>("Panels(1)");
+  ser_.ShowStatusText("Trying Com1");
+  EXPECT_EQ(panel->text(), "Trying Com1");
+  ser_.ClearStatusText();
+  EXPECT_EQ(panel->text(), "");
 }
 
 TEST_F(FrmSerShell, AsksTheOperatorThroughTheMessageBox) {

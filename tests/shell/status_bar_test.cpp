@@ -3,6 +3,11 @@
 
 #include <gtest/gtest.h>
 
+#include <QEvent>
+#include <QWindow>
+
+#include "support/wait_until.h"
+
 namespace dosmara {
 namespace {
 
@@ -59,6 +64,25 @@ TEST_F(StatusBarTest, SaysWhatTheLampsShow) {
     EXPECT_EQ(Panel(panel)->toolTip(), texts[image - 1]);
     EXPECT_EQ(Panel(panel)->accessibleName(), texts[image - 1]);
   }
+}
+
+// Counts the paintings of a widget.
+class PaintWatch : public QObject {
+ public:
+  explicit PaintWatch(QWidget& widget) { widget.installEventFilter(this); }
+  bool eventFilter(QObject* /*widget*/, QEvent* event) override {
+    paintings += event->type() == QEvent::Paint;
+    return false;
+  }
+  int paintings = 0;
+};
+
+TEST_F(StatusBarTest, PaintsItsTextWithoutAnEvent) {
+  ASSERT_TRUE(WaitUntil([&] { return bar_.windowHandle()->isExposed(); }));
+  PaintWatch watch(*Panel(1));
+  bar_.SetText("Trying Com1");
+  EXPECT_EQ(watch.paintings, 1);
+  EXPECT_GT(Panel(1)->width(), 450);
 }
 
 TEST_F(StatusBarTest, ClearsItsText) {

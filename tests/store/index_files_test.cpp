@@ -75,6 +75,7 @@ TEST_F(IndexFiles, FullNamesBearRevisionLetterAndFileNumber) {
   EXPECT_EQ(FullIndexName(245, 1, 0), "W0245AB00.inx");
   EXPECT_EQ(FullIndexName(245, 0, 0), "W0245AA00.inx");
   EXPECT_EQ(FullIndexName(257, 25, 42), "W0257AZ42.inx");
+  EXPECT_EQ(FullIndexName(257, 26, 42), "W0257A[42.inx");
 }
 
 TEST_F(IndexFiles, OnlyTheLastTwoDigitsOfAFileNumberCount) {
@@ -217,6 +218,23 @@ TEST_F(IndexFiles, AMissingFolderIsAMissingFile) {
 TEST_F(IndexFiles, NamesMatchWithoutRegardToCase) {
   folder_.Write("w0256.INX", SmallIndexBytes(18));
   EXPECT_EQ(FailureOf(LoadSmallIndex, "W0256.inx", 0), 0);
+}
+
+TEST_F(IndexFiles, CaseMeansNothingFromTheFirstLetterToTheLast) {
+  folder_.Write("w0245aa00.inx", FullIndexBytes(3));
+  folder_.Write("w0245az00.inx", FullIndexBytes(4));
+  LoadFullIndex(folder_.path(), "W0245AA00.INX", 2);
+  EXPECT_EQ(NodeRecordCount[2], 3);
+  LoadFullIndex(folder_.path(), "W0245AZ00.INX", 2);
+  EXPECT_EQ(NodeRecordCount[2], 4);
+}
+
+TEST_F(IndexFiles, OnlyLettersDifferInCase) {
+  // The characters beside the letters lie as far from one another as the two cases of a letter.
+  folder_.Write("W0256A`01.inx", FullIndexBytes(3));
+  EXPECT_EQ(FailureOf(LoadFullIndex, "W0256A@01.inx", 0), 53);
+  folder_.Write("W0256A{01.inx", FullIndexBytes(3));
+  EXPECT_EQ(FailureOf(LoadFullIndex, "W0256A[01.inx", 0), 53);
 }
 
 TEST_F(IndexFiles, TheExactNameGoesBeforeOneThatDiffersInCase) {

@@ -47,6 +47,7 @@ TEST_F(ParameterTableDeathTest, PuttingToIndexZeroStops) {
 
 TEST_F(ParameterTableDeathTest, PuttingBeyondTheTableStops) {
   EXPECT_EXIT(ParamPut(33001, 1), kStops, "ParamPut");
+  EXPECT_EXIT(ParamPut(-1, 1), kStops, "ParamPut: no such record");
 }
 
 TEST_F(ParameterTableDeathTest, PuttingAValueThatDoesNotFitStops) {
@@ -58,13 +59,16 @@ TEST_F(ParameterTableDeathTest, PuttingAValueThatDoesNotFitStops) {
 
 TEST_F(ParameterTableDeathTest, UnsubscribingBeyondTheTableStops) {
   EXPECT_EXIT(ParamUnsubscribe(33001), kStops, "ParamUnsubscribe");
+  EXPECT_EXIT(ParamUnsubscribe(-1), kStops, "ParamUnsubscribe: no such record");
 }
 
 TEST_F(ParameterTableDeathTest, ReadingBeyondTheTableStops) {
   EXPECT_EXIT(ParamGet(33001, 0), kStops, "ParamGet");
+  EXPECT_EXIT(ParamGet(-1, 0), kStops, "ParamGet: no such record");
   EXPECT_EXIT(ParamGet(1, 4), kStops, "ParamGet: no such node");
   EXPECT_EXIT(ParamGet(1, -1), kStops, "ParamGet: no such node");
   EXPECT_EXIT(ParamIsFresh(-1, 0), kStops, "ParamIsFresh");
+  EXPECT_EXIT(ParamIsFresh(33001, 0), kStops, "ParamIsFresh");
   EXPECT_EXIT(ParamIsFresh(1, 4), kStops, "ParamIsFresh: no such node");
 }
 
@@ -73,6 +77,8 @@ TEST_F(ParameterTableDeathTest, ACurrentNodeThatIsNoneStops) {
   EXPECT_EXIT(ParamSubscribe(1), kStops, "ParamSubscribe: no such node");
   EXPECT_EXIT(ParamUnsubscribe(1), kStops, "ParamUnsubscribe: no such node");
   EXPECT_EXIT(ParamPut(1, 1), kStops, "ParamPut: no such node");
+  NodeIndex = 255;
+  EXPECT_EXIT(ParamSubscribe(1), kStops, "ParamSubscribe: no such node");
 }
 
 }  // namespace

@@ -55,6 +55,26 @@ TEST_F(ParameterTable, SubscribingToTheLastRecordWorks) {
   EXPECT_EQ(At(33000).Flags, 6);
 }
 
+TEST_F(ParameterTable, SubscribingToTheFirstRecordWorks) {
+  Subscribe(1);
+  EXPECT_EQ(At(1).Flags, 6);
+  Put(1, 5);
+  EXPECT_EQ(At(1).Flags, 134);
+}
+
+TEST_F(ParameterTable, RecordZeroMayBeUnsubscribedAndReadThoughNothingFillsIt) {
+  Unsubscribe(0);
+  EXPECT_EQ(At(0).Subscribers, 0);
+  EXPECT_EQ(ParamGet(0, 1), 0);
+  EXPECT_FALSE(ParamIsFresh(0, 1));
+}
+
+TEST_F(ParameterTable, TheLastNodeIsOneLikeTheOthers) {
+  NodeIndex = 3;
+  ParamPut(33000, 7);
+  EXPECT_EQ(ParamGet(33000, 3), 7);
+}
+
 TEST_F(ParameterTable, ARecordCounts255Subscribers) {
   for (int i = 0; i < 255; ++i) Subscribe(7);
   EXPECT_EQ(At(7).Subscribers, 255);

@@ -33,6 +33,11 @@ void VirtualHost::RunFor(microseconds time) {
   now_ = end;
 }
 
+void VirtualHost::Stall(milliseconds time) {
+  WaitBlocking(time);
+  if (std::exchange(unannounced_, 0) > 0) ReceiveEvent();
+}
+
 bool VirtualHost::RunUntil(const std::function<bool()>& condition, microseconds limit) {
   const microseconds end = now_ + limit;
   while (!condition()) {

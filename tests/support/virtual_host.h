@@ -79,6 +79,7 @@ class VirtualHost : public LinkHost {
   std::vector<int> opened;
   std::set<int> ticked;
   int reopens = 0;
+  std::vector<std::string> status_texts;
   int status_text_clears = 0;
   int default_port_writes = 0;
 
@@ -90,6 +91,8 @@ class VirtualHost : public LinkHost {
   void At(microseconds when, std::function<void()> what);
   // Lets `time` pass.
   void RunFor(microseconds time);
+  // Keeps the program busy for `time`: what happens meanwhile is told of afterwards.
+  void Stall(milliseconds time);
   // Runs until `condition` holds, at most for `limit`. Returns whether it holds.
   bool RunUntil(const std::function<bool()>& condition, microseconds limit);
   bool IsEnabled(LinkTimer timer) const { return TimerOf(timer).enabled; }
@@ -106,6 +109,7 @@ class VirtualHost : public LinkHost {
   void EnableTimer(LinkTimer timer) override;
   void DisableTimer(LinkTimer timer) override { TimerOf(timer).enabled = false; }
   void ShowLamp(int panel, int image) override;
+  void ShowStatusText(const std::string& text) override { status_texts.push_back(text); }
   void ClearStatusText() override { ++status_text_clears; }
   microseconds Now() const override { return now_; }
   void WaitBlocking(milliseconds time) override;
