@@ -23,7 +23,9 @@ std::span<const Console::Command> Console::Commands() {
       {"set", "NODE RECORD VALUE", "changes what a board holds", 3, 3, &Console::Set},
       {"test", "COMMAND SELECTION [PART]", "starts a test as the tool would, by records 314 to 316", 2, 3,
        &Console::Test},
-      {"vend", "SELECTION|NODE:POSITION [paid [AMOUNT]|key|free] [jug] [sugar] [milk] [no-cup]",
+      {"vend",
+       "SELECTION|NODE:POSITION [paid [AMOUNT]|bill [AMOUNT]|token [1-3]|key|free] [jug] [sugar] [milk] "
+       "[no-cup]",
        "one customer, at selection 1 to 16 or 21 to 26, or at a position such as 2:34", 1, 7, &Console::Vend},
       {"customers", "COUNT", "lets so many customers an hour come by themselves", 1, 1, &Console::Customers},
       {"alarm", "CODE|clear", "logs an alarm, 0 to 203, or empties the log", 1, 1, &Console::RaiseAlarm},

@@ -124,11 +124,8 @@ void Dispenser::Show(bool on) {
 void Dispenser::End(std::optional<Alarm> failure) {
   Show(false);
   const Serving serving = *std::exchange(serving_, std::nullopt);
-  if (failure) {
-    alarms_.Raise(*failure);
-  } else {
-    served_(serving);
-  }
+  if (failure) alarms_.Raise(*failure);
+  ended_(serving, !failure);
 }
 
 }  // namespace machine

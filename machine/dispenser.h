@@ -26,16 +26,16 @@ namespace machine {
 
 class Dispenser : public Concern {
  public:
-  // `served` hears of each serving that has come to its end.
+  // `ended` hears of each serving that has come to its end, and whether it was handed out.
   Dispenser(Boards& boards, const Presence& presence, Schedule& schedule, const Supplies& supplies,
-            const Defects& defects, Alarms& alarms, std::function<void(const Serving&)> served)
+            const Defects& defects, Alarms& alarms, std::function<void(const Serving&, bool)> ended)
       : boards_(boards),
         presence_(presence),
         schedule_(schedule),
         supplies_(supplies),
         defects_(defects),
         alarms_(alarms),
-        served_(std::move(served)) {}
+        ended_(std::move(ended)) {}
 
   // Starts a serving. Returns why it cannot be, or nothing.
   std::string Serve(const Serving& serving);
@@ -63,7 +63,7 @@ class Dispenser : public Concern {
   const Supplies& supplies_;
   const Defects& defects_;
   Alarms& alarms_;
-  std::function<void(const Serving&)> served_;
+  std::function<void(const Serving&, bool)> ended_;
   std::optional<Serving> serving_;
 };
 

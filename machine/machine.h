@@ -29,6 +29,7 @@
 #include "machine/schedule.h"
 #include "machine/settings.h"
 #include "machine/supplies.h"
+#include "machine/till.h"
 #include "machine/unit_motors.h"
 #include "machine/wire.h"
 
@@ -92,6 +93,7 @@ class Machine {
   Defects& defects() { return defects_; }
   Inputs& inputs() { return inputs_; }
   Sales& sales() { return sales_; }
+  Till& till() { return till_; }
   const Traffic& traffic() const { return traffic_; }
   // Frames taken within the last whole second, and whether there were any within the last three.
   unsigned frames_per_second() const { return frames_per_second_; }
@@ -127,6 +129,7 @@ class Machine {
   Audit audit_{boards_, presence_, dispenser_};
   Inputs inputs_{boards_, supplies_, defects_, dispenser_, alarms_};
   Climate climate_{boards_, defects_, alarms_};
+  Till till_{boards_, alarms_};
   Sales sales_;
   std::array<Concern*, 10> concerns_ = {&settings_,  &calendar_, &supplies_, &output_test_, &unit_motors_,
                                         &dispenser_, &audit_,    &inputs_,   &climate_,     &sales_};

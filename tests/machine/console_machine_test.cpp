@@ -13,6 +13,7 @@ class ConsoleMachineTest : public ConsoleTest {
   ConsoleMachineTest() {
     Set(0, 317, 4);
     Set(0, 4, 10);
+    Set(0, 84, 4);
     Set(0, 85, 255);
     Set(0, 12, 40);
     for (const int record : {34, 35, 36, 38}) Set(1, record, 255);
@@ -52,10 +53,23 @@ TEST_F(ConsoleMachineTest, VendRefusesAnAmountOrAMeansThatCannotBe) {
   Set(1, 148, 40);
   EXPECT_EQ(Run("vend 1 paid 65536"), "error: amount must be 0 to 65535, not '65536'");
   EXPECT_EQ(Run("vend 1 paid 5x"), "error: amount must be 0 to 65535, not '5x'");
-  EXPECT_EQ(Run("vend 1 paid key"), "error: only one of paid, key and free");
-  EXPECT_EQ(Run("vend 1 free free"), "error: only one of paid, key and free");
+  EXPECT_EQ(Run("vend 1 paid key"), "error: only one of paid, bill, token, key and free");
+  EXPECT_EQ(Run("vend 1 free free"), "error: only one of paid, bill, token, key and free");
   EXPECT_EQ(Run("vend 1 key 50"), "error: no way to buy '50', try help vend");
   EXPECT_FALSE(machine_.dispenser().busy());
+}
+
+TEST_F(ConsoleMachineTest, VendTakesABillOrAToken) {
+  Set(0, 355, 1);
+  Set(0, 348, 40);
+  EXPECT_EQ(Run("vend 1 bill 500"), "ok");
+  Pass(5s);
+  EXPECT_EQ(Get(0, 124), 1u);
+  EXPECT_EQ(Run("vend 1 token 2"), "ok");
+  Pass(5s);
+  EXPECT_EQ(Get(0, 128), 80u);
+  EXPECT_EQ(Run("vend 1 bill 7"), "error: no accepted bill has that value");
+  EXPECT_EQ(Run("vend 1 token 4"), "error: tokens are 1 to 3");
 }
 
 TEST_F(ConsoleMachineTest, AlarmLogsACodeAndClears) {
