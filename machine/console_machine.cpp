@@ -147,6 +147,17 @@ std::string Console::Door(Arguments arguments) {
   return {};
 }
 
+std::string Console::Input(Arguments arguments) {
+  const bool on = OneOf(arguments[1], "on", "off");
+  if (machine_.inputs().SetByHand(arguments[0], on)) return {};
+  throw CommandError("no input " + Quoted(arguments[0]) + "; inputs: " + Inputs::Names());
+}
+
+std::string Console::Turn(Arguments arguments) {
+  machine_.dispenser().SetSpiralTurn(std::chrono::milliseconds(NumberIn("time", arguments[0], 100, 60000)));
+  return {};
+}
+
 std::string Console::Tubes(Arguments arguments) {
   const bool fill = OneOf(arguments[0], "fill", "empty");
   const std::uint32_t amount = NumberIn("amount", arguments[1], 1, 1000000);

@@ -25,7 +25,7 @@ constexpr Time kStartUp = 2s;
 
 Machine::Machine(Boards boards, std::uint32_t seed, FrameLog log)
     : boards_(std::move(boards)),
-      dispenser_(boards_, presence_, schedule_, supplies_, defects_, alarms_,
+      dispenser_(boards_, presence_, schedule_, supplies_, defects_, alarms_, sensors_, remarks_,
                  [this](const Serving& serving, bool served) {
                    for (Concern* concern : concerns_) {
                      served ? concern->OnServed(serving) : concern->OnFailed(serving);
