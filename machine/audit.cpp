@@ -1,13 +1,13 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "machine/audit.h"
 
+#include <string>
+#include <utility>
+
 #include "machine/main_board_records.h"
 
 namespace machine {
 namespace {
-
-constexpr std::uint32_t kClear = 1;
-constexpr std::uint32_t kClearAll = 8;
 
 // Test vends of all kinds, on node 0; the first of each selection, on node 1; of each position, on 2 and 3.
 constexpr int kTestVends = 126;
@@ -36,12 +36,23 @@ constexpr Counters kCounters[] = {
 }  // namespace
 
 void Audit::OnWrite(int node, int record) {
-  if (node != 0 || record != kCommandRecord || dispenser_.busy()) return;
+  if (node != 0 || record != kCommandRecord) return;
   const std::uint32_t command = boards_[0].Get(kCommandRecord);
   if (command != kClear && command != kClearAll) return;
+  clear_ = true;
+  clear_all_ |= command == kClearAll;
+  if (dispenser_.busy()) {
+    remarks_.Waits("clear command " + std::to_string(command), "the machine is dispensing");
+  } else {
+    ClearIfWanted();
+  }
+}
+
+void Audit::ClearIfWanted() {
+  const bool all = std::exchange(clear_all_, false);
+  if (!std::exchange(clear_, false)) return;
   for (const Counters& counters : kCounters) {
-    if (counters.for_life && command != kClearAll) continue;
-    if (!presence_.IsPresent(counters.node)) continue;
+    if ((counters.for_life && !all) || !presence_.IsPresent(counters.node)) continue;
     for (int n = counters.first; n <= counters.last; ++n) {
       boards_[static_cast<std::size_t>(counters.node)].Set(n, 0);
     }
@@ -50,10 +61,12 @@ void Audit::OnWrite(int node, int record) {
 
 // A part on its own is no vend.
 void Audit::OnServed(const Serving& serving) {
-  if (serving.sale || serving.kind == Serving::Kind::kPart) return;
-  boards_[0].Add(kTestVends, 1);
-  const int first = serving.node == 1 ? kSelectionTests : kPositionTests;
-  boards_[static_cast<std::size_t>(serving.node)].Add(first + serving.index, 1);
+  if (!serving.sale && serving.kind != Serving::Kind::kPart) {
+    boards_[0].Add(kTestVends, 1);
+    const int first = serving.node == 1 ? kSelectionTests : kPositionTests;
+    boards_[static_cast<std::size_t>(serving.node)].Add(first + serving.index, 1);
+  }
+  ClearIfWanted();
 }
 
 }  // namespace machine

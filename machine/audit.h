@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // Test vends and how the machine's counters and money totals are cleared: a 1 in record 314 of node 0 clears
-// what may be cleared at every visit, an 8 clears the life totals as well. Nothing is cleared while the
-// machine dispenses. The flows of the MDB system, 339 to 344, are cleared by writing zeroes to them and not
-// here.
+// what may be cleared at every visit, an 8 clears the life totals as well. While something is handed out the
+// command waits for its end and clears what that has counted as well. A board that is absent keeps its
+// counters. The flows of the MDB system, 339 to 344, are cleared by writing zeroes to them and not here.
 #pragma once
 
 #include "machine/concern.h"
@@ -13,16 +13,23 @@ namespace machine {
 
 class Audit : public Concern {
  public:
-  Audit(Boards& boards, const Presence& presence, const Dispenser& dispenser)
-      : boards_(boards), presence_(presence), dispenser_(dispenser) {}
+  Audit(Boards& boards, const Presence& presence, const Dispenser& dispenser, Remarks& remarks)
+      : boards_(boards), presence_(presence), dispenser_(dispenser), remarks_(remarks) {}
 
   void OnWrite(int node, int record) override;
   void OnServed(const Serving& serving) override;
+  void OnFailed(const Serving&) override { ClearIfWanted(); }
+  void OnRestart() override { ClearIfWanted(); }
 
  private:
+  void ClearIfWanted();
+
   Boards& boards_;
   const Presence& presence_;
   const Dispenser& dispenser_;
+  Remarks& remarks_;
+  bool clear_ = false;
+  bool clear_all_ = false;
 };
 
 }  // namespace machine

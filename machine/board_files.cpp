@@ -38,6 +38,8 @@ Boards LoadBoards(const std::filesystem::path& directory) {
     }
     const auto full_path = directory / (std::string(kind.full_file) + ".inx");
     const Bytes full = ReadWhole(full_path);
+    if (full.empty()) throw FileError(full_path.string() + ": holds no records");
+    if (full.size() % kFullRow != 0) throw FileError(full_path.string() + ": ends within a record");
     for (std::size_t row = 0; row < full.size() / kFullRow; ++row) {
       const std::uint8_t* bytes = &full[row * kFullRow];
       std::uint32_t value = 0;

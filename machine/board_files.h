@@ -4,8 +4,9 @@
 //   small file, one row of 5 bytes for each identification entry   low high control period bank
 //   full file, one row of 9 bytes for each record                  low high control period bank value(4)
 //
-// Neither has a header; a rest at the end that is no whole row is passed over. Values are least significant
-// byte first. The period means nothing to the machine.
+// Neither has a header. A rest at the end of a small file that is no whole row is passed over; a full file
+// that is empty or ends within a row is refused. Values are least significant byte first. The period means
+// nothing to the machine.
 #pragma once
 
 #include <filesystem>

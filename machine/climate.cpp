@@ -5,7 +5,7 @@
 #include <cmath>
 #include <string>
 
-#include "machine/main_board_records.h"
+#include "machine/drinks_outputs.h"
 #include "machine/output_test.h"
 #include "machine/recipe.h"
 
@@ -40,7 +40,7 @@ constexpr int kDefrostMinutes = 57;
 constexpr int kRawRecord = 287;
 constexpr std::uint32_t kTankOff = 16;
 
-bool Output(const Board& board, int record, std::uint32_t mask) { return (board.Get(record) & mask) != 0; }
+bool CompressorOn(const Board& unit) { return (unit.Get(kRowRecord) & kCompressorOutput) != 0; }
 
 }  // namespace
 
@@ -74,11 +74,11 @@ void Climate::StepBoiler() {
   const double wanted = board.Get(kBoilerWanted);
   const bool stuck = defects_.Broken("thermostat");
   if (!InTestMode(boards_, 1)) {
-    const bool on = Output(board, kOutputsRecord, kHeaterOutput);
-    SetBits(board, kOutputsRecord, kHeaterOutput,
-            stuck || boiler_ <= wanted - kBoilerHysteresis || (on && boiler_ < wanted));
+    const bool on = OutputOn(board, kHeaterOutput);
+    SetOutput(board, kHeaterOutput,
+              stuck || boiler_ <= wanted - kBoilerHysteresis || (on && boiler_ < wanted));
   }
-  const bool heating = Output(board, kOutputsRecord, kHeaterOutput) && !defects_.Broken("heater");
+  const bool heating = OutputOn(board, kHeaterOutput) && !defects_.Broken("heater");
   boiler_ += (kRoom - boiler_) * kBoilerLoss + (heating ? kHeating : 0);
   boiler_ = std::min(boiler_, kBoiling);
   board.Set(kBoilerRecord, static_cast<std::uint32_t>(std::max(0L, std::lround(boiler_))));
@@ -105,8 +105,7 @@ void Climate::StepTank(int node) {
   if (!InTestMode(boards_, node)) {
     SetBits(board, kRowRecord, kCompressorOutput, CompressorWanted(node, temperature));
   }
-  const bool cooling =
-      Output(board, kRowRecord, kCompressorOutput) && !defects_.Broken("compressor-" + std::to_string(node));
+  const bool cooling = CompressorOn(board) && !defects_.Broken("compressor-" + std::to_string(node));
   tank.raw += (kRoom - tank.raw) * kTankLoss - (cooling ? kCooling : 0);
   WatchTank(node, temperature);
   board.Set(kRawRecord, static_cast<std::uint16_t>(std::lround(tank.raw * 256)));
@@ -116,7 +115,7 @@ bool Climate::CompressorWanted(int node, double temperature) const {
   const Board& board = boards_[static_cast<std::size_t>(node)];
   const std::uint32_t wanted = board.Get(kTankWanted);
   if (wanted >= kTankOff || tanks_[static_cast<std::size_t>(node) - 2].defrosting > 0) return false;
-  const bool on = Output(board, kRowRecord, kCompressorOutput);
+  const bool on = CompressorOn(board);
   return temperature >= wanted + board.Get(kHysteresis) / 10.0 || (on && temperature > wanted);
 }
 

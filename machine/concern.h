@@ -19,6 +19,8 @@ class Concern {
   virtual void OnSecond();
   // Something has been handed out to its end.
   virtual void OnServed(const Serving& serving);
+  // Something has not been handed out to its end: a part has failed.
+  virtual void OnFailed(const Serving& serving);
   // The machine has been switched off and on: whatever ran has stopped, and nothing waits in the schedule.
   virtual void OnRestart();
 };
@@ -28,6 +30,7 @@ inline void Concern::OnWrite(int, int) {}
 inline void Concern::OnSet(int, int) {}
 inline void Concern::OnSecond() {}
 inline void Concern::OnServed(const Serving&) {}
+inline void Concern::OnFailed(const Serving&) {}
 inline void Concern::OnRestart() {}
 
 }  // namespace machine

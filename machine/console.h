@@ -79,6 +79,8 @@ class Console {
   std::string Break(Arguments arguments);
   std::string Mend(Arguments arguments);
   std::string Door(Arguments arguments);
+  std::string Input(Arguments arguments);
+  std::string Turn(Arguments arguments);
   std::string Tubes(Arguments arguments);
   std::string Key(Arguments arguments);
   std::string Clock(Arguments arguments);

@@ -19,8 +19,11 @@ struct PaymentWord {
   std::string_view word;
   Payment payment;
 };
-constexpr PaymentWord kPayments[] = {
-    {"paid", Payment::kCoins}, {"key", Payment::kKey}, {"free", Payment::kFree}};
+constexpr PaymentWord kPayments[] = {{"paid", Payment::kCoins},
+                                     {"bill", Payment::kBill},
+                                     {"token", Payment::kToken},
+                                     {"key", Payment::kKey},
+                                     {"free", Payment::kFree}};
 struct ExtraWord {
   std::string_view word;
   bool Order::*field;
@@ -79,16 +82,16 @@ std::vector<std::uint32_t> DateFields(std::string_view text) {
 std::string Console::Vend(Arguments arguments) {
   Order order = OrderFor(arguments[0]);
   std::optional<Payment> payment;
-  std::optional<std::uint32_t> paid;
+  std::optional<std::uint32_t> amount;
   for (std::size_t i = 1; i < arguments.size(); ++i) {
     const auto means = std::ranges::find(kPayments, arguments[i], &PaymentWord::word);
     const auto extra = std::ranges::find(kExtras, arguments[i], &ExtraWord::word);
     if (means != std::end(kPayments)) {
-      if (payment) throw CommandError("only one of paid, key and free");
+      if (payment) throw CommandError("only one of paid, bill, token, key and free");
       payment = means->payment;
-      const bool amount_follows = i + 1 < arguments.size() && arguments[i + 1].front() <= '9';
-      if (payment == Payment::kCoins && amount_follows) {
-        paid = NumberIn("amount", arguments[++i], 0, 65535);
+      const bool by_amount = payment != Payment::kKey && payment != Payment::kFree;
+      if (by_amount && i + 1 < arguments.size() && arguments[i + 1].front() <= '9') {
+        amount = NumberIn("amount", arguments[++i], 0, 65535);
       }
     } else if (extra != std::end(kExtras)) {
       order.*extra->field = true;
@@ -96,7 +99,7 @@ std::string Console::Vend(Arguments arguments) {
       throw CommandError("no way to buy " + Quoted(arguments[i]) + ", try help vend");
     }
   }
-  const auto refusal = machine_.sales().Vend(order, payment.value_or(Payment::kCoins), paid);
+  const auto refusal = machine_.sales().Vend(order, payment.value_or(Payment::kCoins), amount);
   if (!refusal.empty()) throw CommandError(refusal);
   return {};
 }
@@ -144,19 +147,31 @@ std::string Console::Door(Arguments arguments) {
   return {};
 }
 
+std::string Console::Input(Arguments arguments) {
+  const bool on = OneOf(arguments[1], "on", "off");
+  if (machine_.inputs().SetByHand(arguments[0], on)) return {};
+  throw CommandError("no input " + Quoted(arguments[0]) + "; inputs: " + Inputs::Names());
+}
+
+std::string Console::Turn(Arguments arguments) {
+  machine_.dispenser().SetSpiralTurn(std::chrono::milliseconds(NumberIn("time", arguments[0], 100, 60000)));
+  return {};
+}
+
 std::string Console::Tubes(Arguments arguments) {
   const bool fill = OneOf(arguments[0], "fill", "empty");
   const std::uint32_t amount = NumberIn("amount", arguments[1], 1, 1000000);
   if (fill) {
-    machine_.sales().FillTubes(amount);
-  } else if (!machine_.sales().EmptyTubes(amount)) {
+    machine_.till().FillTubes(amount);
+  } else if (!machine_.till().EmptyTubes(amount)) {
     throw CommandError("the tubes do not hold as much");
   }
   return {};
 }
 
 std::string Console::Key(Arguments arguments) {
-  machine_.sales().LoadKey(NumberIn("amount", arguments[0], 1, 1000000));
+  const auto refusal = machine_.till().LoadKey(NumberIn("amount", arguments[0], 1, 1000000));
+  if (!refusal.empty()) throw CommandError(refusal);
   return {};
 }
 

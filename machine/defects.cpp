@@ -27,12 +27,13 @@ struct Part {
   int node = 0;     // of the time-out
   int timeout = 0;  // its record
   Time unit{};      // of that record
+  int output = -1;  // that runs until then, of the drinks unit
 };
 constexpr Part kParts[] = {
-    {"pump", Shows::kInDrink, Alarm::kPumpTimeout, 1, 32, 1s},
-    {"flow-meter", Shows::kInDrink, Alarm::kFlowMeter, 1, 32, 1s},
-    {"grinder", Shows::kInCoffee, Alarm::kGrinderTimeout, 1, 30, 100ms},
-    {"brewer", Shows::kInCoffee, Alarm::kBrewerTimeout, 1, 31, 100ms},
+    {"pump", Shows::kInDrink, Alarm::kPumpTimeout, 1, 32, 1s, kPumpOutput},
+    {"flow-meter", Shows::kInDrink, Alarm::kFlowMeter, 1, 32, 1s, kPumpOutput},
+    {"grinder", Shows::kInCoffee, Alarm::kGrinderTimeout, 1, 30, 100ms, kGrinder},
+    {"brewer", Shows::kInCoffee, Alarm::kBrewerTimeout, 1, 31, 100ms, kBrewer},
     {"motor-2", Shows::kInUnit, Alarm::kUnitMotor, 2, 58, 100ms},
     {"motor-3", Shows::kInUnit, OfUnit(Alarm::kUnitMotor, 3), 3, 58, 100ms},
     {"inlet", Shows::kAtOnce, Alarm::kFillTimeout},
@@ -85,7 +86,7 @@ std::optional<Defects::Failure> Defects::FailureOf(const Serving& serving) const
   for (const Part& part : kParts) {
     if (!Broken(part.name) || !Hits(part, serving, boards_[1])) continue;
     const std::uint32_t timeout = boards_[static_cast<std::size_t>(part.node)].Get(part.timeout);
-    return Failure{timeout * part.unit, part.alarm};
+    return Failure{timeout * part.unit, part.alarm, part.output};
   }
   return std::nullopt;
 }

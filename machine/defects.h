@@ -28,6 +28,7 @@ class Defects {
   struct Failure {
     Time timeout;
     Alarm alarm;
+    int output;  // of the drinks unit, that runs until then; -1 for none
   };
   std::optional<Failure> FailureOf(const Serving& serving) const;
 

@@ -22,9 +22,6 @@ constexpr std::uint32_t kSinglePart = 7;
 
 // The way from the command to the first drop: cup, valve, pump.
 constexpr Time kStartDelay = 300ms;
-// One turn of a spiral.
-constexpr Time kSpiralTurn = 1500ms;
-
 // Columns of a unit stand behind all selections.
 constexpr int kColumnsFrom = 38;
 
@@ -32,22 +29,34 @@ constexpr int kColumnsFrom = 38;
 
 std::string Dispenser::Serve(const Serving& serving) {
   if (auto obstacle = ObstacleTo(serving); !obstacle.empty()) return obstacle;
-  Time duration = DurationOf(serving);
-  if (duration == Time(0)) return "there is nothing to dispense";
+  Plan plan = PlanOf(serving);
+  if (plan.length == Time(0)) return "there is nothing to dispense";
   std::optional<Alarm> failure;
   if (const auto defect = defects_.FailureOf(serving)) {
-    duration = defect->timeout;
+    plan.length = defect->timeout;
     failure = defect->alarm;
+    for (Run& run : plan.runs) {
+      if (run.output == defect->output) run.to = plan.length;
+    }
   }
   serving_ = serving;
   schedule_.In(kStartDelay, [this] { Show(true); });
-  schedule_.In(kStartDelay + duration, [this, failure] { End(failure); });
+  for (const Run& run : plan.runs) {
+    if (run.from >= plan.length) continue;
+    schedule_.In(kStartDelay + run.from, [this, run] { Drive(run.output, true); });
+    if (run.to < plan.length) schedule_.In(kStartDelay + run.to, [this, run] { Drive(run.output, false); });
+  }
+  schedule_.In(kStartDelay + plan.length, [this, failure] { End(failure); });
   return {};
 }
 
 void Dispenser::OnWrite(int node, int record) {
   if (node != 0 || record != kCommandRecord) return;
-  if (const auto serving = Commanded()) Serve(*serving);
+  const std::uint32_t command = boards_[0].Get(kCommandRecord);
+  if (command == kClear || command == kClearAll) return;
+  const auto serving = Commanded();
+  const std::string refusal = serving ? Serve(*serving) : "there is no such command, selection or part";
+  if (!refusal.empty()) remarks_.Refused("test command " + std::to_string(command), refusal);
 }
 
 void Dispenser::OnRestart() {
@@ -88,22 +97,23 @@ std::optional<Serving> Dispenser::Commanded() const {
   return std::nullopt;
 }
 
-Time Dispenser::DurationOf(const Serving& serving) const {
+Plan Dispenser::PlanOf(const Serving& serving) const {
   switch (serving.kind) {
     case Serving::Kind::kDrink:
-      return DrinkTime(boards_[1], serving);
+      return DrinkPlan(boards_, serving);
     case Serving::Kind::kPart:
-      return PartTime(boards_[1], serving);
+      return PartPlan(boards_, serving);
     case Serving::Kind::kProduct:
-      return kSpiralTurn;
+      return {.length = spiral_turn_, .runs = {}};
   }
-  return Time(0);
+  return {};
 }
 
 std::string Dispenser::ObstacleTo(const Serving& serving) const {
   if (busy()) return "the machine is dispensing";
   const std::string board = "the board at node " + std::to_string(serving.node);
   if (!presence_.IsPresent(serving.node)) return board + " is absent";
+  if (!presence_.IsOpen(serving.node)) return board + " is closed";
   if (InTestMode(boards_, serving.node)) return board + " is in test mode";
   if (serving.kind == Serving::Kind::kProduct && MotorsRun(boards_, serving.node)) {
     return "the motors of " + board + " are on their way to zero";
@@ -116,19 +126,37 @@ std::string Dispenser::ObstacleTo(const Serving& serving) const {
 
 void Dispenser::Show(bool on) {
   SetBits(boards_[0], kStatusRecord, kDispensingBit, on);
-  if (brewing() && !InTestMode(boards_, 1)) {
-    SetBits(boards_[1], kOutputsRecord, kPumpOutput, on);
+  if (!on && !InTestMode(boards_, 1)) {
+    for (int output = 0; output < kDrinksOutputs; ++output) {
+      if (output != kHeaterOutput) SetOutput(boards_[1], output, false);
+    }
   }
+  if (serving_ && serving_->kind == Serving::Kind::kProduct) ShowSector(on);
+  sensors_.Follow();
+}
+
+// The motors of a unit run while a product comes, at its sector. The compressor goes on.
+void Dispenser::ShowSector(bool on) {
+  const auto [node, position] = std::pair(serving_->node, serving_->index);
+  Board& unit = boards_[static_cast<std::size_t>(node)];
+  SetBits(unit, kUnitStatusRecord, kMotorsBit, on);
+  if (InTestMode(boards_, node)) return;
+  const std::uint32_t compressor = unit.Get(kRowRecord) & kCompressorOutput;
+  unit.Set(kRowRecord, compressor | (on ? 1u << (position / kColumns) : 0));
+  unit.Set(kColumnRecord, on ? 1u << (position % kColumns) : 0);
+}
+
+// In test mode the outputs are the tool's.
+void Dispenser::Drive(int output, bool on) {
+  if (!InTestMode(boards_, 1)) SetOutput(boards_[1], output, on);
+  sensors_.Follow();
 }
 
 void Dispenser::End(std::optional<Alarm> failure) {
   Show(false);
   const Serving serving = *std::exchange(serving_, std::nullopt);
-  if (failure) {
-    alarms_.Raise(*failure);
-  } else {
-    served_(serving);
-  }
+  if (failure) alarms_.Raise(*failure);
+  ended_(serving, !failure);
 }
 
 }  // namespace machine

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "machine/inputs.h"
 
+#include <algorithm>
+
 #include "machine/main_board_records.h"
 
 namespace machine {
@@ -18,23 +20,28 @@ enum Input : std::size_t {
   kBoilerHot,
 };
 
+// Those with a cause in the order of Input, then those that other concerns or the operator alone move.
 struct Place {
+  std::string_view name;
   int node;
   int record;
   std::uint32_t mask;
   bool active_low;
 };
 constexpr Place kPlaces[] = {
-    {0, 318, 2, true},   // door closed
-    {0, 318, 16, true},  // coin mechanism ready
-    {1, 544, 1, true},   // brewer at rest
-    {1, 544, 4, true},   // cups in the column
-    {1, 544, 8, true},   // cup in position
-    {1, 544, 16, true},  // water level
-    {1, 544, 32, true},  // grounds bin full
-    {1, 544, 64, true},  // drip tray full
-    {1, 546, 1, false},  // boiler hot
+    {"door-closed", 0, 318, 2, true},     {"coin-mechanism", 0, 318, 16, true},
+    {"brewer-at-rest", 1, 544, 1, true},  {"cups", 1, 544, 4, true},
+    {"cup-in-position", 1, 544, 8, true}, {"water", 1, 544, 16, true},
+    {"grounds-full", 1, 544, 32, true},   {"tray-full", 1, 544, 64, true},
+    {"boiler-hot", 1, 546, 1, false},     {"program-key", 0, 318, 8, true},
+    {"return-lever", 0, 318, 32, true},   {"token", 0, 318, 64, true},
+    {"doser", 1, 544, 2, true},           {"flow-meter", 1, 544, 128, true},
+    {"water-fill", 1, 545, 2, true},      {"spare", 1, 545, 4, true},
 };
+
+void Show(Boards& boards, const Place& place, bool on) {
+  SetBits(boards[static_cast<std::size_t>(place.node)], place.record, place.mask, on != place.active_low);
+}
 
 constexpr int kWantedTemperature = 24;
 constexpr int kTemperature = 542;
@@ -53,8 +60,7 @@ void Inputs::OnSecond() {
     const bool on = Cause(i);
     if (known_[i] == on) continue;
     known_[i] = on;
-    const Place& place = kPlaces[i];
-    SetBits(boards_[static_cast<std::size_t>(place.node)], place.record, place.mask, on != place.active_low);
+    Show(boards_, kPlaces[i], on);
   }
 }
 
@@ -62,6 +68,19 @@ void Inputs::SetDoorOpen(bool open) {
   if (open && !door_open_) alarms_.Raise(Alarm::kDoorOpen);
   door_open_ = open;
   OnSecond();
+}
+
+bool Inputs::SetByHand(std::string_view name, bool on) {
+  const auto place = std::ranges::find(kPlaces, name, &Place::name);
+  if (place == std::end(kPlaces)) return false;
+  Show(boards_, *place, on);
+  return true;
+}
+
+std::string Inputs::Names() {
+  std::string names;
+  for (const Place& place : kPlaces) names += (names.empty() ? "" : " ") + std::string(place.name);
+  return names;
 }
 
 bool Inputs::Cause(std::size_t input) const {

@@ -5,6 +5,8 @@
 
 #include <array>
 #include <optional>
+#include <string>
+#include <string_view>
 
 #include "machine/concern.h"
 #include "machine/defects.h"
@@ -22,6 +24,10 @@ class Inputs : public Concern {
 
   // An open door has an alarm.
   void SetDoorOpen(bool open);
+  // Puts an input on or off until its cause changes; most have none. False for one that is not there.
+  bool SetByHand(std::string_view name, bool on);
+  // The names of all inputs, parted by blanks.
+  static std::string Names();
   bool door_open() const { return door_open_; }
 
  private:

@@ -25,11 +25,13 @@ constexpr Time kStartUp = 2s;
 
 Machine::Machine(Boards boards, std::uint32_t seed, FrameLog log)
     : boards_(std::move(boards)),
-      dispenser_(boards_, presence_, schedule_, supplies_, defects_, alarms_,
-                 [this](const Serving& serving) {
-                   for (Concern* concern : concerns_) concern->OnServed(serving);
+      dispenser_(boards_, presence_, schedule_, supplies_, defects_, alarms_, sensors_, remarks_,
+                 [this](const Serving& serving, bool served) {
+                   for (Concern* concern : concerns_) {
+                     served ? concern->OnServed(serving) : concern->OnFailed(serving);
+                   }
                  }),
-      sales_(boards_, calendar_, dispenser_, inputs_, alarms_, seed),
+      sales_(boards_, calendar_, dispenser_, inputs_, till_, seed),
       faults_(seed),
       log_(std::move(log)) {
   StartTime();

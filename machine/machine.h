@@ -25,10 +25,13 @@
 #include "machine/inputs.h"
 #include "machine/output_test.h"
 #include "machine/presence.h"
+#include "machine/remarks.h"
 #include "machine/sales.h"
 #include "machine/schedule.h"
+#include "machine/sensors.h"
 #include "machine/settings.h"
 #include "machine/supplies.h"
+#include "machine/till.h"
 #include "machine/unit_motors.h"
 #include "machine/wire.h"
 
@@ -85,13 +88,15 @@ class Machine {
   Presence& presence() { return presence_; }
   Faults& faults() { return faults_; }
   FrameLog& log() { return log_; }
-  const Dispenser& dispenser() const { return dispenser_; }
+  Dispenser& dispenser() { return dispenser_; }
+  const Remarks& remarks() const { return remarks_; }
   Calendar& calendar() { return calendar_; }
   Alarms& alarms() { return alarms_; }
   Supplies& supplies() { return supplies_; }
   Defects& defects() { return defects_; }
   Inputs& inputs() { return inputs_; }
   Sales& sales() { return sales_; }
+  Till& till() { return till_; }
   const Traffic& traffic() const { return traffic_; }
   // Frames taken within the last whole second, and whether there were any within the last three.
   unsigned frames_per_second() const { return frames_per_second_; }
@@ -121,15 +126,21 @@ class Machine {
   Alarms alarms_{boards_, calendar_};
   Supplies supplies_{boards_, alarms_};
   Defects defects_{boards_, alarms_};
-  OutputTest output_test_{boards_};
-  UnitMotors unit_motors_{boards_, schedule_};
+  Remarks remarks_{[this](const std::string& text) { log_.Note(now(), text); }};
+  OutputTest output_test_{boards_, remarks_};
+  Sensors sensors_{boards_, schedule_, defects_};
   Dispenser dispenser_;
-  Audit audit_{boards_, presence_, dispenser_};
+  UnitMotors unit_motors_{boards_, schedule_, dispenser_, defects_, alarms_, remarks_};
+  Audit audit_{boards_, presence_, dispenser_, remarks_};
   Inputs inputs_{boards_, supplies_, defects_, dispenser_, alarms_};
   Climate climate_{boards_, defects_, alarms_};
+  Till till_{boards_, alarms_};
   Sales sales_;
-  std::array<Concern*, 10> concerns_ = {&settings_,  &calendar_, &supplies_, &output_test_, &unit_motors_,
-                                        &dispenser_, &audit_,    &inputs_,   &climate_,     &sales_};
+  // In the order in which they hear of what happens. The audit is last: a command to clear that has waited
+  // for the end of a sale takes that sale with it.
+  std::array<Concern*, 11> concerns_ = {&settings_,    &calendar_,  &supplies_, &output_test_,
+                                        &unit_motors_, &dispenser_, &sensors_,  &inputs_,
+                                        &climate_,     &sales_,     &audit_};
 
   Faults faults_;
   FrameLog log_;

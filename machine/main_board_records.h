@@ -10,6 +10,8 @@ namespace machine {
 
 // A write here is a command; what it works on has been written before.
 inline constexpr int kCommandRecord = 314;
+inline constexpr std::uint32_t kClear = 1;
+inline constexpr std::uint32_t kClearAll = 8;
 inline constexpr int kSelectionRecord = 315;
 inline constexpr int kPartRecord = 316;
 inline constexpr int kStatusRecord = 317;

@@ -2,8 +2,9 @@
 #include "machine/output_test.h"
 
 #include <array>
+#include <string>
 
-#include "machine/main_board_records.h"
+#include "machine/drinks_outputs.h"
 
 namespace machine {
 namespace {
@@ -53,8 +54,15 @@ void OutputTest::OnWrite(int node, int record) {
   const Board& board = boards_[static_cast<std::size_t>(node)];
   const std::uint32_t command = board.Get(record);
   const std::uint32_t first = board.Get(PlaceOf(node).wanted);
-  if (command == kModeCommand && (first == kEnter || first == kLeave)) SetMode(node, first == kEnter);
-  if (command == kDriveCommand && InTestMode(boards_, node)) Drive(node);
+  if (node > 1 && command == kZeroCommand) return;
+  if (command == kModeCommand && (first == kEnter || first == kLeave)) {
+    SetMode(node, first == kEnter);
+  } else if (command == kDriveCommand && InTestMode(boards_, node)) {
+    Drive(node);
+  } else {
+    remarks_.Refused("output command " + std::to_string(command) + " of node " + std::to_string(node),
+                     command == kDriveCommand ? "not in test mode" : "there is no such command");
+  }
 }
 
 void OutputTest::OnRestart() {

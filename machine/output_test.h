@@ -8,26 +8,25 @@
 //   command 1   60 in the first data record enters test mode, or ends what runs in it; 0 leaves it
 //   command 2   the data becomes the outputs, in test mode only
 //
-// All outputs go off on entering and on leaving. A unit turns one sector at a time: of several rows or
-// columns it takes the lowest, and it knows no row 7. Bit 7 of its row is the compressor.
+// Anything else is refused with a remark. All outputs go off on entering and on leaving. A unit turns one
+// sector at a time: of several rows or columns it takes the lowest, and it knows no row 7. Bit 7 of its row
+// is the compressor.
 #pragma once
 
 #include "machine/board.h"
 #include "machine/concern.h"
+#include "machine/remarks.h"
 
 namespace machine {
 
-// The outputs of node 1 that run outside of test mode as well, in record 547.
-inline constexpr int kOutputsRecord = 547;
-inline constexpr std::uint32_t kPumpOutput = 32;
-inline constexpr std::uint32_t kHeaterOutput = 64;
-
-// The row of a unit, as it is, and the bit of its compressor.
+// The row and column of a unit, as they are, and the bit of its compressor in the row.
 inline constexpr int kRowRecord = 288;
+inline constexpr int kColumnRecord = 289;
 inline constexpr std::uint32_t kCompressorOutput = 128;
 
 // The state of a unit: test mode, and motors on their way to zero.
 inline constexpr int kUnitCommandRecord = 284;
+inline constexpr std::uint32_t kZeroCommand = 3;
 inline constexpr int kUnitStatusRecord = 290;
 inline constexpr std::uint32_t kTestBit = 1;
 inline constexpr std::uint32_t kMotorsBit = 2;
@@ -39,7 +38,7 @@ bool MotorsRun(const Boards& boards, int node);
 
 class OutputTest : public Concern {
  public:
-  explicit OutputTest(Boards& boards) : boards_(boards) {}
+  OutputTest(Boards& boards, Remarks& remarks) : boards_(boards), remarks_(remarks) {}
 
   void OnWrite(int node, int record) override;
   void OnRestart() override;
@@ -49,6 +48,7 @@ class OutputTest : public Concern {
   void Drive(int node);
 
   Boards& boards_;
+  Remarks& remarks_;
 };
 
 }  // namespace machine

@@ -22,4 +22,8 @@ void Presence::SetPresent(int node, bool present) {
   SetBits(boards_[0], kGateRecords[index], kPresentBit, present);
 }
 
+bool Presence::IsOpen(int node) const {
+  return node == 0 || (boards_[0].Get(kGateRecords[static_cast<std::size_t>(node)]) & kPresentBit) != 0;
+}
+
 }  // namespace machine

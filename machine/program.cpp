@@ -6,7 +6,8 @@
 
 #include <algorithm>
 #include <array>
-#include <iostream>
+#include <cerrno>
+#include <cstring>
 #include <system_error>
 
 #include "machine/lines.h"
@@ -67,7 +68,7 @@ Program::Program(const Options& options)
 
 void Program::Run() {
   const sigset_t signals = HoldEndSignals();
-  std::cout << "ready " << pty_->device() << std::endl;
+  replies_.Add("ready " + pty_->device());
   while (!ended_ && end_signal == 0) {
     machine_.AdvanceTo(RealTime());
     RunCommands();
@@ -92,18 +93,28 @@ std::string Program::Replug() {
 
 FrameLog Program::MakeLog() {
   if (options_.log.empty()) {
-    return {LoadNames(options_), [](const std::string& line) { std::cerr << line << "\n"; }};
+    return {LoadNames(options_), [this](const std::string& line) { errors_.Add(line); }};
   }
   log_file_.open(options_.log);
   if (!log_file_) throw FileError(options_.log + ": cannot be written");
-  return {LoadNames(options_), [this](const std::string& line) { log_file_ << line << std::endl; }};
+  return {LoadNames(options_), [this](const std::string& line) { LogToFile(line); }};
+}
+
+// A file that takes no more ends the log, until it is switched on again.
+void Program::LogToFile(const std::string& line) {
+  if (log_file_ << line << std::endl) return;
+  errors_.Add("dosmara-machine: " + options_.log + ": " + std::strerror(errno) + ", the log is off");
+  log_file_.clear();
+  machine_.log().Switch(false);
 }
 
 void Program::RunCommands() {
-  while (!ended_) {
+  replies_.Flush();
+  errors_.Flush();
+  while (!ended_ && !replies_.waiting()) {
     const auto reply = console_.RunNext();
     if (!reply) return;
-    std::cout << *reply << std::endl;
+    replies_.Add(*reply);
   }
 }
 
@@ -115,7 +126,8 @@ void Program::SendBytes() {
 
 void Program::WaitForEvent(const sigset_t& signals) {
   std::optional<Time> until = machine_.next_event();
-  if (const auto resume = console_.resumes_at()) until = until ? std::min(*until, *resume) : *resume;
+  const auto resume = replies_.waiting() ? std::nullopt : console_.resumes_at();
+  if (resume) until = until ? std::min(*until, *resume) : *resume;
   timespec timeout{};
   if (until) {
     const Time left = std::max(*until - RealTime(), Time(0));
@@ -123,9 +135,12 @@ void Program::WaitForEvent(const sigset_t& signals) {
     timeout = {.tv_sec = seconds.count(), .tv_nsec = (left - seconds).count()};
   }
   // A negative descriptor is passed over.
-  std::array<pollfd, 2> waits = {
+  const auto unread = [](const Output& output) { return output.waiting() ? output.descriptor() : -1; };
+  std::array<pollfd, 4> waits = {
       {{.fd = pty_ ? pty_->descriptor() : -1, .events = POLLIN, .revents = 0},
-       {.fd = commands_open_ ? STDIN_FILENO : -1, .events = POLLIN, .revents = 0}}};
+       {.fd = commands_open_ && !replies_.waiting() ? STDIN_FILENO : -1, .events = POLLIN, .revents = 0},
+       {.fd = unread(replies_), .events = POLLOUT, .revents = 0},
+       {.fd = unread(errors_), .events = POLLOUT, .revents = 0}}};
   if (ppoll(waits.data(), waits.size(), until ? &timeout : nullptr, &signals) <= 0) return;
   machine_.AdvanceTo(RealTime());
   if (waits[0].revents != 0) machine_.Receive(pty_->Read());

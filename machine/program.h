@@ -2,6 +2,8 @@
 // The machine in real time: its wire on a pseudo-terminal, its commands on standard input.
 #pragma once
 
+#include <unistd.h>
+
 #include <chrono>
 #include <csignal>
 #include <fstream>
@@ -11,6 +13,7 @@
 #include "machine/console.h"
 #include "machine/machine.h"
 #include "machine/options.h"
+#include "machine/output.h"
 #include "machine/pty.h"
 
 namespace machine {
@@ -30,6 +33,8 @@ class Program : public Plug {
 
  private:
   FrameLog MakeLog();
+  void LogToFile(const std::string& line);
+  // No command runs while the reply to an earlier one waits for its reader.
   void RunCommands();
   void SendBytes();
   void WaitForEvent(const sigset_t& signals);
@@ -39,6 +44,8 @@ class Program : public Plug {
   Options options_;
   std::chrono::steady_clock::time_point start_ = std::chrono::steady_clock::now();
   std::ofstream log_file_;
+  Output replies_{STDOUT_FILENO};
+  Output errors_{STDERR_FILENO};
   Machine machine_;
   Console console_{machine_, *this};
   std::optional<Pty> pty_;

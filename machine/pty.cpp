@@ -78,10 +78,16 @@ void Pty::Write(std::span<const std::uint8_t> bytes) {
   [[maybe_unused]] const ssize_t taken = write(machine_end_.number(), bytes.data(), bytes.size());
 }
 
-// The new link takes the place of an old one in one step, so that the name is never missing.
+// The new link takes the place of an old one in one step, so that the name is never missing. Nothing but a
+// symbolic link is ever replaced: what else stands under the name is somebody's file.
 void Pty::PlaceLink() const {
   const std::filesystem::path fresh = link_.string() + ".new";
   std::error_code ignored;
+  for (const auto& place : {link_, fresh}) {
+    const auto status = std::filesystem::symlink_status(place, ignored);
+    if (!std::filesystem::exists(status) || std::filesystem::is_symlink(status)) continue;
+    throw std::system_error(std::make_error_code(std::errc::file_exists), place.string() + " is no link");
+  }
   std::error_code failure;
   std::filesystem::remove(fresh, ignored);
   std::filesystem::create_symlink(device_, fresh, failure);

@@ -30,7 +30,8 @@ class Descriptor {
 // the tool's end open too, and in raw mode, so that nothing is echoed and no end of file ever shows.
 class Pty {
  public:
-  // Opens a line, and puts the link in place if `link` is not empty. Throws std::system_error.
+  // Opens a line, and puts the link in place if `link` is not empty. Throws std::system_error, also where
+  // something that is no symbolic link has the name already.
   explicit Pty(std::filesystem::path link);
   ~Pty();
   Pty(const Pty&) = delete;

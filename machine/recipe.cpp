@@ -3,6 +3,7 @@
 
 #include <algorithm>
 #include <array>
+#include <utility>
 
 namespace machine {
 namespace {
@@ -12,53 +13,164 @@ using namespace std::chrono_literals;
 // One water count is one pulse of the flow meter behind the pump.
 constexpr Time kWaterPulse = 25ms;
 
-// A powder with record 0 is not there.
+// How long a cup or a stirrer takes to fall.
+constexpr Time kFall = 800ms;
+
+constexpr int kSugarTime = 434;
+constexpr int kMilkTime = 280;
+constexpr int kExtraSugarTime = 25;
+constexpr int kExtraMilkTime = 26;
+constexpr int kMilkFirst = 42;
+constexpr int kCupOptions = 46;
+constexpr std::uint32_t kGrindFirst = 1;
+constexpr std::uint32_t kStirrersForPowders = 16;
+constexpr std::uint32_t kStirrersAlways = 32;
+constexpr int kMilkOptions = 47;
+constexpr std::uint32_t kDoubleMilk = 1;
+
+// A powder with record 0 is not there; without a mixer its mixer is -1.
 struct Powder {
   int delay = 0;
   int time = 0;
+  int motor = 0;
+  int mixer = -1;
 };
 struct Part {
   int water = 0;
+  int valve = 0;
   std::array<Powder, 2> powders{};
 };
 constexpr Part kParts[] = {
-    {kCoffeeWater},
-    {170, {{{368, 280}, {390, 302}}}},  // milk and chocolate share their water
-    {192, {{{412, 324}}}},              // tea
-    {214, {{{563, 346}}}},              // decaffeinated
-    {236},                              // hot water
+    {kCoffeeWater, kCoffeeValve},
+    // Milk and chocolate share their water.
+    {170,
+     kMilkValve,
+     {{{368, kMilkTime, kMilkMotor, kMilkMixer}, {390, 302, kChocolateMotor, kChocolateMixer}}}},
+    {192, kTeaValve, {{{412, 324, kTeaMotor}}}},
+    {214, kDecafValve, {{{563, 346, kDecafMotor}}}},
+    {236, kHotWaterValve},
 };
-constexpr int kSugarTime = 434;
 
-// What record 316 asks for in a test of one part, and the record of that part's time.
+// What record 316 asks for in a test of one part, the record of that part's time, and what runs.
 struct SinglePart {
   std::uint32_t code;
   int time;
+  int motor;
+  int mixer = -1;
 };
-constexpr SinglePart kSingleParts[] = {{66, 280}, {68, 302}, {72, 324}, {80, 346}, {192, kSugarTime}};
+constexpr SinglePart kSingleParts[] = {{66, kMilkTime, kMilkMotor, kMilkMixer},
+                                       {68, 302, kChocolateMotor, kChocolateMixer},
+                                       {72, 324, kTeaMotor},
+                                       {80, 346, kDecafMotor},
+                                       {192, kSugarTime, kSugarMotor}};
 
-Time Tenths(const Board& board, int record) { return board.Get(record) * Time(100ms); }
+bool Option(const Board& unit, int record, std::uint32_t mask) { return (unit.Get(record) & mask) != 0; }
+
+Time Tenths(const Board& unit, int record) { return unit.Get(record) * Time(100ms); }
+
+Time SugarTime(const Board& unit, const Serving& drink) {
+  if (!drink.sugar) return Time(0);
+  return Tenths(unit, kSugarTime + drink.index) +
+         (drink.extra_sugar ? Tenths(unit, kExtraSugarTime) : Time(0));
+}
+
+Time PowderTime(const Board& unit, const Powder& powder, const Serving& drink) {
+  const Time time = Tenths(unit, powder.time + drink.index);
+  if (powder.time != kMilkTime || time == Time(0)) return time;
+  return time * (Option(unit, kMilkOptions, kDoubleMilk) ? 2 : 1) +
+         (drink.extra_milk ? Tenths(unit, kExtraMilkTime) : Time(0));
+}
+
+// Adds a part of a drink behind what the plan holds already.
+void AddPart(const Board& unit, const Part& part, const Serving& drink, Plan& plan) {
+  const Time start = plan.length;
+  const Time water = unit.Get(part.water + drink.index) * kWaterPulse;
+  if (water == Time(0)) return;
+  Time longest = water;
+  plan.runs.push_back({start, start + water, part.valve});
+  plan.runs.push_back({start, start + water, kPumpOutput});
+  for (const Powder& powder : part.powders) {
+    if (!drink.powders || powder.time == 0) continue;
+    const Time delay = Tenths(unit, powder.delay + drink.index);
+    const Time time = PowderTime(unit, powder, drink);
+    longest = std::max(longest, delay + time);
+    if (time == Time(0)) continue;
+    plan.runs.push_back({start + delay, start + delay + time, powder.motor});
+    if (powder.mixer >= 0) plan.runs.push_back({start, start + std::max(water, delay + time), powder.mixer});
+  }
+  plan.length += longest;
+}
+
+// Coffee is ground ahead of its water while the sugar runs, or within the first half of it if there is no
+// sugar; with the grinder set to fill the doser for the next drink it grinds in the second half.
+void AddCoffee(const Board& unit, const Serving& drink, Time sugar, Plan& plan) {
+  const Time start = plan.length;
+  AddPart(unit, kParts[0], drink, plan);
+  const Time length = plan.length - start;
+  if (length == Time(0)) return;
+  plan.runs.push_back({start, start + length, kBrewer});
+  if (!drink.powders) return;
+  if (!Option(unit, kCupOptions, kGrindFirst)) {
+    plan.runs.push_back({start, start + length / 2, kDoser});
+    plan.runs.push_back({start + length / 2, start + length, kGrinder});
+    return;
+  }
+  const Time from = sugar > Time(0) ? Time(0) : start;
+  const Time half = (sugar > Time(0) ? sugar : length / 2) / 2;
+  plan.runs.push_back({from, from + half, kGrinder});
+  plan.runs.push_back({from + half, from + 2 * half, kDoser});
+}
 
 }  // namespace
 
-Time DrinkTime(const Board& board, const Serving& drink) {
-  Time total = drink.sugar ? Tenths(board, kSugarTime + drink.index) : Time(0);
-  for (const Part& part : kParts) {
-    const Time water = board.Get(part.water + drink.index) * kWaterPulse;
-    Time longest = water;
-    for (const Powder& powder : part.powders) {
-      if (!drink.powders || powder.time == 0 || water == Time(0)) continue;
-      longest = std::max(
-          longest, Tenths(board, powder.delay + drink.index) + Tenths(board, powder.time + drink.index));
-    }
-    total += longest;
-  }
-  return total;
+bool SelectionBit(const Boards& boards, int first, int selection) {
+  return (boards[1].Get(first + selection / 8) >> (selection % 8) & 1) != 0;
 }
 
-Time PartTime(const Board& board, const Serving& part) {
+Plan DrinkPlan(const Boards& boards, const Serving& drink) {
+  const Board& unit = boards[1];
+  const Time sugar = SugarTime(unit, drink);
+  Plan plan{.length = sugar, .runs = {}};
+  if (sugar > Time(0)) plan.runs.push_back({Time(0), sugar, kSugarMotor});
+  const bool milk_first = SelectionBit(boards, kMilkFirst, drink.index);
+  if (milk_first) AddPart(unit, kParts[1], drink, plan);
+  AddCoffee(unit, drink, sugar, plan);
+  if (!milk_first) AddPart(unit, kParts[1], drink, plan);
+  for (const Part& part : {kParts[2], kParts[3], kParts[4]}) AddPart(unit, part, drink, plan);
+  const Time fall = std::min(kFall, plan.length);
+  if (drink.cup) {
+    plan.runs.push_back({Time(0), fall, kCupRelease});
+    plan.runs.push_back({fall / 2, fall, kCupColumn});
+  }
+  if (GetsStirrer(boards, drink)) plan.runs.push_back({plan.length - fall, plan.length, kStirrerRelease});
+  for (const int output : {kBayLight, kPanelLight, kFlapLock}) {
+    plan.runs.push_back({Time(0), plan.length, output});
+  }
+  return plan;
+}
+
+Plan PartPlan(const Boards& boards, const Serving& part) {
   const auto single = std::ranges::find(kSingleParts, part.part, &SinglePart::code);
-  return single == std::end(kSingleParts) ? Time(0) : Tenths(board, single->time + part.index);
+  if (single == std::end(kSingleParts)) return {};
+  const Time length = Tenths(boards[1], single->time + part.index);
+  Plan plan{.length = length, .runs = {}};
+  for (const int output : {single->motor, single->mixer, int{kBayLight}, int{kPanelLight}, int{kFlapLock}}) {
+    if (output >= 0) plan.runs.push_back({Time(0), length, output});
+  }
+  return plan;
+}
+
+bool GetsStirrer(const Boards& boards, const Serving& drink) {
+  if (!drink.cup) return false;
+  const Board& unit = boards[1];
+  const bool powder = std::ranges::any_of(kParts, [&](const Part& part) {
+    return drink.powders && unit.Get(part.water + drink.index) > 0 &&
+           std::ranges::any_of(part.powders, [&](const Powder& one) {
+             return one.time != 0 && unit.Get(one.time + drink.index) > 0;
+           });
+  });
+  return drink.sugar || Option(unit, kCupOptions, kStirrersAlways) ||
+         (powder && Option(unit, kCupOptions, kStirrersForPowders));
 }
 
 std::uint32_t WaterOf(const Board& board, int selection) {

@@ -3,8 +3,11 @@
 // of the flow meter, times and delays are tenths of a second.
 #pragma once
 
+#include <vector>
+
 #include "machine/board.h"
 #include "machine/clock.h"
+#include "machine/drinks_outputs.h"
 #include "machine/serving.h"
 
 namespace machine {
@@ -12,11 +15,29 @@ namespace machine {
 inline constexpr int kSelections = 22;
 inline constexpr int kCoffeeWater = 148;
 
-// How long a drink takes. The parts follow each other, since there is one pump; the powders of a part run
-// along with its water. A part whose water is off is left out with its powders.
-Time DrinkTime(const Board& board, const Serving& drink);
-// How long a single part takes, by its code in record 316; zero for a code that names none.
-Time PartTime(const Board& board, const Serving& part);
+// The bit of a selection in a field of three records of node 1 that begins at `first`.
+bool SelectionBit(const Boards& boards, int first, int selection);
+
+// An output that is on for a while, counted from the start of the serving.
+struct Run {
+  Time from;
+  Time to;
+  int output;
+};
+
+// How long a serving takes, and which outputs run meanwhile.
+struct Plan {
+  Time length{0};
+  std::vector<Run> runs;
+};
+
+// A drink: the cup falls, sugar runs, then the waters follow each other, since there is one pump, each with
+// its powders; the stirrer falls at the end. A part whose water is off is left out with its powders.
+Plan DrinkPlan(const Boards& boards, const Serving& drink);
+// A single part, by its code in record 316; of no length for a code that names none.
+Plan PartPlan(const Boards& boards, const Serving& part);
+// True when a stirrer belongs to a drink: with sugar, with a powder if record 46 says so, or always.
+bool GetsStirrer(const Boards& boards, const Serving& drink);
 // All water of a drink, in counts.
 std::uint32_t WaterOf(const Board& board, int selection);
 

@@ -16,6 +16,8 @@ struct Serving {
   bool powders = true;
   bool sugar = true;
   bool cup = true;
+  bool extra_sugar = false;
+  bool extra_milk = false;
   std::uint32_t part = 0;  // of a single part, as record 316 names it
 };
 

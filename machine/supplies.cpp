@@ -69,7 +69,7 @@ bool Supplies::Needs(Supply supply, const Serving& serving) const {
     case Supply::kGrounds:
       return serving.powders && boards_[1].Get(kCoffeeWater + serving.index) > 0;
     case Supply::kStirrers:
-      return serving.sugar && serving.cup;
+      return GetsStirrer(boards_, serving);
   }
   return false;
 }

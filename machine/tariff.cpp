@@ -3,6 +3,8 @@
 
 #include <algorithm>
 
+#include "machine/recipe.h"
+
 namespace machine {
 namespace {
 
@@ -26,10 +28,6 @@ struct Band {
 constexpr Band kBands[] = {{99, 103}, {101, 105}};
 
 }  // namespace
-
-bool SelectionBit(const Boards& boards, int first, int selection) {
-  return (boards[1].Get(first + selection / 8) >> (selection % 8) & 1) != 0;
-}
 
 Cost Tariff::CostOf(const Order& order) const {
   const bool all_at_price_1 = (Money(kSellingOptions) & kAllAtPrice1) != 0;

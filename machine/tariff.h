@@ -43,7 +43,4 @@ class Tariff {
   const Calendar& calendar_;
 };
 
-// The bit of a selection in a field of three records of node 1 that begins at `first`.
-bool SelectionBit(const Boards& boards, int first, int selection);
-
 }  // namespace machine

@@ -43,8 +43,8 @@ TEST(AlarmWords, EachCauseHasTheCodeThatTheWordsAreFor) {
   }
   EXPECT_EQ(CodeOf([](Machine& machine) { machine.inputs().SetDoorOpen(true); }), 7u);
   EXPECT_EQ(CodeOf([](Machine& machine) {
-              EXPECT_TRUE(machine.sales().EmptyTubes(5000));
-              EXPECT_EQ(machine.sales().Vend({}, Payment::kCoins, 100), "");
+              EXPECT_TRUE(machine.till().EmptyTubes(5000));
+              EXPECT_EQ(machine.sales().Vend({}, Payment::kCoins, 100), "exact change only");
             }),
             18u);
   for (const int node : {1, 2, 3}) {

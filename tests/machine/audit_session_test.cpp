@@ -22,7 +22,7 @@ class AuditSession : public SessionTest {
     Sell({.index = 1, .jug = true});
     Sell({.node = 2, .index = 0});
     Sell({.node = 3, .index = 47}, Payment::kKey);
-    machine_.sales().FillTubes(300);
+    machine_.till().FillTubes(300);
   }
 };
 

@@ -66,13 +66,75 @@ TEST_F(AuditTest, OtherCommandsClearNothing) {
   ExpectKept(1, 60, 147);
 }
 
-TEST_F(AuditTest, ClearsNothingWhileTheMachineDispenses) {
-  Set(1, 541, 0);
-  Write(315, 1);
-  Write(314, 2);
+class BusyAuditTest : public AuditTest {
+ protected:
+  // A test drink that takes longer than the commands behind it.
+  BusyAuditTest() {
+    Set(1, 541, 0);
+    Set(1, 148, 250);
+    machine_.Write(0, 315, 1);
+    machine_.Write(0, 314, 2);
+    EXPECT_TRUE(machine_.dispenser().busy());
+  }
+  void FinishDrink() {
+    Pass(20s);
+    EXPECT_FALSE(machine_.dispenser().busy());
+  }
+};
+
+TEST_F(BusyAuditTest, ACommandWaitsForTheEndOfWhatIsHandedOutAndTakesItAlong) {
+  Write(314, 1);
+  ExpectKept(0, 107, 122);
+  ExpectKept(1, 60, 147);
+  FinishDrink();
+  ExpectCleared(0, 107, 122);
+  EXPECT_EQ(Get(0, 126), 0u) << "the test drink as well";
+  ExpectCleared(1, 60, 147);
+  EXPECT_NE(Get(0, 127), 0u) << "the life totals stay";
+}
+
+TEST_F(BusyAuditTest, OfTwoCommandsTheOneForAllIsKept) {
+  for (const std::uint8_t command : {8, 1}) Write(314, command);
+  FinishDrink();
+  ExpectCleared(0, 107, 131);
+}
+
+TEST_F(BusyAuditTest, ACommandIsCarriedOutOnce) {
+  Write(314, 1);
+  FinishDrink();
+  machine_.Write(0, 314, 2);
+  FinishDrink();
+  EXPECT_EQ(Get(0, 126), 1u);
+}
+
+TEST_F(BusyAuditTest, ADrinkThatFailsHoldsNothingUp) {
+  machine_.Restart();
+  Pass(5s);
+  Set(1, 32, 1);
+  machine_.defects().Break("pump");
+  machine_.Write(0, 314, 2);
   ASSERT_TRUE(machine_.dispenser().busy());
   Write(314, 1);
-  ExpectKept(0, 107, 131);
+  FinishDrink();
+  ExpectCleared(0, 107, 122);
+}
+
+TEST_F(BusyAuditTest, ARestartHoldsNothingUp) {
+  Write(314, 1);
+  ExpectKept(0, 107, 122);
+  machine_.Restart();
+  ExpectCleared(0, 107, 122);
+}
+
+TEST_F(BusyAuditTest, ASaleUnderWayIsClearedWithTheRest) {
+  FinishDrink();
+  Set(0, 84, 4);
+  Set(1, 34, 1);
+  ASSERT_EQ(machine_.sales().Vend({}, Payment::kKey, {}), "");
+  Write(314, 8);
+  FinishDrink();
+  ExpectCleared(0, 107, 131);
+  ExpectCleared(1, 60, 147);
 }
 
 TEST_F(AuditTest, AnAbsentBoardKeepsItsCounters) {

@@ -88,7 +88,7 @@ class BoardFilesTest : public testing::Test {
  protected:
   BoardFilesTest() {
     for (const char* small : {"W0256.inx", "W0257.inx", "W0245.inx"}) Put(small, SmallFile());
-    Put("W0256AO01.inx", {1, 0, 1, 5, 3, 232, 3, 0, 0, 2, 0, 0, 0, 3, 8, 0, 0, 0, 99, 99});
+    Put("W0256AO01.inx", {1, 0, 1, 5, 3, 232, 3, 0, 0, 2, 0, 0, 0, 3, 8, 0, 0, 0});
     Put("W0257AC01.inx", {1, 0, 0, 0, 3, 21, 0, 0, 0});
     Put("W0245AB00.inx", {1, 0, 0, 0, 3, 22, 0, 0, 0});
     Put("W0245AC00.inx", {1, 0, 0, 0, 3, 23, 0, 0, 0});
@@ -118,7 +118,7 @@ class BoardFilesTest : public testing::Test {
   TempFolder folder_;
 };
 
-TEST_F(BoardFilesTest, ReadsRowsOfNineBytesAndPassesOverARest) {
+TEST_F(BoardFilesTest, ReadsRowsOfNineBytes) {
   Boards boards = LoadBoards(folder_.path());
   EXPECT_EQ(boards[0].record_count(), 2);
   const Cell* first = boards[0].Find({.bank = 3, .high = 0, .low = 1, .control = 1});
@@ -158,6 +158,23 @@ TEST_F(BoardFilesTest, TheIdentificationNamesTheFullFile) {
 TEST_F(BoardFilesTest, NamesAFileThatIsMissing) {
   fs::remove(folder_ / "W0245AC00.inx");
   EXPECT_EQ(FailureOfLoad(), (folder_ / "W0245AC00.inx").string() + ": cannot be read");
+}
+
+TEST_F(BoardFilesTest, NamesAFullFileThatIsEmptyOrEndsWithinARecord) {
+  const std::string name = (folder_ / "W0257AC01.inx").string();
+  for (const std::size_t length : {8u, 10u, 17u}) {
+    Put("W0257AC01.inx", Bytes(length, 1));
+    EXPECT_EQ(FailureOfLoad(), name + ": ends within a record") << length;
+  }
+  Put("W0257AC01.inx", {});
+  EXPECT_EQ(FailureOfLoad(), name + ": holds no records");
+}
+
+TEST_F(BoardFilesTest, PassesOverARestOfASmallFile) {
+  Bytes bytes = SmallFile();
+  bytes.push_back(7);
+  Put("W0257.inx", bytes);
+  EXPECT_EQ(FailureOfLoad(), "");
 }
 
 TEST_F(BoardFilesTest, NamesTheRowWhoseAddressIsTaken) {

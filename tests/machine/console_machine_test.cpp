@@ -13,6 +13,7 @@ class ConsoleMachineTest : public ConsoleTest {
   ConsoleMachineTest() {
     Set(0, 317, 4);
     Set(0, 4, 10);
+    Set(0, 84, 4);
     Set(0, 85, 255);
     Set(0, 12, 40);
     for (const int record : {34, 35, 36, 38}) Set(1, record, 255);
@@ -52,10 +53,23 @@ TEST_F(ConsoleMachineTest, VendRefusesAnAmountOrAMeansThatCannotBe) {
   Set(1, 148, 40);
   EXPECT_EQ(Run("vend 1 paid 65536"), "error: amount must be 0 to 65535, not '65536'");
   EXPECT_EQ(Run("vend 1 paid 5x"), "error: amount must be 0 to 65535, not '5x'");
-  EXPECT_EQ(Run("vend 1 paid key"), "error: only one of paid, key and free");
-  EXPECT_EQ(Run("vend 1 free free"), "error: only one of paid, key and free");
+  EXPECT_EQ(Run("vend 1 paid key"), "error: only one of paid, bill, token, key and free");
+  EXPECT_EQ(Run("vend 1 free free"), "error: only one of paid, bill, token, key and free");
   EXPECT_EQ(Run("vend 1 key 50"), "error: no way to buy '50', try help vend");
   EXPECT_FALSE(machine_.dispenser().busy());
+}
+
+TEST_F(ConsoleMachineTest, VendTakesABillOrAToken) {
+  Set(0, 355, 1);
+  Set(0, 348, 40);
+  EXPECT_EQ(Run("vend 1 bill 500"), "ok");
+  Pass(5s);
+  EXPECT_EQ(Get(0, 124), 1u);
+  EXPECT_EQ(Run("vend 1 token 2"), "ok");
+  Pass(5s);
+  EXPECT_EQ(Get(0, 128), 80u);
+  EXPECT_EQ(Run("vend 1 bill 7"), "error: no accepted bill has that value");
+  EXPECT_EQ(Run("vend 1 token 4"), "error: tokens are 1 to 3");
 }
 
 TEST_F(ConsoleMachineTest, AlarmLogsACodeAndClears) {
@@ -85,6 +99,60 @@ TEST_F(ConsoleMachineTest, DoorOpensAndCloses) {
   EXPECT_EQ(Run("door closed"), "ok");
   EXPECT_EQ(Get(0, 318) & 2, 0u);
   EXPECT_EQ(Run("door ajar"), "error: open or closed, not 'ajar'");
+}
+
+TEST_F(ConsoleMachineTest, EveryInputCanBeMovedByHand) {
+  struct {
+    const char* name;
+    int node, record;
+    std::uint32_t mask;
+    bool active_low;
+  } const inputs[] = {{"program-key", 0, 318, 8, true},
+                      {"return-lever", 0, 318, 32, true},
+                      {"token", 0, 318, 64, true},
+                      {"water-fill", 1, 545, 2, true},
+                      {"spare", 1, 545, 4, true},
+                      {"doser", 1, 544, 2, true},
+                      {"flow-meter", 1, 544, 128, true},
+                      {"door-closed", 0, 318, 2, true},
+                      {"coin-mechanism", 0, 318, 16, true},
+                      {"brewer-at-rest", 1, 544, 1, true},
+                      {"cups", 1, 544, 4, true},
+                      {"cup-in-position", 1, 544, 8, true},
+                      {"water", 1, 544, 16, true},
+                      {"grounds-full", 1, 544, 32, true},
+                      {"tray-full", 1, 544, 64, true},
+                      {"boiler-hot", 1, 546, 1, false}};
+  for (const auto& input : inputs) {
+    const std::string name = std::string("input ") + input.name;
+    for (const bool on : {true, false, true}) {
+      EXPECT_EQ(Run(name + (on ? " on" : " off")), "ok") << input.name;
+      EXPECT_EQ((Get(input.node, input.record) & input.mask) != 0, on != input.active_low) << input.name;
+      Pass(3s);
+      EXPECT_EQ((Get(input.node, input.record) & input.mask) != 0, on != input.active_low) << input.name;
+    }
+  }
+  EXPECT_EQ(Run("input token up"), "error: on or off, not 'up'");
+  EXPECT_TRUE(Run("input nose on").starts_with("error: no input 'nose'; inputs: door-closed "));
+}
+
+TEST_F(ConsoleMachineTest, TurnSetsHowLongASpiralTakes) {
+  EXPECT_EQ(Run("turn 5000"), "ok");
+  EXPECT_EQ(Run("vend 2:11"), "ok");
+  Pass(5s);
+  EXPECT_TRUE(machine_.dispenser().busy());
+  Pass(300ms);
+  EXPECT_FALSE(machine_.dispenser().busy());
+  EXPECT_EQ(Run("turn 99"), "error: time must be 100 to 60000, not '99'");
+}
+
+TEST_F(ConsoleMachineTest, StatusCountsWhatTheMachineHasRefused) {
+  machine_.Write(0, 314, 9);
+  machine_.Write(0, 315, 30);
+  machine_.Write(0, 314, 2);
+  machine_.Write(1, 535, 2);
+  machine_.Write(2, 284, 9);
+  EXPECT_TRUE(Run("status").ends_with(" refused 4"));
 }
 
 TEST_F(ConsoleMachineTest, TubesAndKeyMoveMoney) {

@@ -131,15 +131,15 @@ TEST_F(ConsoleTest, StatusTellsHowTheMachineIs) {
       Run("status"),
       "ok time 1.500 model 25 plugged no muted no absent 2,3 dispensing no faults lost,corrupt requests 2 "
       "replies 1 dropped 3 serving nothing connection alive frames/s 2 errors 1 speed 1 clock 00:00 scenario "
-      "0");
+      "0 refused 0");
 }
 
 TEST_F(ConsoleTest, HelpNamesEveryCommandInOneLine) {
   EXPECT_EQ(
       Run("help"),
-      "ok help, get, set, test, vend, customers, alarm, exhaust, service, break, mend, door, tubes, key, "
-      "clock, "
-      "languages, speed, scenario, absent, present, model, board-code, type, revision, file-number, fault, "
+      "ok help, get, set, test, vend, customers, alarm, exhaust, service, break, mend, door, input, turn, "
+      "tubes, key, clock, languages, speed, scenario, absent, present, model, board-code, type, revision, "
+      "file-number, fault, "
       "mute, restart, unplug, replug, log, status, wait, quit");
   EXPECT_EQ(Run("help get"), "ok get NODE RECORD: prints node, record and value");
   EXPECT_EQ(Run("help quit"), "ok quit: ends the program");

@@ -91,8 +91,44 @@ TEST(Day, ABadLineEndsWithAGoodOne) {
   EXPECT_NE(day.console.Execute("status").find(" muted no "), std::string::npos);
 }
 
+// Entry e of the alarm ring as minute, hour, day, month, year, code.
+std::vector<std::uint32_t> AlarmEntry(Day& day, int entry) {
+  std::vector<std::uint32_t> fields;
+  for (int field = 0; field < 6; ++field) fields.push_back(day.Get(0, 142 + 6 * entry + field));
+  return fields;
+}
+
+TEST(Day, TheAlarmLogIsSeenInAllItsStates) {
+  using Entry = std::vector<std::uint32_t>;
+  Day day;
+  ASSERT_EQ(day.Play("alarm_log.txt"), "");
+  const auto entries = [&] {
+    int count = 0;
+    for (int entry = 0; entry < 10; ++entry) count += AlarmEntry(day, entry)[5] <= 203;
+    return count;
+  };
+  day.Pass(1min);
+  EXPECT_EQ(entries(), 0) << "empty";
+  day.Pass(2min);
+  EXPECT_EQ(entries(), 1) << "a single one";
+  EXPECT_EQ(AlarmEntry(day, static_cast<int>(day.Get(0, 86))), (Entry{2, 9, 7, 3, 24, 7}));
+  day.Pass(2min);
+  EXPECT_EQ(entries(), 10) << "full";
+  EXPECT_EQ(day.Get(0, 86), 9u);
+  EXPECT_EQ(AlarmEntry(day, 9), (Entry{4, 9, 7, 3, 24, 203}));
+  day.Pass(2min);
+  EXPECT_EQ(day.Get(0, 86), 0u) << "gone round";
+  EXPECT_EQ(AlarmEntry(day, 0), (Entry{6, 9, 7, 3, 24, 13}));
+  day.Pass(2min);
+  EXPECT_EQ(AlarmEntry(day, 1), (Entry{0, 0, 0, 0, 0, 26})) << "without a clock";
+  EXPECT_EQ(entries(), 10);
+  day.Pass(5min);
+  EXPECT_EQ(entries(), 0) << "empty again";
+  EXPECT_EQ(day.refusals, "");
+}
+
 TEST(Day, TheSameSeedAndScenarioGiveTheSameDay) {
-  for (const char* name : {"office_day.txt", "busy_day.txt"}) {
+  for (const char* name : {"office_day.txt", "busy_day.txt", "alarm_log.txt"}) {
     Day first(7);
     Day second(7);
     first.Play(name);

@@ -197,6 +197,28 @@ TEST_F(DispenserTest, RefusesWhatBelongsToAnAbsentBoard) {
   ExpectNothing();
 }
 
+TEST_F(DispenserTest, AClosedBoardHandsNothingOutAndGoesOnOtherwise) {
+  Hold({{148, 40}, {34, 1}, {280, 10}});
+  for (const int record : {312, 313, 357}) Set(0, record, 0);
+  for (const int unit : {86, 87}) {
+    Set(0, 358, static_cast<std::uint32_t>(unit));
+    Command(2, 39, 16);
+  }
+  Command(2, 1);
+  Command(7, 0, 66);
+  ExpectNothing();
+  EXPECT_EQ(machine_.remarks().refused(), 4u);
+  EXPECT_EQ(machine_.sales().Vend({}, Payment::kKey, {}), "the payment system takes no keys");
+  Set(0, 84, 4);
+  EXPECT_EQ(machine_.sales().Vend({}, Payment::kKey, {}), "the board at node 1 is closed");
+  EXPECT_EQ(machine_.sales().Vend({.node = 3}, Payment::kKey, {}), "the board at node 3 is closed");
+  machine_.Write(2, 284, 3);
+  EXPECT_EQ(Get(2, 290), 2u);
+  for (const int record : {312, 313, 357}) Set(0, record, 4);
+  Command(2, 1);
+  ExpectDispensingFor(1000ms);
+}
+
 TEST_F(DispenserTest, LeavesTheOtherBitsOfTheStatusAlone) {
   Set(0, 317, 4);
   Hold({{148, 40}});

@@ -152,46 +152,5 @@ TEST_F(OutputTestTest, ADrinkThatEndsInTestModeLeavesTheToolsOutputsAlone) {
   EXPECT_EQ(Get(1, 547), 32u);
 }
 
-class UnitMotorsTest : public MachineTest {};
-
-TEST_F(UnitMotorsTest, GoToZeroForThreeSeconds) {
-  for (const int node : {2, 3}) {
-    machine_.Write(node, 284, 3);
-    EXPECT_EQ(Get(node, 290), 2u);
-    Pass(2999ms);
-    EXPECT_EQ(Get(node, 290), 2u);
-    Pass(1ms);
-    EXPECT_EQ(Get(node, 290), 0u);
-  }
-}
-
-TEST_F(UnitMotorsTest, StayWhereTheyAreInTestMode) {
-  machine_.Write(2, 285, 60);
-  machine_.Write(2, 284, 1);
-  machine_.Write(2, 284, 3);
-  EXPECT_EQ(Get(2, 290), 1u);
-}
-
-TEST_F(UnitMotorsTest, ASecondCommandDoesNotProlongTheFirst) {
-  machine_.Write(2, 284, 3);
-  Pass(2s);
-  machine_.Write(2, 284, 3);
-  Pass(1s);
-  EXPECT_EQ(Get(2, 290), 0u);
-}
-
-TEST_F(UnitMotorsTest, OnlyTheCommandStartsThem) {
-  machine_.Write(2, 284, 3);
-  Pass(3s);
-  machine_.Write(2, 285, 3);
-  EXPECT_EQ(Get(2, 290), 0u);
-}
-
-TEST_F(UnitMotorsTest, ARestartStopsThem) {
-  machine_.Write(3, 284, 3);
-  machine_.Restart();
-  EXPECT_EQ(Get(3, 290), 0u);
-}
-
 }  // namespace
 }  // namespace machine

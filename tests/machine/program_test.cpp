@@ -5,6 +5,7 @@
 #include <poll.h>
 #include <signal.h>
 #include <spawn.h>
+#include <sys/ioctl.h>
 #include <sys/wait.h>
 #include <termios.h>
 #include <unistd.h>
@@ -14,6 +15,7 @@
 #include <fstream>
 #include <functional>
 #include <string>
+#include <thread>
 #include <vector>
 
 #include "machine/pty.h"
@@ -256,11 +258,64 @@ TEST(Pty, TakesThePlaceOfAnOldLinkAndLeavesALinkThatIsNoLongerItsOwn) {
   EXPECT_EQ(fs::read_symlink(link), first.device());
 }
 
+TEST_F(ProgramTest, RefusesToReplaceWhatIsNoLink) {
+  for (const char* name : {"com1", "com1.new"}) {
+    std::ofstream(folder_ / name) << "kept";
+    Start({"--boards", MACHINE_BOARDS, "--link", link().string()});
+    EXPECT_EQ(ReadLine(), "dosmara-machine: " + (folder_ / name).string() + " is no link: File exists");
+    EXPECT_EQ(ExitCode(), 1);
+    std::string text;
+    std::getline(std::ifstream(folder_ / name), text);
+    EXPECT_EQ(text, "kept");
+    fs::remove(folder_ / name);
+    close(commands_);
+    close(replies_);
+  }
+  commands_ = replies_ = -1;
+}
+
 TEST_F(ProgramTest, TheEndOfItsCommandsIsNotItsEnd) {
   StartMachine();
   close(commands_);
   commands_ = -1;
   EXPECT_EQ(PortTest(), (Bytes{0, 0}));
+}
+
+TEST_F(ProgramTest, GoesOnAnsweringAndEndsOnASignalWhenNobodyReadsItsReplies) {
+  StartMachine();
+  std::string commands;
+  for (int i = 0; i < 2000; ++i) commands += "help\n";
+  ASSERT_EQ(write(commands_, commands.data(), commands.size()), static_cast<ssize_t>(commands.size()));
+  const auto full = [this] {
+    int unread = 0;
+    ioctl(replies_, FIONREAD, &unread);
+    return unread > 50000;
+  };
+  const auto deadline = std::chrono::steady_clock::now() + 10s;
+  while (!full() && std::chrono::steady_clock::now() < deadline) std::this_thread::yield();
+  ASSERT_TRUE(full());
+  for (int i = 0; i < 5; ++i) EXPECT_EQ(PortTest(), (Bytes{0, 0}));
+  kill(child_, SIGTERM);
+  EXPECT_EQ(ExitCode(), 0);
+}
+
+TEST_F(ProgramTest, LosesNoReplyOfAReaderWhoIsSlow) {
+  StartMachine();
+  std::string commands;
+  for (int i = 0; i < 400; ++i) commands += "help\nget 0 " + std::to_string(1 + i % 300) + "\n";
+  ASSERT_EQ(write(commands_, commands.data(), commands.size()), static_cast<ssize_t>(commands.size()));
+  for (int i = 0; i < 400; ++i) {
+    ASSERT_EQ(ReadLine().substr(0, 8), "ok help,") << i;
+    ASSERT_TRUE(ReadLine().starts_with("ok 0 " + std::to_string(1 + i % 300) + " ")) << i;
+  }
+}
+
+TEST_F(ProgramTest, SaysOnceThatTheDiskUnderItsLogIsFull) {
+  StartMachine({"--log", "/dev/full"});
+  EXPECT_EQ(PortTest(), (Bytes{0, 0}));
+  EXPECT_EQ(ReadLine(), "dosmara-machine: /dev/full: No space left on device, the log is off");
+  EXPECT_EQ(PortTest(), (Bytes{0, 0}));
+  EXPECT_EQ(Command("mute off"), "ok") << "and not a second time";
 }
 
 TEST_F(ProgramTest, EndsInOrderOnQuitAndOnSignals) {

@@ -103,7 +103,8 @@ TEST_F(SalesTest, ChangeAboveItsLimitIsOverpay) {
 }
 
 TEST_F(SalesTest, EmptyTubesGiveNoChangeAndAnAlarm) {
-  EXPECT_TRUE(machine_.sales().EmptyTubes(5000));
+  EXPECT_TRUE(machine_.till().EmptyTubes(5000));
+  Set(0, 361, 2);
   Vend({}, 100);
   ExpectCounts({{130, 60}, {341, 0}, {147, 18}});
 }
@@ -115,10 +116,10 @@ TEST_F(SalesTest, TheFlowsOfTheTubesAreMdbOnly) {
 }
 
 TEST_F(SalesTest, TheTechniciansMoneyAndTheKeysHaveFlowsOfTheirOwn) {
-  machine_.sales().FillTubes(70);
-  EXPECT_TRUE(machine_.sales().EmptyTubes(30));
-  EXPECT_FALSE(machine_.sales().EmptyTubes(100000));
-  machine_.sales().LoadKey(90);
+  machine_.till().FillTubes(70);
+  EXPECT_TRUE(machine_.till().EmptyTubes(30));
+  EXPECT_FALSE(machine_.till().EmptyTubes(100000));
+  machine_.till().LoadKey(90);
   Vend({}, {}, Payment::kKey);
   ExpectCounts({{339, 0}, {340, 70}, {341, 0}, {342, 30}, {343, 90}, {344, 40}, {128, 40}, {107, 0}});
 }
@@ -209,7 +210,7 @@ TEST_F(SalesTest, ClearingTheFlowsByZeroesKeepsTheMoneyInTheTubes) {
   Vend({}, 100);
   for (int record = 339; record <= 344; ++record) Write(record, 0);
   ExpectCounts({{339, 0}, {341, 0}, {123, 1}, {127, 40}, {128, 40}});
-  EXPECT_TRUE(machine_.sales().EmptyTubes(5040));
+  EXPECT_TRUE(machine_.till().EmptyTubes(5040));
 }
 
 TEST_F(SalesTest, CustomersComeByThemselvesWhenAsked) {

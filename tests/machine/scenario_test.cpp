@@ -52,6 +52,12 @@ TEST_F(ScenarioTest, RunsLinesWithoutATimeAsItStarts) {
   EXPECT_EQ(ran_.size(), 3u);
 }
 
+TEST_F(ScenarioTest, PassesOverAByteOrderMark) {
+  EXPECT_EQ(Play("\xEF\xBB\xBF# a day\nfirst\n"), "");
+  EXPECT_EQ(Play("\xEF\xBB\xBFsecond\n"), "");
+  EXPECT_EQ(ran_, (Lines{"first", "second"}));
+}
+
 TEST_F(ScenarioTest, RunsLinesOfOneTimeTogetherAndInOrder) {
   EXPECT_EQ(Play("at 0:01 a\nat 0:01 b\nat 0:01 c\n"), "");
   Pass(59);
