@@ -14,22 +14,21 @@ namespace {
 
 constexpr QSize kIconSize(64, 64);
 
-// A closed form must still tell its values; the style's own disabled text is too faint to read.
-QPalette ReadablePalette() {
-  QPalette palette;
-  for (const QPalette::ColorRole role : {QPalette::WindowText, QPalette::Text}) {
+}  // namespace
+
+QPalette ReadablePalette(QPalette palette) {
+  for (const QPalette::ColorRole role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText}) {
     palette.setColor(QPalette::Disabled, role, Ink(palette, false));
   }
+  palette.setBrush(QPalette::Disabled, QPalette::Window, palette.brush(QPalette::Active, QPalette::Window));
   return palette;
 }
-
-}  // namespace
 
 void DressApplication() {
   QApplication::setApplicationName("Dosmara");
   QApplication::setApplicationVersion(DOSMARA_VERSION);
   QApplication::setStyle(QStyleFactory::create("Fusion"));
-  QApplication::setPalette(ReadablePalette());
+  QApplication::setPalette(ReadablePalette(QPalette()));
   QApplication::setWindowIcon(QIcon(Picture(":/art/icon.svg", kIconSize, 1)));
 }
 

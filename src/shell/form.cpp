@@ -4,6 +4,8 @@
 #include <QCloseEvent>
 #include <QLayout>
 #include <QMdiSubWindow>
+#include <QScrollArea>
+#include <QScrollBar>
 #include <algorithm>
 
 namespace dosmara {
@@ -31,8 +33,32 @@ QPoint FormCentrePosition(QSize main, QSize form) {
           qRound(main.height() / 2.0 - form.height() / 2.0 - FromTwips(80))};
 }
 
+namespace {
+
+QMdiSubWindow* FrameOf(const Form& form) { return qobject_cast<QMdiSubWindow*>(form.parentWidget()); }
+
+// The size of the frame around the whole form. Where the form is larger than `room` in one direction, the
+// scroll bar of that direction takes its share of the other.
+QSize SizeWithScrollBars(const Form& form, QSize wanted, QSize room) {
+  if (const auto* scrolls = form.findChild<QScrollArea*>(QString(), Qt::FindDirectChildrenOnly)) {
+    const bool too_tall = wanted.height() > room.height();
+    const bool too_wide = wanted.width() > room.width();
+    wanted.rwidth() += too_tall ? scrolls->verticalScrollBar()->sizeHint().width() : 0;
+    wanted.rheight() += too_wide ? scrolls->horizontalScrollBar()->sizeHint().height() : 0;
+  }
+  return wanted.boundedTo(room);
+}
+
+// Moves the frame to `place`, but never over an edge of the area.
+void PlaceFrame(QMdiSubWindow& frame, QPoint place) {
+  const QSize room = frame.parentWidget()->size() - frame.size();
+  frame.move(std::max(0, std::min(place.x(), room.width())), std::max(0, std::min(place.y(), room.height())));
+}
+
+}  // namespace
+
 QMdiSubWindow* FitFrame(Form& form) {
-  auto* frame = qobject_cast<QMdiSubWindow*>(form.parentWidget());
+  QMdiSubWindow* frame = FrameOf(form);
   if (frame == nullptr) {
     return nullptr;
   }
@@ -47,16 +73,23 @@ QMdiSubWindow* FitFrame(Form& form) {
     }
   }
   form.updateGeometry();
-  frame->resize(frame->sizeHint().boundedTo(frame->parentWidget()->size()));
+  frame->resize(SizeWithScrollBars(form, frame->sizeHint(), frame->parentWidget()->size()));
+  form.SetFittedSize(frame->size());
   return frame;
+}
+
+void RefitFrame(Form& form) {
+  QMdiSubWindow* frame = FrameOf(form);
+  if (frame != nullptr && frame->size() == form.FittedSize() && !frame->isMaximized() &&
+      !frame->isMinimized()) {
+    FitFrame(form);
+    PlaceFrame(*frame, frame->pos());
+  }
 }
 
 void FormCentre(Form& form) {
   if (QMdiSubWindow* frame = FitFrame(form)) {
-    const QPoint place = FormCentrePosition(frame->window()->size(), frame->size());
-    const QSize room = frame->parentWidget()->size() - frame->size();
-    frame->move(std::max(0, std::min(place.x(), room.width())),
-                std::max(0, std::min(place.y(), room.height())));
+    PlaceFrame(*frame, FormCentrePosition(frame->window()->size(), frame->size()));
   }
 }
 

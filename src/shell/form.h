@@ -36,11 +36,17 @@ class Form : public QWidget, public LoadedForm {
 
   void SLabelChange(std::int32_t /*index*/, double /*value*/) override {}
 
+  // The size that FitFrame last gave the frame; invalid before.
+  QSize FittedSize() const { return fitted_size_; }
+  void SetFittedSize(QSize size) { fitted_size_ = size; }
+
  protected:
   void closeEvent(QCloseEvent* event) override;
 
  private:
   bool LeaveLoadedForms();
+
+  QSize fitted_size_;
 };
 
 // One child form that the menus can open.
@@ -61,9 +67,14 @@ constexpr double FromTwips(double twips) { return twips / 15; }
 // Where a form of size `form` lies in a main window of size `main`: a little above and left of its centre.
 QPoint FormCentrePosition(QSize main, QSize form);
 
-// Gives the form's frame the size of its contents, as far as the main window has room. Returns the frame;
-// null for a form that lies in none.
+// Gives the form's frame the size of its contents, as far as the main window has room; where it has not, with
+// the scroll bar that then shows. Returns the frame; null for a form that lies in none.
 QMdiSubWindow* FitFrame(Form& form);
+
+// Fits the frame again after the contents have changed, in the place where it is, and keeps it in the area of
+// forms. Leaves a frame alone that the operator has given a size of its own, and one that has never been
+// fitted.
+void RefitFrame(Form& form);
 
 // Fits the form's frame and moves it to FormCentrePosition, but never over an edge of the area of forms: on a
 // small screen the menus and the status bar take more than the formula knows.

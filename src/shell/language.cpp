@@ -66,7 +66,7 @@ void LoadLanguage(const QString& folder, const QString& file_name) {
 }
 
 bool ValidateLines(const QStringList& current_lines, const QStringList& new_lines) {
-  if (std::min(current_lines.size(), new_lines.size()) > kLastCaption) {
+  if (new_lines.size() > kLastCaption) {
     throw RunTimeError(kErrorOutOfRange, "More than 650 lines");
   }
   for (qsizetype i = 0; i < current_lines.size(); ++i) {

@@ -35,8 +35,8 @@ void FillCaptions(const QStringList& lines);
 void LoadLanguage(const QString& folder, const QString& file_name);
 
 // Whether `new_lines` fit in the place of `current_lines`: not fewer, and a marker for each marker. Fills
-// CaptionTable as far as it gets; a surplus is not read. Throws RunTimeError when more than 650 would be
-// filled; then nothing has been.
+// CaptionTable as far as it gets; a surplus is not read. Throws RunTimeError, with nothing filled, when there
+// are more than 650 new ones: the next start could not load them.
 bool ValidateLines(const QStringList& current_lines, const QStringList& new_lines);
 
 // ValidateLines for two files. Throws RunTimeError, with nothing filled, when one cannot be read.

@@ -25,6 +25,8 @@ namespace {
 
 constexpr QSize kFirstSize(1200, 760);
 constexpr std::chrono::seconds kMostTimeToAppear(2);
+// What a window manager's frame may take of the screen; only the window manager knows exactly.
+constexpr QSize kDecoration(16, 48);
 const QString kLauncher = QStringLiteral("DOSMARA.EXE");
 
 QMdiSubWindow* FrameOf(const Form& form) { return qobject_cast<QMdiSubWindow*>(form.parentWidget()); }
@@ -40,11 +42,17 @@ void Appear(const QWidget& window) {
   QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
 }
 
+// Gives a form the words of the language, and the room that they take.
+void ShowCaptions(Form& form) {
+  form.InitMessaggi();
+  RefitFrame(form);
+}
+
 void BringForward(Form& form) {
   if (QMdiSubWindow* frame = FrameOf(form)) {
     frame->show();
     static_cast<QMdiArea*>(frame->mdiArea())->setActiveSubWindow(frame);
-    form.InitMessaggi();
+    ShowCaptions(form);
   }
 }
 
@@ -64,12 +72,15 @@ MDIForm1::MDIForm1(const Settings& settings, std::span<const FormEntry> forms)
   frm_ser_->setParent(this);
   setCentralWidget(area_);
   setStatusBar(status_bar_);
-  resize(kFirstSize.boundedTo(screen()->availableSize()));
+  resize(kFirstSize.boundedTo(screen()->availableSize() - kDecoration));
+  if (size() != kFirstSize) {
+    setWindowState(Qt::WindowMaximized);
+  }
   EnableMenu(false);
   connect(frm_ser_, &FrmSer::PortTicksChanged, this, [this] { menu_.ShowTicks(settings_); });
   connect(area_, &QMdiArea::subWindowActivated, this, [](QMdiSubWindow* frame) {
     if (auto* form = frame != nullptr ? dynamic_cast<Form*>(frame->widget()) : nullptr) {
-      form->InitMessaggi();
+      ShowCaptions(*form);
     }
   });
   auto* to_menu = new QShortcut(Qt::Key_F10, this);
@@ -150,6 +161,10 @@ void MDIForm1::ShowForm(const char* name) {
     if (QString(entry.name) == name) {
       Form* form = entry.create();
       QMdiSubWindow* frame = area_->addSubWindow(form);
+      // A frame that was maximized while the language changed has its old size when it comes back.
+      connect(
+          frame, &QMdiSubWindow::windowStateChanged, form, [form] { RefitFrame(*form); },
+          Qt::QueuedConnection);
       form->Load();
       form->show();
       frame->show();

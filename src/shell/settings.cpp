@@ -35,6 +35,28 @@ bool WriteOwnFile(const Settings& settings, const QString& lines) {
   return file.write(bytes) == bytes.size() && file.flush();
 }
 
+// The language line of the own file, whatever its port; empty when there is none.
+QString OwnLanguage(const Settings& settings) {
+  try {
+    return ReadOwnLines(settings).value(1).mid(kLanguageKeyLength);
+  } catch (const RunTimeError&) {
+    return {};
+  }
+}
+
+// Writes the own file. A refusal is told to the operator once.
+void Save(Settings& settings, const QString& language) {
+  if (WriteOwnFile(settings, QString("Com=%1\nLingua=%2\n").arg(PortNumber).arg(language)) ||
+      settings.refusal_told) {
+    return;
+  }
+  settings.refusal_told = true;
+  MsgBox(OwnName(settings) + "\nThe settings cannot be saved", "Error", BoxStyle::kExclamation);
+}
+
+// Writes a new port before the languages are listed: no entry could name the language yet.
+void SavePortAlone(Settings& settings) { Save(settings, OwnLanguage(settings)); }
+
 // The own file: its port has to have a menu entry.
 StoredSettings ReadOwnSettings(const Settings& settings) {
   const StoredSettings own = ParseSettings(ReadOwnLines(settings));
@@ -100,10 +122,10 @@ void ReadSettings(Settings& settings) {
   const StoredSettings launcher = ReadLauncherSettings(settings);
   if (launcher.port != 0 && launcher.port != PortNumber) {
     PortNumber = static_cast<std::uint8_t>(launcher.port);
-    WriteSettings(settings);
+    SavePortAlone(settings);
   } else if (launcher.port == 0 && PortNumber == 0) {
     PortNumber = kFirstPort;
-    WriteSettings(settings);
+    SavePortAlone(settings);
   }
   settings.mnuCox[PortNumber] = true;
   ListLanguages(settings.folder, settings.smnuLingue);
@@ -121,13 +143,7 @@ void ReadSettings(Settings& settings) {
 }
 
 void WriteSettings(Settings& settings) {
-  const QString language = settings.smnuLingue[TickedLanguage(settings.smnuLingue)].caption;
-  if (WriteOwnFile(settings, QString("Com=%1\nLingua=%2\n").arg(PortNumber).arg(language)) ||
-      settings.refusal_told) {
-    return;
-  }
-  settings.refusal_told = true;
-  MsgBox(OwnName(settings) + "\nThe settings cannot be saved", "Error", BoxStyle::kExclamation);
+  Save(settings, settings.smnuLingue[TickedLanguage(settings.smnuLingue)].caption);
 }
 
 int ReadOwnPort(const Settings& settings) { return ParsePort(ReadOwnLines(settings)); }

@@ -40,8 +40,8 @@ int ParsePort(const QStringList& lines);
 StoredSettings ParseSettings(const QStringList& lines);
 
 // Reads both files and settles PortNumber, LanguageName and their ticks. Rewrites the own file when the
-// launcher's brought a change or no port was set. Files that are missing or unreadable are passed over;
-// without any language file tells the operator and throws ProgramEnds.
+// launcher's brought a change or no port was set; a new port alone keeps the language line. Files that are
+// missing or unreadable are passed over; without any language file tells the operator and throws ProgramEnds.
 void ReadSettings(Settings& settings);
 
 // Writes the own file from PortNumber and the ticked language. A refusal is told to the operator once.

@@ -22,6 +22,16 @@ double Contrast(const QColor& a, const QColor& b) {
   return std::max(first, second) / std::min(first, second);
 }
 
+TEST(ReadablePalette, KeepsGreyedMenusReadableInLightAndDark) {
+  for (const QColor window : {QColor(239, 239, 239), QColor(42, 46, 50)}) {
+    const QPalette palette = ReadablePalette(QPalette(window, window));
+    const auto color = [&](QPalette::ColorRole role) { return palette.color(QPalette::Disabled, role); };
+    EXPECT_GE(Contrast(color(QPalette::ButtonText), color(QPalette::Window)), 3);
+    EXPECT_GE(Contrast(color(QPalette::Text), color(QPalette::Base).lighter(108)), 3);
+    EXPECT_EQ(color(QPalette::Window), window);
+  }
+}
+
 TEST(DressApplication, KeepsTheValuesOfAClosedFormReadable) {
   const QPalette before = QApplication::palette();
   DressApplication();
@@ -33,6 +43,9 @@ TEST(DressApplication, KeepsTheValuesOfAClosedFormReadable) {
   EXPECT_GE(Contrast(palette.color(QPalette::Disabled, QPalette::WindowText),
                      palette.color(QPalette::Disabled, QPalette::Window)),
             4.5);
+  EXPECT_GE(Contrast(palette.color(QPalette::Disabled, QPalette::ButtonText),
+                     palette.color(QPalette::Disabled, QPalette::Window)),
+            3);
   EXPECT_NE(palette.color(QPalette::Disabled, QPalette::Text),
             palette.color(QPalette::Active, QPalette::Text));
 }

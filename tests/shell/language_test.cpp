@@ -261,11 +261,16 @@ TEST_F(LanguageChangeTest, RefusesAShorterFileThoughAllItsMarkersFit) {
   EXPECT_EQ(CaptionTable[2], "File");
 }
 
-TEST_F(LanguageChangeTest, AcceptsMoreThan650LinesBehindTheCurrentOnes) {
-  StartWith(Numbered("voce", 650), Numbered("line", 700));
+TEST_F(LanguageChangeTest, Accepts650LinesAndRefuses651AsTheNextStartWould) {
+  StartWith("File\n", Numbered("line", 650));
+  folder_.Write("C.lng", Numbered("linea", 651));
   Choose(1);
   ExpectAccepted("line 1");
-  EXPECT_EQ(CaptionTable[650], "line 650");
+  ASSERT_TRUE(Fill());
+  Choose(2);
+  EXPECT_EQ(LanguageName, "B");
+  EXPECT_EQ(CaptionTable[1], "line 1");
+  EXPECT_EQ(screen_.boxes, std::vector<Box>{kWrongFile});
 }
 
 TEST_F(LanguageChangeTest, RefusesAFileThatVanished) {

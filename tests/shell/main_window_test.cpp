@@ -7,6 +7,7 @@
 #include <QFileInfo>
 #include <QMdiSubWindow>
 #include <QMenu>
+#include <QScreen>
 #include <QTest>
 #include <map>
 #include <memory>
@@ -26,14 +27,20 @@ namespace {
 
 // What has happened to the forms of each name, in order.
 std::map<QString, QStringList> history;
+// The room that the words of a form take.
+QSize words_size;
 
 template <const char* kName>
 class PlainForm : public Form {
  public:
   PlainForm() : Form(kName) { setWindowTitle(kName); }
-  void Load() override { history[kName].append("load"); }
+  void Load() override {
+    history[kName].append("load");
+    FormCentre(*this);
+  }
   void InitMessaggi() override { history[kName].append("captions"); }
   void Unload() override { history[kName].append("unload"); }
+  QSize sizeHint() const override { return words_size; }
 };
 
 constexpr char kDosi[] = "FrmDosi";
@@ -51,6 +58,7 @@ class MainWindowTest : public testing::Test {
  protected:
   void SetUp() override {
     history.clear();
+    words_size = {300, 200};
     const QDir data(DOSMARA_PROGRAM_DATA);
     for (const QString& name : data.entryList({"*.inx", "*.lng"})) {
       ASSERT_TRUE(QFile::copy(data.filePath(name), folder_.path() + "/" + name)) << name.toStdString();
@@ -127,6 +135,14 @@ TEST_F(MainWindowStart, ConnectsAndNamesItself) {
   EXPECT_FALSE(Action("smnuLingue(2)")->isVisible());
   EXPECT_TRUE(NodePresent[0]);
   EXPECT_GT(NodeRecordCount[0], 300);
+}
+
+TEST_F(MainWindowStart, FitsTheScreenWithItsFrame) {
+  StartOnAMachine();
+  EXPECT_TRUE(window_->screen()->availableGeometry().contains(window_->frameGeometry()));
+  EXPECT_TRUE(window_->isMaximized());
+  const QSize screen = window_->screen()->availableSize();
+  EXPECT_LE(window_->normalGeometry().height(), screen.height() - 40);
 }
 
 TEST_F(MainWindowStart, LoadsTheMainWindowFirstAndFrmSerSecond) {
@@ -286,6 +302,29 @@ TEST_F(MainWindowForms, AreReachedByKeyboard) {
   window_->activateWindow();
   QTest::keyClick(window_.get(), Qt::Key_F10);
   EXPECT_EQ(window_->menuBar()->activeAction(), Action("mnuFile"));
+}
+
+TEST_F(MainWindowForms, FollowTheirWordsWhenTheLanguageChanges) {
+  StartOnAMachine();
+  Click("smnuDosi");
+  QWidget& form = *FindForm("FrmDosi");
+  const QSize before = form.size();
+  words_size = {500, 300};
+  Click("smnuLingue(0)");
+  EXPECT_NE(before, QSize(500, 300));
+  EXPECT_EQ(form.size(), QSize(500, 300));
+}
+
+TEST_F(MainWindowForms, FollowTheirWordsWhenTheyComeBackFromTheFullArea) {
+  StartOnAMachine();
+  Click("smnuDosi");
+  QMdiSubWindow* frame = Area()->activeSubWindow();
+  frame->showMaximized();
+  words_size = {500, 300};
+  Click("smnuLingue(0)");
+  EXPECT_TRUE(frame->isMaximized());
+  frame->showNormal();
+  EXPECT_TRUE(WaitUntil([&] { return frame->widget()->size() == QSize(500, 300); }));
 }
 
 TEST_F(MainWindowLanguage, ChangesMenusAndOpenFormsAtOnce) {

@@ -41,6 +41,7 @@ int main(int argc, char** argv) {
   }
 
   MDIForm1 window(SettingsOf(folder + "/dosmara"), FormList());
+  window.setWindowState(Qt::WindowNoState);  // it is maximized where the screen is smaller
   window.resize(kLaptop);
   Tour tour(window, machine, pictures);
   tour.Step("the tool connects", [&] {
