@@ -44,8 +44,7 @@ QString SegmentText(double value, int digits, int decimals) {
   if (std::abs(rounded) >= std::pow(10, digits)) {
     return QString(digits + 1, '-');
   }
-  // a rounded 0 has no sign
-  const QString text = QString::number(rounded == 0 ? 0 : rounded / scale, 'f', decimals);
+  const QString text = QString::number(rounded / scale, 'f', decimals);
   return text.rightJustified(digits + 1 + (decimals > 0 ? 1 : 0));
 }
 
