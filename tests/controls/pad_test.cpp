@@ -16,6 +16,18 @@
 namespace dosmara {
 namespace {
 
+TEST(NeighbourOf, PassesOverEmptyPlaces) {
+  EXPECT_EQ(NeighbourOf({QRect(), QRect(0, 50, 20, 20)}, 1, Qt::Key_Up), 1);
+  EXPECT_EQ(NeighbourOf({QRect(0, 0, 20, 20), QRect(), QRect(0, 50, 20, 20)}, 2, Qt::Key_Up), 0);
+}
+
+TEST(NeighbourOf, PrefersTheNearestRowAndInItTheNearestButton) {
+  const std::vector<QRect> buttons = {QRect(0, 0, 20, 20), QRect(40, 30, 20, 20), QRect(20, 30, 20, 20),
+                                      QRect(0, 60, 20, 20)};
+  EXPECT_EQ(NeighbourOf(buttons, 0, Qt::Key_Down), 2);
+  EXPECT_EQ(NeighbourOf(buttons, 0, Qt::Key_Right), 0);
+}
+
 // A keypad between two boxes.
 class KeypadKeysTest : public testing::Test {
  protected:
@@ -94,6 +106,20 @@ TEST_F(KeypadKeysTest, TabLeavesFromWhereTheArrowsLedAndComesBackToTheLitKey) {
   EXPECT_TRUE(behind_->hasFocus());
   Press(Qt::Key_Backtab);
   EXPECT_EQ(Focused(), 2);
+}
+
+TEST_F(KeypadKeysTest, TabLeavesToBothSidesPastTheLitKey) {
+  keypad_->SetSelection(2);
+  Press(Qt::Key_Tab);
+  Press(Qt::Key_Left);
+  EXPECT_EQ(Focused(), 1);
+  Press(Qt::Key_Tab);
+  EXPECT_TRUE(behind_->hasFocus());
+  Press(Qt::Key_Backtab);
+  Press(Qt::Key_Right);
+  EXPECT_EQ(Focused(), 3);
+  Press(Qt::Key_Backtab);
+  EXPECT_TRUE(before_->hasFocus());
 }
 
 TEST_F(KeypadKeysTest, ArrowsMoveAsTheKeysLie) {

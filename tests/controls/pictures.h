@@ -11,8 +11,13 @@ namespace dosmara {
 
 inline QImage Picture(QWidget& widget) { return widget.grab().toImage(); }
 
-inline QPalette LightPalette() { return QPalette(QColor(239, 239, 239)); }
-inline QPalette DarkPalette() { return QPalette(QColor(53, 53, 56), QColor(45, 45, 48)); }
+// The palettes that the tool meets, with the style's highlight.
+inline QPalette WithHighlight(QPalette palette) {
+  palette.setColor(QPalette::Highlight, QColor(48, 140, 198));
+  return palette;
+}
+inline QPalette LightPalette() { return WithHighlight(QColor(239, 239, 239)); }
+inline QPalette DarkPalette() { return WithHighlight({QColor(53, 53, 56), QColor(45, 45, 48)}); }
 
 // Mean lightness of a part of a picture without its colour, 0 to 255.
 inline double Lightness(const QImage& picture, const QRect& part) {

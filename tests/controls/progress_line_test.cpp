@@ -5,6 +5,7 @@
 
 #include <QEvent>
 #include <QLabel>
+#include <QTest>
 #include <QVBoxLayout>
 #include <utility>
 
@@ -33,6 +34,7 @@ class ProgressLineTest : public testing::Test {
     layout->addWidget(below_);
     window_.resize(100, 60);
     window_.show();
+    EXPECT_TRUE(QTest::qWaitForWindowExposed(&window_));
     line_->installEventFilter(&counter_);
     while (Paintings() > 0) {
     }

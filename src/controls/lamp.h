@@ -1,0 +1,23 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// What lamps have in common, alone or in a switch.
+#pragma once
+
+#include <QPainter>
+#include <QPalette>
+#include <QRectF>
+#include <QString>
+
+namespace dosmara {
+
+enum class LampState { kUnknown, kOff, kOn };
+enum class LampShape { kRound, kRectangular };
+
+// Draws a lamp that fills `place`: bright with a shine when on, a dark glass when off, a broken outline
+// around nothing when it is not known. One that is not `enabled` is paler, and as easy to tell.
+void DrawLamp(QPainter& painter, const QRectF& place, LampShape shape, LampState state, bool enabled,
+              const QPalette& palette);
+
+// The word of a state out of "off,on"; none for a state that is not known.
+QString LampText(const QString& off_and_on, LampState state);
+
+}  // namespace dosmara

@@ -1,0 +1,46 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// A lamp that shows one bit of the machine.
+#pragma once
+
+#include <QWidget>
+
+#include "controls/lamp.h"
+
+namespace dosmara {
+
+// A lamp, on or off, which is unknown until it has been told.
+class Led : public QWidget {
+  Q_OBJECT
+  Q_PROPERTY(bool on READ IsOn WRITE SetOn)
+  Q_PROPERTY(bool known READ IsKnown WRITE SetKnown)
+
+ public:
+  explicit Led(QWidget* parent, LampShape shape = LampShape::kRound);
+
+  // Whether it is on; one that is not known is not.
+  bool IsOn() const { return state_ == LampState::kOn; }
+  // Shows on or off, which is then known.
+  void SetOn(bool on) { SetState(on ? LampState::kOn : LampState::kOff); }
+
+  bool IsKnown() const { return state_ != LampState::kUnknown; }
+  // Forgets what it shows; a lamp that is to be known and is not yet is off.
+  void SetKnown(bool known);
+
+  // The words of both states for a screen reader, "off,on".
+  void SetStateTexts(const QString& off_and_on);
+
+  QSize sizeHint() const override;
+  QSize minimumSizeHint() const override { return sizeHint(); }
+
+ protected:
+  void paintEvent(QPaintEvent* event) override;
+
+ private:
+  void SetState(LampState state);
+
+  LampShape shape_;
+  LampState state_ = LampState::kUnknown;
+  QString state_texts_ = "off,on";
+};
+
+}  // namespace dosmara

@@ -1,0 +1,39 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// A row of lamps that fills.
+#pragma once
+
+#include <QRect>
+#include <QWidget>
+
+namespace dosmara {
+
+inline constexpr int kLedBarLamps = 20;
+
+// Where lamp `index` of a bar of `size` lies.
+QRect LedBarLamp(QSize size, int index);
+
+// A bar of lamps of which as many are lit, from the left, as its position says: 0 to 20.
+class LedBar : public QWidget {
+  Q_OBJECT
+  Q_PROPERTY(int position READ Position WRITE SetPosition)
+
+ public:
+  explicit LedBar(QWidget* parent);
+
+  int Position() const { return position_; }
+  // Takes a position; one that does not exist is ignored.
+  void SetPosition(int position);
+
+  QSize sizeHint() const override;
+  QSize minimumSizeHint() const override { return sizeHint(); }
+
+ protected:
+  void paintEvent(QPaintEvent* event) override;
+
+ private:
+  void Describe();
+
+  int position_ = 0;
+};
+
+}  // namespace dosmara
