@@ -16,16 +16,11 @@ namespace dosmara {
 namespace {
 
 constexpr FormEntry kForms[] = {
-    {"FrmAzione", CreateForm<FrmAzione>},
-    {"FrmBattute", [] { return NewSelectionCounters(SoldAs::kPaid); }},
-    {"FrmDosi", CreateForm<FrmDosi>},
-    {"FrmGratis", [] { return NewSelectionCounters(SoldAs::kFree); }},
-    {"FrmInfo", CreateForm<FrmInfo>},
-    {"FrmPassword", CreateForm<FrmPassword>},
-    {"FrmPrezzi", CreateForm<FrmPrezzi>},
-    {"FrmProva", [] { return NewSelectionCounters(SoldAs::kTest); }},
-    {"FrmSconti", CreateForm<FrmSconti>},
-    {"FrmTemperatura", CreateForm<FrmTemperatura>},
+    {"FrmAzione", CreateForm<FrmAzione>}, {"FrmBattute", [] { return NewSelectionCounters(SoldAs::kPaid); }},
+    {"FrmDosi", CreateForm<FrmDosi>},     {"FrmGratis", [] { return NewSelectionCounters(SoldAs::kFree); }},
+    {"FrmInfo", CreateForm<FrmInfo>},     {"FrmPassword", CreateForm<FrmPassword>},
+    {"FrmPrezzi", CreateForm<FrmPrezzi>}, {"FrmProva", [] { return NewSelectionCounters(SoldAs::kTest); }},
+    {"FrmSconti", CreateForm<FrmSconti>}, {"FrmTemperatura", CreateForm<FrmTemperatura>},
     {"FrmTempi", CreateForm<FrmTempi>},
 };
 

@@ -43,8 +43,9 @@ class TwoRows : public DataForm {
   explicit TwoRows(Gate::WhileLoading while_loading = Gate::WhileLoading::kStored)
       : DataForm({.name = "TwoRows", .title = 47, .opens_after = 2, .also_released = kMirrors}),
         gate{.record = 312, .while_loading = while_loading},
-        rows(NewRows({.caption = {"Label2"}, .value = {"Label1", 1}, .box = {"Text1", 1}, .bar = {"HScroll1", 1}},
-                     kRows)) {
+        rows(NewRows(
+            {.caption = {"Label2"}, .value = {"Label1", 1}, .box = {"Text1", 1}, .bar = {"HScroll1", 1}},
+            kRows)) {
     auto* grid = new QGridLayout(Body());
     rows.PlaceInColumns(*grid, 1);
     Watch(rows);

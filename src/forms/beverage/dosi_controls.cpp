@@ -24,9 +24,7 @@ constexpr int kGap = 16;         // between the panels
 constexpr int kRowDistance = 3;  // between rows
 
 // "Selezione 21"
-QString SelectionText(int selection) {
-  return Numbered(Caption(58), SelectionNumber(selection));
-}
+QString SelectionText(int selection) { return Numbered(Caption(58), SelectionNumber(selection)); }
 
 // How far captions of dependent rows stand in from those of their heads.
 void IndentDependants(FieldRows& rows) {

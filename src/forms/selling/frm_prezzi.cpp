@@ -31,10 +31,11 @@ constexpr std::array<FieldRow, kPrices> PriceRows() {
   std::array<FieldRow, kPrices> rows{};
   for (int n = 0; n < kPrices; ++n) {
     const bool first = n < kFirstPrices.count;
-    rows[n] = MoneyRow({.line = 115,
-                        .number = n + 1,
-                        .record = first ? kFirstPrices.first + n : kFurtherPrices.first + n - kFirstPrices.count,
-                        .mirror = first ? kMirrors + n : 0});
+    rows[n] =
+        MoneyRow({.line = 115,
+                  .number = n + 1,
+                  .record = first ? kFirstPrices.first + n : kFurtherPrices.first + n - kFirstPrices.count,
+                  .mirror = first ? kMirrors + n : 0});
   }
   return rows;
 }
@@ -59,9 +60,13 @@ constexpr int kOpensAbove = 427;
 
 FrmPrezzi::FrmPrezzi()
     : DataForm(kSetup),
-      prices_(NewRows(
-          {.caption = {"Label11"}, .value = {"Label1"}, .box = {"Text1"}, .bar = {"HScroll1"}, .held = true, .closed_box_stays = true},
-          kRows, &money_)),
+      prices_(NewRows({.caption = {"Label11"},
+                       .value = {"Label1"},
+                       .box = {"Text1"},
+                       .bar = {"HScroll1"},
+                       .held = true,
+                       .closed_box_stays = true},
+                      kRows, &money_)),
       all_at_price_1_(NewBits(kOptions, kSwitches)) {
   all_at_price_1_.MakeSwitches(Body(), {"Label2", kNoArray}, {"Switch1", kNoArray});
   auto* layout = new QVBoxLayout(Body());

@@ -15,7 +15,8 @@
 
 namespace dosmara {
 
-// Where a bit byte lies: its record, which is read and written, and its mirror, which is only written; 0: none.
+// Where a bit byte lies: its record, which is read and written, and its mirror, which is only written; 0:
+// none.
 struct BitRecord {
   int node = 0;
   int record = 0;
@@ -48,10 +49,10 @@ class BitByte {
 
 // One bit of a table.
 struct BitRow {
-  int line = 0;   // caption, line of the language file; 0: none
-  int byte = 0;   // index in the table of bytes
-  int mask = 0;   // the bit
-  int index = 0;  // of its controls in their arrays
+  int line = 0;             // caption, line of the language file; 0: none
+  int byte = 0;             // index in the table of bytes
+  int mask = 0;             // the bit
+  int index = 0;            // of its controls in their arrays
   bool active_low = false;  // it shows on while the bit is clear
 };
 

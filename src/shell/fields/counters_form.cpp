@@ -58,8 +58,8 @@ void CountersForm::InitMessaggi() {
   DataForm::InitMessaggi();
   for (std::size_t run = 0; run < shown_.size(); ++run) {
     for (int n = 0; n < runs_[run].records.count; ++n) {
-      shown_[run][n].caption->setText(Numbered(Caption(runs_[run].line + n * runs_[run].line_step),
-                                               NumberOf(runs_[run].numbering, n)));
+      shown_[run][n].caption->setText(
+          Numbered(Caption(runs_[run].line + n * runs_[run].line_step), NumberOf(runs_[run].numbering, n)));
     }
   }
 }

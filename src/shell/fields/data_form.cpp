@@ -178,7 +178,8 @@ void DataForm::Hear(const Records& records, Take take, bool subscribed, Counts c
 
 // Lets a record that is heard already run what `more` wants as well.
 void DataForm::HearTwice(Heard& heard, const Heard& more) {
-  const auto both = [first = heard.take, first_n = heard.n, second = more.take, second_n = more.n](int, double value) {
+  const auto both = [first = heard.take, first_n = heard.n, second = more.take, second_n = more.n](
+                        int, double value) {
     (*first)(first_n, value);
     (*second)(second_n, value);
   };
@@ -195,11 +196,13 @@ void DataForm::Watch(const Records& records, std::function<void(int, double)> ta
 }
 
 void DataForm::Watch(int node, int record, std::function<void(double)> take, Counts counts) {
-  Hear({node, record}, [take = std::move(take)](int, double value) { take(value); }, true, counts);
+  Hear(
+      {node, record}, [take = std::move(take)](int, double value) { take(value); }, true, counts);
 }
 
 void DataForm::Listen(int node, int record, std::function<void(double)> take) {
-  Hear({node, record}, [take = std::move(take)](int, double value) { take(value); }, false, Counts::kNo);
+  Hear(
+      {node, record}, [take = std::move(take)](int, double value) { take(value); }, false, Counts::kNo);
 }
 
 void DataForm::Watch(FieldRows& rows, Counts counts, std::function<void(int, double)> after) {
@@ -219,19 +222,22 @@ void DataForm::Watch(FieldRows& rows, Counts counts, std::function<void(int, dou
 void DataForm::Watch(BitRows& rows, Counts counts) {
   for (int byte = 0; byte < static_cast<int>(rows.bytes().size()); ++byte) {
     const BitRecord& where = rows.bytes()[byte].where();
-    Watch(where.node, where.record, [&rows, byte](double value) { rows.Take(byte, value); }, counts);
+    Watch(
+        where.node, where.record, [&rows, byte](double value) { rows.Take(byte, value); }, counts);
   }
 }
 
 void DataForm::Watch(ChoiceRows& rows, Counts counts) {
   for (int n = 0; n < rows.size(); ++n) {
-    Watch(rows.Node(n), rows.Record(n), [&rows, n](double value) { rows.Show(n, value); }, counts);
+    Watch(
+        rows.Node(n), rows.Record(n), [&rows, n](double value) { rows.Show(n, value); }, counts);
   }
 }
 
 void DataForm::Watch(NumberBoxes& boxes, Counts counts) {
   for (int n = 0; n < boxes.size(); ++n) {
-    Watch(kMainBoard, boxes.Field(n).record, [&boxes, n](double value) { boxes.Show(n, value); }, counts);
+    Watch(
+        kMainBoard, boxes.Field(n).record, [&boxes, n](double value) { boxes.Show(n, value); }, counts);
   }
 }
 
