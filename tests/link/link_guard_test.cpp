@@ -318,6 +318,29 @@ TEST_F(EarlyReply, HoldsUpNothingAfterATimeOut) {
   ASSERT_GE(host_.frames.size(), 3U);
 }
 
+TEST_F(EarlyReply, HoldsUpOnlyTheNextRequest) {
+  At(0, 5).Period = 0;
+  At(0, 6).Period = 0;
+  At(0, 7).Period = 0;
+  for (const int index : {5, 6, 7}) Subscribe(0, index);
+  script_.replies = {{9, 8}, {57, 57}, {57, 57}, {5, 5}, {6, 6}, {7, 7}};
+  ASSERT_TRUE(Asked(6));
+  EXPECT_EQ(host_.frames[4].time - host_.frames[3].time, milliseconds(40));
+  EXPECT_EQ(host_.frames[5].time - host_.frames[4].time, milliseconds(40));
+}
+
+TEST_F(EarlyReply, ThatComesTwiceHoldsUpTheNextRequestFromTheFirstTimeOn) {
+  At(0, 5).Period = 0;
+  Subscribe(0, 5);
+  script_.replies = {{9, 8}, {57, 57}, {9, 8}, {57, 57}, {57, 57}, {5, 5}};
+  ASSERT_TRUE(Asked(2));
+  const microseconds repeated = host_.Now();
+  ASSERT_TRUE(host_.RunUntil([] { return LinkIdle; }, milliseconds(3000)));
+  const microseconds answered = host_.Now();
+  ASSERT_TRUE(Asked(6));
+  EXPECT_GE(host_.Now() - answered, answered - repeated);
+}
+
 TEST_F(EarlyReply, CountsAsABadReply) {
   script_.replies = {{9, 8}, {57, 57}, {9, 8}, {57, 57}, {57, 57}};
   ASSERT_TRUE(Asked(5));
