@@ -139,7 +139,7 @@ void VisitDoses(Tour& tour) {
     const QString title = form->windowTitle();
     other->trigger();
     tour.Expect(form->windowTitle() != title, "the form keeps its words");
-    tour.Picture("doses_" + other->text().toLower());
+    tour.Picture("doses_" + other->iconText().toLower());
     (*ticked)->trigger();
     tour.Expect(form->windowTitle() == title, "the first language does not come back");
   });
