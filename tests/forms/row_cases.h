@@ -28,11 +28,11 @@ struct GoodEntry {
 };
 
 struct RowCase {
-  std::string caption;  // objectNames
-  std::string value;
-  std::string box;  // empty: the row has none
-  std::string bar;
-  std::string words;  // of the caption
+  std::string caption = {};  // objectNames
+  std::string value = {};
+  std::string box = {};  // empty: the row has none
+  std::string bar = {};
+  std::string words = {};  // of the caption
   int node = 0;
   int record = 0;
   int mirror = 0;  // 0: none
@@ -42,9 +42,9 @@ struct RowCase {
   int length = 0;  // of the box
   int offset = 0;  // the record's value less the bar's
   // At least two, the first one with the bar not at its upper end: it is what the row stands at.
-  std::vector<RowArrival> arrivals;
-  std::vector<GoodEntry> good;
-  std::vector<std::string> bad;
+  std::vector<RowArrival> arrivals = {};
+  std::vector<GoodEntry> good = {};
+  std::vector<std::string> bad = {};
   bool closed_box_stays = false;  // grey instead of hidden
   bool held = false;              // a good entry closes the bar until the machine answers
 };
