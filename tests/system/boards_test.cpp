@@ -143,7 +143,7 @@ TEST_F(Temperatures, OneOfEachKindReachesTheMachineAndItsMirror) {
   AwaitTaken(2, 57, 272, 30, "Label2(5)", "30");
   Enter(On<QLineEdit>("Text3(6)"), "-5");
   AwaitTaken(3, 52, 267, 0, "Label3(6)", "-5");
-  EXPECT_EQ(machine().Get(3, 51), 5) << "the other tank";
+  EXPECT_EQ(machine().Get(3, 51), 8) << "the other tank";
 }
 
 TEST_F(Temperatures, EachBoardOpensAndClosesItsFrame) {
