@@ -60,15 +60,14 @@ constexpr int kOpensAbove = 427;
 
 FrmPrezzi::FrmPrezzi()
     : DataForm(kSetup),
+      all_at_price_1_(NewSwitches()),
       prices_(NewRows({.caption = {"Label11"},
                        .value = {"Label1"},
                        .box = {"Text1"},
                        .bar = {"HScroll1"},
                        .held = true,
                        .closed_box_stays = true},
-                      kRows, &money_)),
-      all_at_price_1_(NewBits(kOptions, kSwitches)) {
-  all_at_price_1_.MakeSwitches(Body(), {"Label2", kNoArray}, {"Switch1", kNoArray});
+                      kRows, &money_)) {
   auto* layout = new QVBoxLayout(Body());
   auto* options = new QGridLayout;
   all_at_price_1_.PlaceIn(*options, 0, 0, 0);
@@ -82,6 +81,12 @@ FrmPrezzi::FrmPrezzi()
   Watch(all_at_price_1_);
   Watch(prices_);
   SetOpen(false);
+}
+
+BitRows& FrmPrezzi::NewSwitches() {
+  BitRows& switches = NewBits(kOptions, kSwitches);
+  switches.MakeSwitches(Body(), {"Label2", kNoArray}, {"Switch1", kNoArray});
+  return switches;
 }
 
 void FrmPrezzi::AfterArrival() {

@@ -83,6 +83,7 @@ void DataForm::Unload() {
   for (const Records& records : setup_.also_released) {
     Unsubscribe(records);
   }
+  open_ = false;
 }
 
 void DataForm::SLabelChange(std::int32_t index, double value) {
@@ -288,7 +289,11 @@ void DataForm::Forget(int node) {
   MapArrivals();
 }
 
+// A form that has closed lives on until the event loop is back where it was closed: its timers may still fire.
 void DataForm::Refresh() {
+  if (!open_) {
+    return;
+  }
   for (const Heard& heard : heard_) {
     Release(heard);
   }
