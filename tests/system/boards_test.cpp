@@ -124,10 +124,11 @@ class Temperatures : public BoardsTest {
 TEST_F(Temperatures, AreShownAsTheMachineHoldsThem) {
   ConnectAndUnlock();
   EXPECT_EQ(Text("Label1"), "92");
-  const char* const tank[] = {"5", "2.0", "10", "3", "6", "15", "0"};
+  const char* const first[] = {"5", "2.0", "10", "3", "6", "15", "0"};
+  const char* const second[] = {"8", "3.0", "10", "3", "4", "10", "0"};
   for (int n = 0; n < 7; ++n) {
-    EXPECT_EQ(Text(QString("Label2(%1)").arg(n)), tank[n]);
-    EXPECT_EQ(Text(QString("Label3(%1)").arg(n)), tank[n]);
+    EXPECT_EQ(Text(QString("Label2(%1)").arg(n)), first[n]);
+    EXPECT_EQ(Text(QString("Label3(%1)").arg(n)), second[n]);
   }
 }
 
