@@ -2,8 +2,7 @@
 // FrmPrezzi: fifty prices in two runs of records, and the switch that makes the first one hold for all.
 #include <QLocale>
 
-#include "controls/echo_mark.h"
-#include "forms/form_fixture.h"
+#include "forms/row_cases.h"
 #include "store/parameter_table.h"
 
 namespace dosmara {
@@ -15,6 +14,40 @@ constexpr int kPrices = 50;
 
 // The record of price n, counted from 0: 12 to 41, then 367 to 386.
 int Record(int n) { return n < 30 ? 12 + n : 367 + (n - 30); }
+
+// Two decimals; each price can be told from the others.
+FormRows PriceRows() {
+  FormRows form = {.form = "FrmPrezzi", .opens = {{0, 311, 2}, {0, 83, 0}}, .closes = {}, .rows = {}};
+  for (int n = 0; n < kPrices; ++n) {
+    form.rows.push_back(
+        {.caption = Element("Label11", n),
+         .value = Element("Label1", n),
+         .box = Element("Text1", n),
+         .bar = Element("HScroll1", n),
+         .words = "#115 " + std::to_string(n + 1),
+         .node = 0,
+         .record = Record(n),
+         .mirror = n < 30 ? 214 + n : 0,
+         .min = -32768,
+         .max = 32767,
+         .large_change = 100,
+         .length = 12,
+         .offset = 32768,
+         .arrivals = {{110 + n, "1." + std::to_string(10 + n), 110 + n - 32768},
+                      {0, "0.00", -32768},
+                      {5, "0.05", -32763},
+                      {40000, "400.00", 7232},
+                      {65535, "655.35", 32767},
+                      {65536, "655.35", 32767}},
+         .good = {{"2,5", 250}, {"1.555x", 155}, {",5", 50}, {"0", 0}, {"2", 200}, {"655,35", 65535}},
+         .bad = {"", ",", "1a", "-1", "655.36", "656", "1,x", "1,5x", "OFF", "1234567"},
+         .closed_box_stays = true,
+         .held = true});
+  }
+  return form;
+}
+
+INSTANTIATE_TEST_SUITE_P(FrmPrezzi, EachRow, testing::Values(PriceRows()));
 
 class FrmPrezziTest : public FormFixture {
  protected:
@@ -81,16 +114,6 @@ TEST_F(FrmPrezziTest, CaptionsComeFromTheLanguage) {
   }
 }
 
-TEST_F(FrmPrezziTest, EveryBarSpansTheSignedSixteenBits) {
-  for (int n = 0; n < kPrices; ++n) {
-    const Bar& bar = BarOf(Element("HScroll1", n));
-    EXPECT_EQ(bar.minimum(), -32768);
-    EXPECT_EQ(bar.maximum(), 32767);
-    EXPECT_EQ(bar.singleStep(), 1);
-    EXPECT_EQ(bar.pageStep(), 100);
-  }
-}
-
 TEST_F(FrmPrezziTest, OpensLockedAndWithoutValues) {
   EXPECT_FALSE(Enabled("Switch1"));
   EXPECT_FALSE(Find<TwoPositionSwitch>("Switch1").IsKnown());
@@ -113,25 +136,6 @@ TEST_F(FrmPrezziTest, EachRecordShowsOnItsRow) {
   }
   for (int n = 0; n < kPrices; ++n) EXPECT_EQ(Shows(n), std::to_string(1000 + n));
   EXPECT_EQ(Written(), Writes{});
-}
-
-TEST_F(FrmPrezziTest, AValueThatTheBarCannotHoldIsShownAtItsEnd) {
-  Fill();
-  Arrive(0, 12, 65536);
-  EXPECT_EQ(Shows(0), "655.35");
-  EXPECT_EQ(BarValue(0), 32767);
-}
-
-TEST_F(FrmPrezziTest, TheSameRecordsOfOtherBoardsAreForeign) {
-  Fill();
-  for (const int node : {1, 2, 3}) {
-    for (const int record : {12, 41, 83, 311, 367, 386}) Arrive(node, record, 1);
-  }
-  EXPECT_EQ(Shows(0), "1.00");
-  EXPECT_EQ(Shows(29), "1.29");
-  EXPECT_EQ(Shows(30), "1.30");
-  EXPECT_EQ(Shows(49), "1.49");
-  EXPECT_EQ(Position("Switch1"), 0);
 }
 
 TEST_F(FrmPrezziTest, APriceIsShownWhileTheFormIsLockedAndOpensItsBarAlone) {
@@ -191,17 +195,6 @@ TEST_F(FrmPrezziTest, AnArrivalOfAnyOtherRecordOpensItToo) {
   EXPECT_TRUE(Enabled("Switch1"));
 }
 
-TEST_F(FrmPrezziTest, ABarWritesItsRecordAndPricesOneToThirtyTheirMirror) {
-  Fill();
-  for (int n = 0; n < kPrices; ++n) {
-    SCOPED_TRACE(n);
-    BarOf(Element("HScroll1", n)).SetValue(500 - 32768);
-    const Writes once = {{0, Record(n), 500}};
-    const Writes twice = {{0, Record(n), 500}, {0, 214 + n, 500}};
-    EXPECT_EQ(Written(), n < 30 ? twice : once);
-  }
-}
-
 TEST_F(FrmPrezziTest, PriceThirtyHasAMirrorAndPriceThirtyOneHasNone) {
   Fill(0);
   Enter("Text1(29)", "77");
@@ -239,16 +232,6 @@ TEST_F(FrmPrezziTest, AnotherPriceThatIsTypedMeanwhileIsHeldOnItsOwn) {
   EXPECT_TRUE(BarOpen(4));
 }
 
-TEST_F(FrmPrezziTest, AHeldPriceOpensWithWhateverTheMachineHasMadeOfIt) {
-  Fill();
-  Enter("Text1(3)", "2");
-  Focus("Switch1");
-  Arrive(0, 15, 999);
-  EXPECT_TRUE(BarOpen(3));
-  EXPECT_EQ(Shows(3), "9.99");
-  EXPECT_EQ(BarValue(3), 999 - 32768);
-}
-
 TEST_F(FrmPrezziTest, TheLastPriceOfARunIsNotWaitedFor) {
   Fill();
   for (const int n : {29, 49}) {
@@ -265,53 +248,6 @@ TEST_F(FrmPrezziTest, ABarThatIsMovedIsNotHeld) {
   BarOf("HScroll1(3)").SetValue(200 - 32768);
   EXPECT_TRUE(BarOpen(3));
   EXPECT_EQ(Shows(3), "1.03");
-}
-
-TEST_F(FrmPrezziTest, ThePriceThatStandsTypedAgainIsNotHeld) {
-  Fill();
-  Enter("Text1(3)", "1.03");
-  EXPECT_EQ(Written(), Writes{});
-  EXPECT_TRUE(BarOpen(3));
-}
-
-TEST_F(FrmPrezziTest, ABadEntryHoldsNothingAndBringsTheOldTextBack) {
-  Fill();
-  for (const char* bad : {"", ",", "1a", "-1", "655.36", "1,x", "1,5x", "OFF"}) {
-    SCOPED_TRACE(bad);
-    Enter("Text1(3)", bad);
-    EXPECT_EQ(Written(), Writes{});
-    EXPECT_EQ(BoxText("Text1(3)"), "1.03");
-    EXPECT_TRUE(BarOpen(3));
-    Focus("Switch1");
-  }
-}
-
-TEST_F(FrmPrezziTest, AnEntryReachesFromNoughtToTheLargestSixteenBitNumber) {
-  Fill();
-  Enter("Text1(40)", "655,35");
-  EXPECT_EQ(Written(), (Writes{{0, 377, 65535}}));
-  Enter("Text1(40)", "0");
-  EXPECT_EQ(Written(), (Writes{{0, 377, 0}}));
-}
-
-TEST_F(FrmPrezziTest, ABoxEmptiesWhenItIsEnteredAndIsRestoredWhenItIsLeft) {
-  Fill();
-  Type("Text1(3)", "9");
-  EXPECT_EQ(BoxText("Text1(3)"), "9");
-  Focus("Text1(4)");
-  EXPECT_EQ(BoxText("Text1(3)"), "1.03");
-  EXPECT_EQ(BoxText("Text1(4)"), "");
-  Focus("Switch1");
-  EXPECT_EQ(BoxText("Text1(4)"), "1.04");
-  EXPECT_EQ(Written(), Writes{});
-}
-
-TEST_F(FrmPrezziTest, AnArrivalIsWhatAnEnteredBoxComesBackTo) {
-  Fill();
-  Type("Text1(3)", "9");
-  Arrive(0, 15, 400);
-  Focus("Switch1");
-  EXPECT_EQ(Shows(3), "4.00");
 }
 
 TEST_F(FrmPrezziTest, TheDecimalSeparatorIsTheLocales) {

@@ -2,7 +2,7 @@
 // FrmSconti: a discount for each of thirty prices, and one for a sale without a cup.
 #include <QLocale>
 
-#include "forms/form_fixture.h"
+#include "forms/row_cases.h"
 #include "store/parameter_table.h"
 
 namespace dosmara {
@@ -11,6 +11,38 @@ namespace {
 using Writes = std::vector<Write>;
 
 constexpr int kRows = 31;  // the last one is the discount without a cup
+
+// Two decimals; each discount can be told from the others.
+FormRows DiscountRows() {
+  FormRows form = {.form = "FrmSconti", .opens = {{0, 311, 2}}, .closes = {}, .rows = {}};
+  for (int n = 0; n < kRows; ++n) {
+    form.rows.push_back({.caption = Element("Label11", n),
+                         .value = Element("Label1", n),
+                         .box = Element("Text1", n),
+                         .bar = Element("HScroll1", n),
+                         .words = n < 30 ? "#118 " + std::to_string(n + 1) : "#119",
+                         .node = 0,
+                         .record = 44 + n,
+                         .mirror = 246 + n,
+                         .min = -32768,
+                         .max = 32767,
+                         .large_change = 100,
+                         .length = 12,
+                         .offset = 32768,
+                         .arrivals = {{10 + n, "0." + std::to_string(10 + n), 10 + n - 32768},
+                                      {0, "0.00", -32768},
+                                      {40000, "400.00", 7232},
+                                      {65535, "655.35", 32767},
+                                      {65536, "655.35", 32767}},
+                         .good = {{"1,5", 150}, {".05", 5}, {"0", 0}, {"2", 200}, {"655,35", 65535}},
+                         .bad = {"", ".", "x", "-1", "655,36", "0,x", "OFF"},
+                         .closed_box_stays = true,
+                         .held = true});
+  }
+  return form;
+}
+
+INSTANTIATE_TEST_SUITE_P(FrmSconti, EachRow, testing::Values(DiscountRows()));
 
 class FrmScontiTest : public FormFixture {
  protected:
@@ -63,16 +95,6 @@ TEST_F(FrmScontiTest, CaptionsComeFromTheLanguage) {
     EXPECT_EQ(LabelText(Element("Label11", n)), caption);
     EXPECT_EQ(Find(Element("HScroll1", n)).accessibleName().toStdString(), caption);
     EXPECT_EQ(Find(Element("Text1", n)).accessibleName().toStdString(), caption);
-  }
-}
-
-TEST_F(FrmScontiTest, EveryBarSpansTheSignedSixteenBits) {
-  for (int n = 0; n < kRows; ++n) {
-    const Bar& bar = BarOf(Element("HScroll1", n));
-    EXPECT_EQ(bar.minimum(), -32768);
-    EXPECT_EQ(bar.maximum(), 32767);
-    EXPECT_EQ(bar.singleStep(), 1);
-    EXPECT_EQ(bar.pageStep(), 100);
   }
 }
 
@@ -135,23 +157,6 @@ TEST_F(FrmScontiTest, EachRecordShowsOnItsRow) {
   EXPECT_EQ(Written(), Writes{});
 }
 
-TEST_F(FrmScontiTest, AValueThatTheBarCannotHoldIsShownAtItsEnd) {
-  Fill();
-  Arrive(0, 74, 65536);
-  EXPECT_EQ(Shows(30), "655.35");
-  EXPECT_EQ(BarValue(30), 32767);
-}
-
-TEST_F(FrmScontiTest, TheSameRecordsOfOtherBoardsAreForeign) {
-  Fill();
-  for (const int node : {1, 2, 3}) {
-    for (const int record : {44, 73, 74, 311}) Arrive(node, record, 1);
-  }
-  EXPECT_EQ(Shows(0), "0.10");
-  EXPECT_EQ(Shows(29), "0.39");
-  EXPECT_EQ(Shows(30), "0.40");
-}
-
 TEST_F(FrmScontiTest, ADiscountThatComesBeforeItsDecimalsWaitsForThem) {
   Arrive(0, 74, 25);
   EXPECT_EQ(Shows(30), "");
@@ -161,15 +166,6 @@ TEST_F(FrmScontiTest, ADiscountThatComesBeforeItsDecimalsWaitsForThem) {
   Arrive(0, 74, 26);
   EXPECT_TRUE(BarOpen(30));
   EXPECT_FALSE(Enabled("Text1(30)"));
-}
-
-TEST_F(FrmScontiTest, ABarWritesItsRecordAndItsMirror) {
-  Fill();
-  for (int n = 0; n < kRows; ++n) {
-    SCOPED_TRACE(n);
-    BarOf(Element("HScroll1", n)).SetValue(500 - 32768);
-    EXPECT_EQ(Written(), (Writes{{0, 44 + n, 500}, {0, 246 + n, 500}}));
-  }
 }
 
 TEST_F(FrmScontiTest, TheDiscountWithoutACupHasItsMirrorBehindTheOthers) {
@@ -195,36 +191,6 @@ TEST_F(FrmScontiTest, ATypedDiscountIsHeldUntilTheMachineAnswers) {
     EXPECT_TRUE(BarOpen(n));
     EXPECT_EQ(Label(n), "0.05");
   }
-}
-
-TEST_F(FrmScontiTest, TheDiscountThatStandsTypedAgainIsNotHeld) {
-  Fill();
-  Enter("Text1(3)", "0.13");
-  EXPECT_EQ(Written(), Writes{});
-  EXPECT_TRUE(BarOpen(3));
-}
-
-TEST_F(FrmScontiTest, ABadEntryHoldsNothingAndBringsTheOldTextBack) {
-  Fill();
-  for (const char* bad : {"", ".", "x", "-1", "655,36", "0,x"}) {
-    SCOPED_TRACE(bad);
-    Enter("Text1(30)", bad);
-    EXPECT_EQ(Written(), Writes{});
-    EXPECT_EQ(BoxText("Text1(30)"), "0.40");
-    EXPECT_TRUE(BarOpen(30));
-    Focus("Text1(1)");
-  }
-  Enter("Text1(30)", "655,35");
-  EXPECT_EQ(Written(), (Writes{{0, 74, 65535}, {0, 276, 65535}}));
-}
-
-TEST_F(FrmScontiTest, ABoxThatIsLeftIsRestored) {
-  Fill();
-  Type("Text1(3)", "9");
-  Focus("Text1(4)");
-  EXPECT_EQ(BoxText("Text1(3)"), "0.13");
-  EXPECT_EQ(BoxText("Text1(4)"), "");
-  EXPECT_EQ(Written(), Writes{});
 }
 
 TEST_F(FrmScontiTest, TheDecimalSeparatorIsTheLocales) {
