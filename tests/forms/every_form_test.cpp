@@ -1,7 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // What holds for each form of the list.
 #include <QAbstractButton>
+#include <QApplication>
 #include <QSet>
+#include <algorithm>
 
 #include "forms/form_fixture.h"
 #include "forms/form_list.h"
@@ -17,6 +19,10 @@ class EveryForm : public FormFixture, public testing::WithParamInterface<FormEnt
   // The machine sends a 4 for each record that somebody has subscribed: all gates are open, no head is off.
   void SendEverything() {
     for (const Subscription& subscription : Subscribed()) Arrive(subscription.node, subscription.record, 4);
+  }
+  static std::string FocusName() {
+    const QWidget* focus = QApplication::focusWidget();
+    return focus != nullptr ? focus->objectName().toStdString() : "(nothing)";
   }
 };
 
@@ -118,6 +124,36 @@ TEST_P(EveryForm, LeavesTheFocusInAnotherFormWhereItIs) {
     EXPECT_TRUE(Find("Text1(1)").hasFocus());
   }
   EXPECT_EQ(BoxText("Text1(1)"), "1");
+}
+
+// The first control that can be changed, in the order of reading, and another one of the same form.
+struct FirstFocus {
+  const char* form;
+  const char* first;
+  const char* another;
+};
+constexpr FirstFocus kFirstFocus[] = {
+    {"FrmAzione", "Text1(0)", "HScroll1(4)"},   {"FrmDosi", "Label11(0)", "txtVal(6)"},
+    {"FrmPassword", "Text1(0)", "Text1(2)"},    {"FrmPrezzi", "Switch1", "HScroll1(7)"},
+    {"FrmSconti", "Text1(0)", "HScroll1(7)"},   {"FrmTemperatura", "Text1", "HScroll2(3)"},
+    {"FrmTempi", "txtTempi(0)", "HScroll1(3)"},
+};
+
+TEST_P(EveryForm, OpensOnTheFirstControlThatCanBeChangedAndLeavesTheOperatorsChoiceAlone) {
+  const auto* focus = std::ranges::find(kFirstFocus, std::string(GetParam().name), &FirstFocus::form);
+  Open(GetParam().name);
+  SendEverything();
+  if (focus == std::end(kFirstFocus)) {
+    EXPECT_TRUE(form().findChildren<QLineEdit*>().isEmpty() && form().findChildren<Bar*>().isEmpty());
+    return;
+  }
+  EXPECT_TRUE(Find(focus->first).hasFocus()) << FocusName();
+  Focus(focus->another);
+  SendEverything();
+  EXPECT_TRUE(Find(focus->another).hasFocus()) << FocusName();
+  form().InitMessaggi();
+  form().TakeFocus();
+  EXPECT_TRUE(Find(focus->another).hasFocus()) << FocusName();
 }
 
 TEST_P(EveryForm, GivesEachNamedControlANameOfItsOwn) {
