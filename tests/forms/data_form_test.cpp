@@ -2,6 +2,7 @@
 // The mechanics of forms with records, on a small form made for it.
 #include "shell/fields/data_form.h"
 
+#include <QApplication>
 #include <stdexcept>
 
 #include "forms/form_fixture.h"
@@ -239,6 +240,15 @@ TEST_F(DataFormTest, ClosingReleasesTheMirrorsToo) {
   OpenTwoRows();
   Close();
   EXPECT_EQ(Subscribed(), (std::vector<Subscription>{{1, 509, 1}}));
+}
+
+TEST_F(DataFormTest, GivesNoFocusOnceTheOperatorHasBeenIn) {
+  OpenTwoRows();
+  Focus("HScroll1(2)");
+  Arrive(1, 31, 1);
+  Find("HScroll1(2)").clearFocus();
+  for (int i = 0; i < 3; ++i) Arrive(1, 31, 1);
+  EXPECT_EQ(QApplication::focusWidget(), nullptr);
 }
 
 TEST_F(DataFormTest, ABoxWithTheFocusOutlivesNoForm) {
