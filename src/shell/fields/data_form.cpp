@@ -103,19 +103,23 @@ void DataForm::SLabelChange(std::int32_t index, double value) {
 
 void DataForm::TakeFocus() {
   const QWidget* const focus = QApplication::focusWidget();
-  if (focus != nullptr && body_->isAncestorOf(focus)) {
+  const bool inside = focus != nullptr && body_->isAncestorOf(focus);
+  // While all rows are grey the window system finds nothing but the tabs to give the focus to.
+  const bool on_tabs = inside && focus->inherits("QTabBar");
+  if (inside && !on_tabs) {
     focus_to_give_ = false;
   }
   const auto* frame = qobject_cast<const QMdiSubWindow*>(parentWidget());
   const bool in_front = frame != nullptr && frame->mdiArea() != nullptr &&
                         frame->mdiArea()->currentSubWindow() == frame && isVisible();
   // Nobody has the focus, or a frame around this form has it.
-  const bool free = focus == nullptr || focus == this || focus->isAncestorOf(this);
+  const bool free = focus == nullptr || focus == this || on_tabs || focus->isAncestorOf(this);
   if (!focus_to_give_ || Loading || !in_front || !free) {
     return;
   }
   for (QWidget* next = body_->nextInFocusChain(); next != body_; next = next->nextInFocusChain()) {
-    const bool changes_something = (next->focusPolicy() & Qt::TabFocus) != 0 && !next->inherits("QTabBar");
+    const bool changes_something = (next->focusPolicy() & Qt::TabFocus) != 0 && !next->inherits("QTabBar") &&
+                                   !next->inherits("QTabWidget");
     if (changes_something && body_->isAncestorOf(next) && next->isVisible() && next->isEnabled()) {
       focus_to_give_ = false;
       next->setFocus(Qt::OtherFocusReason);
