@@ -2,6 +2,8 @@
 // Windows of counters, on tables made for it: what the tables can say beyond what the shipped windows use.
 #include "shell/fields/counters_form.h"
 
+#include <QCoreApplication>
+
 #include "forms/form_fixture.h"
 #include "shell/caption_table.h"
 #include "store/parameter_table.h"
@@ -89,6 +91,14 @@ TEST_F(CountersFormTest, CountersLieRowByRowInTheirColumns) {
   EXPECT_GT(Place("Label4(6)").left(), Place("Label4(5)").right());
   EXPECT_GT(Place("Label4(7)").top(), Place("Label4(5)").top());
   EXPECT_EQ(Place("Label4(7)").left(), Place("Label4(5)").left());
+}
+
+TEST_F(CountersFormTest, SmallCountersTakeTheRoomOfSevenDigits) {
+  Arrive(2, 10, 0);
+  Arrive(2, 11, 1234567);
+  QCoreApplication::processEvents();
+  EXPECT_EQ(Place("Label4(5)").width(), Place("Label4(6)").width());
+  EXPECT_GE(Place("Label4(6)").width(), Find("Label4(6)").sizeHint().width());
 }
 
 TEST_F(CountersFormTest, TheRefreshReadsAllThatIsWatchedAnew) {
