@@ -48,6 +48,7 @@ DosiControls::DosiControls(QWidget* body, FieldRows& dose_rows, BitRows& propert
   label7->setObjectName("Label7");
   selection->setObjectName("HScroll7");
   selection->SetSpan(0, kSelections - 1, 3);
+  selection->SetValue(0);
   for (int n = 0; n < kSelections; ++n) {
     keypad->Key(n).setObjectName(ControlArray{"Label11"}[n]);
   }

@@ -52,6 +52,7 @@ FrmAzione::FrmAzione()
   const QScopedValueRollback guard(InArrival, true);
   for (int n = 0; n < rows_.size(); ++n) {
     rows_[n].bar().SetValue(kFirstPosition);
+    rows_[n].bar().SetKnown(false);
   }
 }
 

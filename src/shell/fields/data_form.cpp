@@ -293,7 +293,8 @@ void DataForm::Forget(int node) {
   MapArrivals();
 }
 
-// A form that has closed lives on until the event loop is back where it was closed: its timers may still fire.
+// A form that has closed lives on until the event loop is back where it was closed: its timers may still
+// fire.
 void DataForm::Refresh() {
   if (!open_) {
     return;
