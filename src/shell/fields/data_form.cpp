@@ -65,7 +65,7 @@ void DataForm::InitMessaggi() {
     // Each kind of control has a name of its own for what it says.
     each.control->setProperty(each.control->inherits("QGroupBox") ? "title" : "text", text);
   }
-  TakeFocus();
+  GiveFocus();
 }
 
 // A box that is left because its form closes confirms nothing.
@@ -97,11 +97,20 @@ void DataForm::SLabelChange(std::int32_t index, double value) {
   }
   AfterArrival();
   if (focus_to_give_) {
-    TakeFocus();
+    GiveFocus();
   }
 }
 
+// The frame puts the focus on tabs that change nothing, before anybody has chosen them.
 void DataForm::TakeFocus() {
+  QWidget* const focus = QApplication::focusWidget();
+  if (focus != nullptr && focus->inherits("QTabBar") && body_->isAncestorOf(focus)) {
+    focus->clearFocus();
+  }
+  GiveFocus();
+}
+
+void DataForm::GiveFocus() {
   const QWidget* const focus = QApplication::focusWidget();
   if (focus != nullptr && body_->isAncestorOf(focus)) {
     focus_to_give_ = false;
@@ -115,7 +124,8 @@ void DataForm::TakeFocus() {
     return;
   }
   for (QWidget* next = body_->nextInFocusChain(); next != body_; next = next->nextInFocusChain()) {
-    const bool changes_something = (next->focusPolicy() & Qt::TabFocus) != 0 && !next->inherits("QTabBar");
+    const bool tabs = next->inherits("QTabBar") || next->inherits("QTabWidget");
+    const bool changes_something = (next->focusPolicy() & Qt::TabFocus) != 0 && !tabs;
     if (changes_something && body_->isAncestorOf(next) && next->isVisible() && next->isEnabled()) {
       focus_to_give_ = false;
       next->setFocus(Qt::OtherFocusReason);
@@ -289,7 +299,8 @@ void DataForm::Forget(int node) {
   MapArrivals();
 }
 
-// A form that has closed lives on until the event loop is back where it was closed: its timers may still fire.
+// A form that has closed lives on until the event loop is back where it was closed: its timers may still
+// fire.
 void DataForm::Refresh() {
   if (!open_) {
     return;

@@ -59,8 +59,8 @@ class DataForm : public Form {
 
   void SLabelChange(std::int32_t index, double value) override;
 
-  // Gives the focus to the first control that can be changed, once in the form's life, as soon as the form is
-  // open for changes and in front. An operator who has put it anywhere else keeps it there.
+  // Has the focus given to the first control that can be changed, once in the form's life, as soon as the
+  // form is open for changes and in front. An operator who has put it anywhere else keeps it there.
   void TakeFocus() override;
 
   QSize sizeHint() const override;
@@ -139,6 +139,7 @@ class DataForm : public Form {
   void HearTwice(Heard& heard, const Heard& more);
   void TakeArrival(int slot, double value);
   void CountArrival();
+  void GiveFocus();
   void SubscribeAll();
   void Release(const Heard& heard) const;
   void ShowProgress();
