@@ -164,7 +164,7 @@ TEST_F(FrmDosiTest, OnlyTheSelectionShownIsHeard) {
   OpenLoaded();
   Click("Label11(5)");
   Arrive(1, 148, 99);
-  EXPECT_EQ(LabelText("lblVal(0)"), "7");
+  EXPECT_EQ(LabelText("lblVal(0)"), "");
   Arrive(1, 153, 88);
   EXPECT_EQ(LabelText("lblVal(0)"), "88");
 }
@@ -411,6 +411,20 @@ TEST_F(FrmDosiTest, TheTabKeyFollowsTheRows) {
     QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
     EXPECT_TRUE(Find(next).hasFocus()) << next;
   }
+}
+
+TEST_F(FrmDosiTest, TheValuesOfAnotherSelectionAreEmptyUntilTheyArrive) {
+  OpenLoaded();
+  Click("Label11(2)");
+  for (int n = 0; n < 14; ++n) {
+    EXPECT_EQ(LabelText(Element("lblVal", n)), "") << n;
+    EXPECT_EQ(BoxText(Element("txtVal", n)), "") << n;
+  }
+  Arrive(1, 148 + 2, 55);
+  EXPECT_EQ(LabelText("lblVal(0)"), "55");
+  EXPECT_EQ(BoxText("txtVal(0)"), "55");
+  EXPECT_EQ(LabelText("lblVal(1)"), "");
+  EXPECT_EQ(Written(), Writes{});
 }
 
 TEST_F(FrmDosiTest, AClosedFormReleasesTheSelectionShown) {

@@ -42,6 +42,8 @@ void FieldRows::SetShift(int shift) {
   for (Row& row : rows_) {
     row.view->echo().Clear();
     row.arrived.reset();
+    row.view->value().clear();
+    row.view->TakeValueText();
   }
 }
 
