@@ -96,7 +96,9 @@ MDIForm1::MDIForm1(const Settings& settings, std::span<const FormEntry> forms)
   });
   auto* to_menu = new QShortcut(Qt::Key_F10, this);
   connect(to_menu, &QShortcut::activated, bar_, &MenuBar::Enter);
-  auto* close = new QShortcut(QKeySequence::Close, this);
+  // The desktop's own key for closing is one of these two, or both.
+  auto* close = new QShortcut(this);
+  close->setKeys({QKeySequence(Qt::CTRL | Qt::Key_F4), QKeySequence(Qt::CTRL | Qt::Key_W)});
   connect(close, &QShortcut::activated, area_, &QMdiArea::closeActiveSubWindow);
 }
 

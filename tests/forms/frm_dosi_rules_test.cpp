@@ -480,6 +480,20 @@ TEST_F(FrmDosiTest, TheTabKeyFollowsTheRows) {
   }
 }
 
+TEST_F(FrmDosiTest, TheValuesOfAnotherSelectionAreEmptyUntilTheyArrive) {
+  OpenLoaded();
+  Click("Label11(2)");
+  for (int n = 0; n < 14; ++n) {
+    EXPECT_EQ(LabelText(Element("lblVal", n)), "") << n;
+    EXPECT_EQ(BoxText(Element("txtVal", n)), "") << n;
+  }
+  Arrive(1, 148 + 2, 55);
+  EXPECT_EQ(LabelText("lblVal(0)"), "55");
+  EXPECT_EQ(BoxText("txtVal(0)"), "55");
+  EXPECT_EQ(LabelText("lblVal(1)"), "");
+  EXPECT_EQ(Written(), Writes{});
+}
+
 TEST_F(FrmDosiTest, AClosedFormReleasesTheSelectionShown) {
   OpenLoaded();
   Click("Label11(9)");

@@ -283,6 +283,17 @@ TEST_F(FrmTempiTest, TheBoxesOfAUnitStandInLineInEveryLanguage) {
   }
 }
 
+TEST_F(FrmTempiTest, OpensOnItsFirstTimeAndNotOnTheTabs) {
+  Open();
+  ASSERT_TRUE(Tabs().tabBar()->hasFocus());
+  form().TakeFocus();
+  for (const int gate : {312, 313, 357}) Arrive(0, gate, 4);
+  ArriveMain();
+  ArriveZeth(2);
+  ArriveZeth(3);
+  EXPECT_TRUE(Find("txtTempi(0)").hasFocus());
+}
+
 TEST_F(FrmTempiTest, TheTabKeyFollowsTheRows) {
   OpenLoaded();
   Focus("SSTab1");

@@ -35,6 +35,17 @@ TEST(ReadablePalette, KeepsGreyedMenusReadableInLightAndDark) {
   }
 }
 
+TEST(ReadablePalette, KeepsTheValueBehindAnEntryReadableInLightAndDark) {
+  for (const QColor window : {QColor(239, 239, 239), QColor(42, 46, 50)}) {
+    QPalette faint(window, window);
+    faint.setColor(QPalette::PlaceholderText, QColor(0, 0, 0, 128));
+    const QPalette palette = ReadablePalette(faint);
+    EXPECT_GE(Contrast(palette.color(QPalette::PlaceholderText), palette.color(QPalette::Base)), 4.5);
+    EXPECT_EQ(palette.color(QPalette::PlaceholderText).alpha(), 255);
+    EXPECT_NE(palette.color(QPalette::PlaceholderText), palette.color(QPalette::Text));
+  }
+}
+
 TEST(DressApplication, KeepsTheValuesOfAClosedFormReadable) {
   const QPalette before = QApplication::palette();
   DressApplication();

@@ -129,5 +129,10 @@ TEST_F(MenuKeys, CloseAFormThatHasNotTheFocus) {
   Await([&] { return FindForm("FrmAzione") == nullptr; }, "the form to close");
 }
 
+TEST_F(MenuKeys, CloseAFormByTheOtherKeyOnEveryDesktop) {
+  Press({"ctrl+F4"});
+  Await([&] { return FindForm("FrmAzione") == nullptr; }, "the form to close");
+}
+
 }  // namespace
 }  // namespace dosmara
