@@ -43,8 +43,9 @@ class TwoRows : public DataForm {
   explicit TwoRows(Gate::WhileLoading while_loading = Gate::WhileLoading::kStored)
       : DataForm({.name = "TwoRows", .title = 47, .opens_after = 2, .also_released = kMirrors}),
         gate{.record = 312, .while_loading = while_loading},
-        rows(NewRows({.caption = {"Label2"}, .value = {"Label1", 1}, .box = {"Text1", 1}, .bar = {"HScroll1", 1}},
-                     kRows)) {
+        rows(NewRows(
+            {.caption = {"Label2"}, .value = {"Label1", 1}, .box = {"Text1", 1}, .bar = {"HScroll1", 1}},
+            kRows)) {
     auto* grid = new QGridLayout(Body());
     rows.PlaceInColumns(*grid, 1);
     Watch(rows);
@@ -325,20 +326,6 @@ TEST(RecordsTest, BitsOfARecordThatIsTooWideAreItsLowOnes) {
   EXPECT_EQ(LowBits(4294967295.0), 2147483647);
   EXPECT_EQ(LowBits(4294967300.0), 4);
   EXPECT_EQ(LowBits(18446744073709551616.0), 0);
-}
-
-TEST_F(DataFormTest, ABitByteKeepsItsOtherBits) {
-  BitByte byte({.node = 2, .record = 59, .mirror = 274});
-  Arrive(2, 59, 0b10100001);
-  byte.Take(0b10100001);
-  EXPECT_TRUE(byte.Has(1));
-  EXPECT_FALSE(byte.Has(2));
-  EXPECT_TRUE(byte.Write(2, 2));
-  EXPECT_EQ(Written(), (Writes{{2, 59, 0b10100011}, {2, 274, 0b10100011}}));
-  EXPECT_TRUE(byte.Write(1, 0));
-  EXPECT_EQ(Written(), (Writes{{2, 59, 0b10100010}, {2, 274, 0b10100010}}));
-  EXPECT_TRUE(byte.Write(1, 0));
-  EXPECT_EQ(Written(), (Writes{{2, 59, 0b10100010}, {2, 274, 0b10100010}}));
 }
 
 }  // namespace
