@@ -6,6 +6,7 @@
 #include "forms/beverage/frm_dosi.h"
 #include "forms/beverage/frm_temperatura.h"
 #include "forms/beverage/frm_tempi.h"
+#include "forms/selling/frm_pagamento.h"
 #include "forms/selling/frm_prezzi.h"
 #include "forms/selling/frm_sconti.h"
 #include "shell/frm_info.h"
@@ -16,11 +17,17 @@ namespace dosmara {
 namespace {
 
 constexpr FormEntry kForms[] = {
-    {"FrmAzione", CreateForm<FrmAzione>}, {"FrmBattute", [] { return NewSelectionCounters(SoldAs::kPaid); }},
-    {"FrmDosi", CreateForm<FrmDosi>},     {"FrmGratis", [] { return NewSelectionCounters(SoldAs::kFree); }},
-    {"FrmInfo", CreateForm<FrmInfo>},     {"FrmPassword", CreateForm<FrmPassword>},
-    {"FrmPrezzi", CreateForm<FrmPrezzi>}, {"FrmProva", [] { return NewSelectionCounters(SoldAs::kTest); }},
-    {"FrmSconti", CreateForm<FrmSconti>}, {"FrmTemperatura", CreateForm<FrmTemperatura>},
+    {"FrmAzione", CreateForm<FrmAzione>},
+    {"FrmBattute", [] { return NewSelectionCounters(SoldAs::kPaid); }},
+    {"FrmDosi", CreateForm<FrmDosi>},
+    {"FrmGratis", [] { return NewSelectionCounters(SoldAs::kFree); }},
+    {"FrmInfo", CreateForm<FrmInfo>},
+    {"FrmPagamento", CreateForm<FrmPagamento>},
+    {"FrmPassword", CreateForm<FrmPassword>},
+    {"FrmPrezzi", CreateForm<FrmPrezzi>},
+    {"FrmProva", [] { return NewSelectionCounters(SoldAs::kTest); }},
+    {"FrmSconti", CreateForm<FrmSconti>},
+    {"FrmTemperatura", CreateForm<FrmTemperatura>},
     {"FrmTempi", CreateForm<FrmTempi>},
 };
 

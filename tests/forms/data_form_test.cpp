@@ -363,19 +363,5 @@ TEST(RecordsTest, BitsOfARecordThatIsTooWideAreItsLowOnes) {
   EXPECT_EQ(LowBits(18446744073709551616.0), 0);
 }
 
-TEST_F(DataFormTest, ABitByteKeepsItsOtherBits) {
-  BitByte byte({.node = 2, .record = 59, .mirror = 274});
-  Arrive(2, 59, 0b10100001);
-  byte.Take(0b10100001);
-  EXPECT_TRUE(byte.Has(1));
-  EXPECT_FALSE(byte.Has(2));
-  EXPECT_TRUE(byte.Write(2, 2));
-  EXPECT_EQ(Written(), (Writes{{2, 59, 0b10100011}, {2, 274, 0b10100011}}));
-  EXPECT_TRUE(byte.Write(1, 0));
-  EXPECT_EQ(Written(), (Writes{{2, 59, 0b10100010}, {2, 274, 0b10100010}}));
-  EXPECT_TRUE(byte.Write(1, 0));
-  EXPECT_EQ(Written(), (Writes{{2, 59, 0b10100010}, {2, 274, 0b10100010}}));
-}
-
 }  // namespace
 }  // namespace dosmara

@@ -126,6 +126,23 @@ TEST(ParseTenths, OfAWholeNumberRowIsAsOddAsItHasToBe) {
   Expect(ParseTenths, 0, 10, {{u"1", 10}, {u"1.1", kBad}});
 }
 
+TEST(ParseTenthsFrom, LooksAtTheMinimumToo) {
+  Expect(ParseTenthsFrom, 20, 250,
+         {{u"2", 20},
+          {u"25", 250},
+          {u"26", kBad},
+          {u"1", kBad},
+          {u"1,9", kBad},
+          {u"2,0", 20},
+          {u"2.5", 25},
+          {u"2,55", 25},
+          {u"25,1", kBad},
+          {u"0020x", 200},
+          {u"", kBad},
+          {u"2,", kBad},
+          {u"x", kBad}});
+}
+
 TEST(ParseDelta, IsADigitOrADigitAndATenth) {
   Expect(ParseDelta, 10, 50,
          {{u"3", 30},

@@ -31,6 +31,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
       RequireWithin(ParseMoney(text, 0, max, decimals), 0, max);
     }
   }
+  RequireWithin(ParseTenthsFrom(text, 20, 250), 20, 250);
   RequireWithin(ParseDelta(text, 10, 50), 10, 50);
   RequireWithin(ParseOffset(text, 0, 0), 0, 10);
   Require(!ParseInt(text, 0, 999) || !text.isEmpty());
