@@ -197,6 +197,27 @@ TEST_F(DataFormTest, AGateMayCountOnlyItsChanges) {
   EXPECT_FALSE(form.IsLoading());
 }
 
+TEST_F(DataFormTest, AGateMayBeFollowedWhileLoadingAndCountItsChanges) {
+  TwoRows& form = OpenTwoRows(Gate::WhileLoading::kFollowedAndCounted);
+  for (int i = 0; i < 9; ++i) Arrive(0, 312, 255);
+  EXPECT_EQ(form.followed, 0);
+  Arrive(0, 312, 0);
+  EXPECT_EQ(form.followed, 1);
+  Arrive(0, 312, 4);
+  Arrive(0, 312, 4);
+  EXPECT_EQ(form.followed, 2);
+  EXPECT_TRUE(form.IsLoading());
+  Arrive(0, 312, 0);
+  EXPECT_FALSE(form.IsLoading());
+}
+
+TEST_F(DataFormTest, AGateThatIsFollowedWhileLoadingMayCountNothing) {
+  TwoRows& form = OpenTwoRows(Gate::WhileLoading::kFollowed);
+  for (const int flags : {0, 4, 0, 4}) Arrive(0, 312, flags);
+  EXPECT_EQ(form.followed, 4);
+  EXPECT_TRUE(form.IsLoading());
+}
+
 TEST_F(DataFormTest, AfterLoadingAGateFollowsItsChangesOnly) {
   TwoRows& form = OpenTwoRows();
   for (int i = 0; i < 3; ++i) Arrive(0, 312, 4);
