@@ -280,6 +280,14 @@ TEST_F(FieldRowsTest, ANumberFollowsTheCaptionBehindABlank) {
   EXPECT_EQ(LabelText("Label2(1)"), "#230");
 }
 
+TEST_F(FieldRowsTest, ARowWithoutALineKeepsTheCaptionThatItWasGiven) {
+  constexpr FieldRow kOne[] = {{.record = 28, .max = 9, .text = WholeText}};
+  FieldRows rows(&form(), {.caption = {"Label6"}, .value = {"Label10"}, .box = {}, .bar = {"HScroll9"}}, kOne, in_arrival_);
+  rows[0].SetCaption("Bricco 1");
+  rows.SetCaptions();
+  EXPECT_EQ(LabelText("Label6(0)"), "Bricco 1");
+}
+
 TEST_F(FieldRowsTest, AClampedRowShowsNothingThatItsBarCannotHold) {
   rows_.Show(0, 17);
   EXPECT_EQ(LabelText("Label1(0)"), "16");
@@ -346,6 +354,23 @@ TEST(RecordsTest, BitsOfARecordThatIsTooWideAreItsLowOnes) {
   EXPECT_EQ(LowBits(4294967295.0), 2147483647);
   EXPECT_EQ(LowBits(4294967300.0), 4);
   EXPECT_EQ(LowBits(18446744073709551616.0), 0);
+}
+
+TEST_F(DataFormTest, SwitchesHaveTheWordsOfTheLanguageOnceTheyAreTold) {
+  TwoRows& form = OpenTwoRows();
+  constexpr BitRecord kByte[] = {{.node = 0, .record = 83, .mirror = 285}};
+  constexpr BitRow kSwitch[] = {{.line = 194, .mask = 2, .index = 14}};
+  const bool in_arrival = false;
+  BitRows rows(kByte, kSwitch, in_arrival);
+  rows.MakeSwitches(&form, {"Label1"}, {"SwitchX1"});
+  rows.SetCaptions();
+  rows.Take(0, 2);
+  EXPECT_EQ(rows.control(0).accessibleDescription(), "");
+  rows.SetWords(222, 221);
+  rows.SetCaptions();
+  EXPECT_EQ(rows.control(0).accessibleDescription(), "#221");
+  rows.Take(0, 0);
+  EXPECT_EQ(rows.control(0).accessibleDescription(), "#222");
 }
 
 TEST_F(DataFormTest, ABitByteKeepsItsOtherBits) {

@@ -61,8 +61,16 @@ void BitRows::SetEnabled(bool enabled) {
   }
 }
 
+void BitRows::SetWords(int off, int on) {
+  off_line_ = off;
+  on_line_ = on;
+}
+
 void BitRows::SetCaptions() {
   for (const Row& row : rows_) {
+    if (off_line_ != 0) {
+      row.control->SetPositionTexts(Caption(off_line_) + ',' + Caption(on_line_));
+    }
     if (row.bit.line != 0) {
       row.caption->setText(Caption(row.bit.line));
       row.control->setAccessibleName(Caption(row.bit.line));

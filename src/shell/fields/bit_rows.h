@@ -73,6 +73,8 @@ class BitRows {
   void Bind(int n, std::function<void(bool on)> show) { rows_[n].show = std::move(show); }
   // Gives each row a caption, a switch that writes it, and a mark. They become children of `parent`.
   void MakeSwitches(QWidget* parent, const ControlArray& captions, const ControlArray& switches);
+  // Gives the switches words for off and on: lines of the language file.
+  void SetWords(int off, int on);
   FieldLabel& caption(int n) { return *rows_[n].caption; }
   TwoPositionSwitch& control(int n) { return *rows_[n].control; }
   EchoMark& mark(int n) { return *rows_[n].mark; }
@@ -106,6 +108,8 @@ class BitRows {
   std::vector<Row> rows_;
   const bool& in_arrival_;
   bool putting_back_ = false;  // a switch goes back to where it was
+  int off_line_ = 0;           // words of the switches; 0: none
+  int on_line_ = 0;
 };
 
 }  // namespace dosmara

@@ -11,7 +11,7 @@ namespace dosmara {
 // Everything that a row is. Read by the layout, the captions, the subscription, the arrival, the entry and
 // the write. What does not apply is left out.
 struct FieldRow {
-  int line = 0;              // caption, line of the language file; 0: none
+  int line = 0;              // caption, line of the language file; 0: none, or what the form gives it
   int number = 0;            // follows the caption behind a blank; 0: none
   int node = 0;              // where the record lies
   int record = 0;            // read and written
