@@ -43,8 +43,9 @@ class TwoRows : public DataForm {
   explicit TwoRows(Gate::WhileLoading while_loading = Gate::WhileLoading::kStored)
       : DataForm({.name = "TwoRows", .title = 47, .opens_after = 2, .also_released = kMirrors}),
         gate{.record = 312, .while_loading = while_loading},
-        rows(NewRows({.caption = {"Label2"}, .value = {"Label1", 1}, .box = {"Text1", 1}, .bar = {"HScroll1", 1}},
-                     kRows)) {
+        rows(NewRows(
+            {.caption = {"Label2"}, .value = {"Label1", 1}, .box = {"Text1", 1}, .bar = {"HScroll1", 1}},
+            kRows)) {
     auto* grid = new QGridLayout(Body());
     rows.PlaceInColumns(*grid, 1);
     Watch(rows);
@@ -354,37 +355,6 @@ TEST(RecordsTest, BitsOfARecordThatIsTooWideAreItsLowOnes) {
   EXPECT_EQ(LowBits(4294967295.0), 2147483647);
   EXPECT_EQ(LowBits(4294967300.0), 4);
   EXPECT_EQ(LowBits(18446744073709551616.0), 0);
-}
-
-TEST_F(DataFormTest, SwitchesHaveTheWordsOfTheLanguageOnceTheyAreTold) {
-  TwoRows& form = OpenTwoRows();
-  constexpr BitRecord kByte[] = {{.node = 0, .record = 83, .mirror = 285}};
-  constexpr BitRow kSwitch[] = {{.line = 194, .mask = 2, .index = 14}};
-  const bool in_arrival = false;
-  BitRows rows(kByte, kSwitch, in_arrival);
-  rows.MakeSwitches(&form, {"Label1"}, {"SwitchX1"});
-  rows.SetCaptions();
-  rows.Take(0, 2);
-  EXPECT_EQ(rows.control(0).accessibleDescription(), "");
-  rows.SetWords(222, 221);
-  rows.SetCaptions();
-  EXPECT_EQ(rows.control(0).accessibleDescription(), "#221");
-  rows.Take(0, 0);
-  EXPECT_EQ(rows.control(0).accessibleDescription(), "#222");
-}
-
-TEST_F(DataFormTest, ABitByteKeepsItsOtherBits) {
-  BitByte byte({.node = 2, .record = 59, .mirror = 274});
-  Arrive(2, 59, 0b10100001);
-  byte.Take(0b10100001);
-  EXPECT_TRUE(byte.Has(1));
-  EXPECT_FALSE(byte.Has(2));
-  EXPECT_TRUE(byte.Write(2, 2));
-  EXPECT_EQ(Written(), (Writes{{2, 59, 0b10100011}, {2, 274, 0b10100011}}));
-  EXPECT_TRUE(byte.Write(1, 0));
-  EXPECT_EQ(Written(), (Writes{{2, 59, 0b10100010}, {2, 274, 0b10100010}}));
-  EXPECT_TRUE(byte.Write(1, 0));
-  EXPECT_EQ(Written(), (Writes{{2, 59, 0b10100010}, {2, 274, 0b10100010}}));
 }
 
 }  // namespace
