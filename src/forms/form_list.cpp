@@ -6,6 +6,7 @@
 #include "forms/beverage/frm_dosi.h"
 #include "forms/beverage/frm_temperatura.h"
 #include "forms/beverage/frm_tempi.h"
+#include "forms/selling/frm_opzioni.h"
 #include "forms/selling/frm_prezzi.h"
 #include "forms/selling/frm_sconti.h"
 #include "shell/frm_info.h"
@@ -21,6 +22,7 @@ constexpr FormEntry kForms[] = {
     {"FrmDosi", CreateForm<FrmDosi>},
     {"FrmGratis", [] { return NewSelectionCounters(SoldAs::kFree); }},
     {"FrmInfo", CreateForm<FrmInfo>},
+    {"FrmOpzioni", CreateForm<FrmOpzioni>},
     {"FrmPassword", CreateForm<FrmPassword>},
     {"FrmPrezzi", CreateForm<FrmPrezzi>},
     {"FrmProva", [] { return NewSelectionCounters(SoldAs::kTest); }},
