@@ -147,10 +147,14 @@ QGroupBox* FrmOpzioni::NewVersions() {
 }
 
 void FrmOpzioni::AddHeading(QGridLayout& grid, const char* off, const char* on) {
+  FieldLabel* const words[] = {NewLabel(off, kOffLine), NewLabel(on, kOnLine)};
+  for (FieldLabel* word : words) {
+    word->SetQuiet(true);
+  }
   auto* heading = new QHBoxLayout;
-  heading->addWidget(NewLabel(off, kOffLine));
+  heading->addWidget(words[0]);
   heading->addStretch();
-  heading->addWidget(NewLabel(on, kOnLine));
+  heading->addWidget(words[1]);
   grid.addLayout(heading, 0, 1);
 }
 
