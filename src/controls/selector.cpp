@@ -97,9 +97,19 @@ void Selector::Take(int position) {
   }
 }
 
+void Selector::Choose(int position) {
+  if (position < 0 || position >= PositionCount() || (known_ && position == position_)) {
+    return;
+  }
+  SetKnown(true);
+  position_ = position;
+  Describe();
+  emit Changed(position);
+}
+
 void Selector::MoveBy(int steps) {
   if (steps != 0) {
-    SetPosition(std::clamp(position_ + steps, 0, std::max(0, PositionCount() - 1)));
+    Choose(std::clamp(position_ + steps, 0, std::max(0, PositionCount() - 1)));
   }
 }
 
@@ -153,10 +163,10 @@ void Selector::keyPressEvent(QKeyEvent* event) {
       MoveBy(-1);
       break;
     case Qt::Key_Home:
-      SetPosition(0);
+      Choose(0);
       break;
     case Qt::Key_End:
-      SetPosition(PositionCount() - 1);
+      Choose(PositionCount() - 1);
       break;
     default:
       QWidget::keyPressEvent(event);
@@ -170,7 +180,7 @@ void Selector::mousePressEvent(QMouseEvent* event) {
 void Selector::mouseReleaseEvent(QMouseEvent* event) {
   const int segment = SegmentAt(event->position().toPoint());
   if (event->button() == Qt::LeftButton && segment == pressed_) {
-    SetPosition(segment);
+    Choose(segment);
   }
   pressed_ = -1;
 }

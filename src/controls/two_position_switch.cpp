@@ -43,6 +43,15 @@ void TwoPositionSwitch::SetPosition(int position) {
   setChecked(position != 0);
 }
 
+void TwoPositionSwitch::Choose(int position) {
+  if (known_ || position != Position()) {
+    SetPosition(position);
+  } else {
+    SetKnown(true);
+    emit Changed(position);
+  }
+}
+
 void TwoPositionSwitch::SetKnown(bool known) {
   if (known != known_) {
     known_ = known;
@@ -72,7 +81,7 @@ QSize TwoPositionSwitch::sizeHint() const {
 
 void TwoPositionSwitch::keyPressEvent(QKeyEvent* event) {
   if (event->key() == Qt::Key_Left || event->key() == Qt::Key_Right) {
-    setChecked(event->key() == Qt::Key_Right);  // towards where it lies already makes nothing known
+    Choose(event->key() == Qt::Key_Right ? 1 : 0);
   } else {
     QAbstractButton::keyPressEvent(event);
   }

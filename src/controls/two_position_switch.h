@@ -56,6 +56,8 @@ class TwoPositionSwitch : public QAbstractButton {
 
  private:
   void Describe();
+  // The operator chooses a position; while it is not known, either is a change.
+  void Choose(int position);
 
   QString text_[2];
   bool known_ = false;

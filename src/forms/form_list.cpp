@@ -6,6 +6,7 @@
 #include "forms/beverage/frm_dosi.h"
 #include "forms/beverage/frm_temperatura.h"
 #include "forms/beverage/frm_tempi.h"
+#include "forms/selling/frm_opzioni.h"
 #include "forms/selling/frm_pagamento.h"
 #include "forms/selling/frm_prezzi.h"
 #include "forms/selling/frm_sconti.h"
@@ -23,6 +24,7 @@ constexpr FormEntry kForms[] = {
     {"FrmGratis", [] { return NewSelectionCounters(SoldAs::kFree); }},
     {"FrmInfo", CreateForm<FrmInfo>},
     {"FrmPagamento", CreateForm<FrmPagamento>},
+    {"FrmOpzioni", CreateForm<FrmOpzioni>},
     {"FrmPassword", CreateForm<FrmPassword>},
     {"FrmPrezzi", CreateForm<FrmPrezzi>},
     {"FrmProva", [] { return NewSelectionCounters(SoldAs::kTest); }},

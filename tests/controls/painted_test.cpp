@@ -64,11 +64,21 @@ TEST_F(SwitchTest, ClickAndSpaceMoveIt) {
 }
 
 TEST_F(SwitchTest, LeftAndRightChooseAPosition) {
+  switch_.SetPosition(0);
   QTest::keyClick(&switch_, Qt::Key_Left);
   QTest::keyClick(&switch_, Qt::Key_Right);
   QTest::keyClick(&switch_, Qt::Key_Right);
   QTest::keyClick(&switch_, Qt::Key_Left);
   EXPECT_EQ(changes_, (std::vector<int>{1, 0}));
+}
+
+TEST_F(SwitchTest, WhateverIsChosenWhileThePositionIsNotKnownIsAChange) {
+  QTest::keyClick(&switch_, Qt::Key_Left);
+  EXPECT_EQ(changes_, std::vector<int>{0});
+  EXPECT_TRUE(switch_.IsKnown());
+  switch_.SetKnown(false);
+  QTest::keyClick(&switch_, Qt::Key_Right);
+  EXPECT_EQ(changes_, (std::vector<int>{0, 1}));
 }
 
 TEST_F(SwitchTest, ThePositionThatItHasIsNoChange) {

@@ -118,6 +118,7 @@ TEST_F(SelectorTest, KeysMoveByOneAndToTheEnds) {
 }
 
 TEST_F(SelectorTest, StopsAtTheEnds) {
+  selector_->SetPosition(0);
   QTest::keyClick(selector_, Qt::Key_Left);
   EXPECT_EQ(selector_->Position(), 0);
   selector_->SetPosition(2);
@@ -155,6 +156,15 @@ TEST_F(SelectorTest, IsOneStopOfTab) {
   QTest::keyClick(selector_, Qt::Key_Tab);
   EXPECT_TRUE(other_->hasFocus());
   EXPECT_EQ(selector_->focusPolicy(), Qt::StrongFocus);
+}
+
+TEST_F(SelectorTest, WhateverIsChosenWhileThePositionIsNotKnownIsAChange) {
+  QTest::mouseClick(selector_, Qt::LeftButton, {}, CentreOf(0));
+  EXPECT_TRUE(selector_->IsKnown());
+  selector_->SetKnown(false);
+  QTest::keyClick(selector_, Qt::Key_Home);
+  QTest::keyClick(selector_, Qt::Key_Home);
+  EXPECT_EQ(changes_, (std::vector<int>{0, 0}));
 }
 
 TEST_F(SelectorTest, ThePositionThatItHasIsNoChange) {

@@ -224,6 +224,27 @@ TEST_F(DataFormTest, AGateMayCountOnlyItsChanges) {
   EXPECT_FALSE(form.IsLoading());
 }
 
+TEST_F(DataFormTest, AGateMayBeFollowedWhileLoadingAndCountItsChanges) {
+  TwoRows& form = OpenTwoRows(Gate::WhileLoading::kFollowedAndCounted);
+  for (int i = 0; i < 9; ++i) Arrive(0, 312, 255);
+  EXPECT_EQ(form.followed, 0);
+  Arrive(0, 312, 0);
+  EXPECT_EQ(form.followed, 1);
+  Arrive(0, 312, 4);
+  Arrive(0, 312, 4);
+  EXPECT_EQ(form.followed, 2);
+  EXPECT_TRUE(form.IsLoading());
+  Arrive(0, 312, 0);
+  EXPECT_FALSE(form.IsLoading());
+}
+
+TEST_F(DataFormTest, AGateThatIsFollowedWhileLoadingMayCountNothing) {
+  TwoRows& form = OpenTwoRows(Gate::WhileLoading::kFollowed);
+  for (const int flags : {0, 4, 0, 4}) Arrive(0, 312, flags);
+  EXPECT_EQ(form.followed, 4);
+  EXPECT_TRUE(form.IsLoading());
+}
+
 TEST_F(DataFormTest, AfterLoadingAGateFollowsItsChangesOnly) {
   TwoRows& form = OpenTwoRows();
   for (int i = 0; i < 3; ++i) Arrive(0, 312, 4);
@@ -293,6 +314,14 @@ TEST_F(FieldRowsTest, ANumberFollowsTheCaptionBehindABlank) {
   rows_.SetCaptions();
   EXPECT_EQ(LabelText("Label2(0)"), "#618 8");
   EXPECT_EQ(LabelText("Label2(1)"), "#230");
+}
+
+TEST_F(FieldRowsTest, ARowWithoutALineKeepsTheCaptionThatItWasGiven) {
+  constexpr FieldRow kOne[] = {{.record = 28, .max = 9, .text = WholeText}};
+  FieldRows rows(&form(), {.caption = {"Label6"}, .value = {"Label10"}, .box = {}, .bar = {"HScroll9"}}, kOne, in_arrival_);
+  rows[0].SetCaption("Bricco 1");
+  rows.SetCaptions();
+  EXPECT_EQ(LabelText("Label6(0)"), "Bricco 1");
 }
 
 TEST_F(FieldRowsTest, AClampedRowShowsNothingThatItsBarCannotHold) {

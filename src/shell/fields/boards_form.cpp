@@ -10,7 +10,7 @@ BoardsForm::BoardsForm(const FormSetup& setup, std::span<const BoardFrame> board
     Group& group = groups_.emplace_back(Group{board.node, NewFrame(board.name, board.line), gate});
     group.frame->setEnabled(false);
     group.gate.record = GateRecord(board.node);
-    Watch(group.gate, [this, &group] { Follow(group); });
+    Watch(group.gate, [this, &group] { FollowBoard(group.node, group.gate.Open()); });
   }
 }
 
@@ -23,16 +23,20 @@ FieldRows& BoardsForm::NewBoardRows(const RowStyle& style, std::span<const Field
 
 void BoardsForm::Loaded() {
   for (const Group& group : groups_) {
-    Follow(group);
+    FollowBoard(group.node, group.gate.Open());
   }
 }
 
 // The frame first: as a whole it lets go of the focus, while its rows one by one would pass it on into the
 // boxes of another board and empty them.
-void BoardsForm::Follow(const Group& group) {
-  group.frame->setEnabled(group.gate.Open());
+void BoardsForm::FollowBoard(int node, bool open) {
+  for (const Group& group : groups_) {
+    if (group.node == node) {
+      group.frame->setEnabled(open);
+    }
+  }
   for (FieldRows* rows : board_rows_) {
-    rows->SetOpen(group.node, group.gate.Open());
+    rows->SetOpen(node, open);
   }
 }
 

@@ -31,6 +31,8 @@ class BoardsForm : public DataForm {
   QGroupBox* Frame(std::size_t index) { return groups_[index].frame; }
 
   void Loaded() override;
+  // Opens or closes the frame and the rows of a board: as the form opens, and whenever the board's gate changes.
+  virtual void FollowBoard(int node, bool open);
 
  private:
   struct Group {
@@ -38,8 +40,6 @@ class BoardsForm : public DataForm {
     QGroupBox* frame;
     Gate gate;
   };
-
-  void Follow(const Group& group);
 
   std::vector<Group> groups_;
   std::vector<FieldRows*> board_rows_;

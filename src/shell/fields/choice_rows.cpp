@@ -5,6 +5,7 @@
 
 #include "shell/caption_table.h"
 #include "shell/fields/records.h"
+#include "store/parameter_table.h"
 
 namespace dosmara {
 
@@ -45,17 +46,36 @@ void ChoiceRows::SetCaptions() {
   }
 }
 
+void ChoiceRows::SetWords(int n, const char* words) {
+  Row& row = rows_[n];
+  const QScopedValueRollback guard(drawing_, true);
+  row.control->SetPositionTexts(words);
+  if (row.arrived) {
+    Draw(row);
+  }
+}
+
 void ChoiceRows::Show(int n, double value) {
   Row& row = rows_[n];
+  const BitRecord& written = row.choice.written;
   row.byte.Take(value);
-  const int position = row.choice.position(LowBits(value), row.control->PositionCount());
+  row.arrived = LowBits(value);
+  const int position = Draw(row);
+  if (row.choice.read == 0 || position == row.sent || ParamIsFresh(written.record, written.node)) {
+    row.mark->Came(position);
+  }
+}
+
+int ChoiceRows::Draw(const Row& row) {
+  const QScopedValueRollback guard(drawing_, true);
+  const int position = row.choice.position(*row.arrived, row.control->PositionCount());
   row.control->SetPosition(position);
-  row.mark->Came(position);
+  return position;
 }
 
 // A choice that shares its record with other bits waits until those are known, and goes back meanwhile.
 void ChoiceRows::Write(Row& row, int position) {
-  if (in_arrival_ || putting_back_) {
+  if (in_arrival_ || drawing_) {
     return;
   }
   const ChoiceRow& choice = row.choice;
@@ -63,10 +83,10 @@ void ChoiceRows::Write(Row& row, int position) {
   if (choice.mask == kWholeRecord) {
     PutWithMirror(choice.written.node, choice.written.record, choice.written.mirror, bits);
   } else if (!row.byte.Write(choice.mask, bits)) {
-    const QScopedValueRollback guard(putting_back_, true);
     row.control->SetKnown(false);
     return;
   }
+  row.sent = position;
   row.mark->Sent(position);
 }
 

@@ -4,6 +4,7 @@
 
 #include <QGridLayout>
 #include <QWidget>
+#include <optional>
 #include <span>
 #include <vector>
 
@@ -56,7 +57,10 @@ class ChoiceRows {
 
   // Sets the captions from the language.
   void SetCaptions();
-  // Shows an arrived value of row n.
+  // Gives the selector of row n other positions. It shows what has arrived anew.
+  void SetWords(int n, const char* words);
+  // Shows an arrived value of row n. Where a change goes to another record than the one read, a value that
+  // arrives before the change has left says nothing about it.
   void Show(int n, double value);
 
  private:
@@ -66,13 +70,16 @@ class ChoiceRows {
     FieldLabel* caption;
     Selector* control;
     EchoMark* mark;
+    std::optional<int> arrived = std::nullopt;  // what the machine has sent last
+    int sent = -1;                              // position that was chosen last
   };
 
+  int Draw(const Row& row);
   void Write(Row& row, int position);
 
   std::vector<Row> rows_;
   const bool& in_arrival_;
-  bool putting_back_ = false;  // a selector goes back to where it was
+  bool drawing_ = false;  // a selector is moved by the rows, not by the operator
 };
 
 }  // namespace dosmara

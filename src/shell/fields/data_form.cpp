@@ -253,16 +253,18 @@ void DataForm::Watch(Gate& gate, std::function<void()> follow) {
         using WhileLoading = Gate::WhileLoading;
         const int seen = LowBits(value) & gate.mask;
         const bool differs = seen != gate.presence;
-        const bool counts = gate.while_loading == WhileLoading::kCountsChanges
-                                ? differs
-                                : gate.while_loading != WhileLoading::kFollowed;
+        const bool followed = gate.while_loading == WhileLoading::kFollowed ||
+                              gate.while_loading == WhileLoading::kFollowedAndCounted;
+        const bool counts = gate.while_loading == WhileLoading::kStored ||
+                            gate.while_loading == WhileLoading::kIgnored ||
+                            (differs && gate.while_loading != WhileLoading::kFollowed);
         if (!Loading || gate.while_loading != WhileLoading::kIgnored) {
           gate.presence = seen;
         }
         if (counts) {
           CountArrival();
         }
-        if (differs && (!Loading || gate.while_loading == WhileLoading::kFollowed)) {
+        if (differs && (!Loading || followed)) {
           follow();
         }
       },

@@ -78,7 +78,9 @@ void FieldRows::SetOpen(bool open) {
 
 void FieldRows::SetCaptions() {
   for (int n = 0; n < size(); ++n) {
-    rows_[n].view->SetCaption(Numbered(Caption(fields_[n].line), fields_[n].number));
+    if (fields_[n].line != 0) {
+      rows_[n].view->SetCaption(Numbered(Caption(fields_[n].line), fields_[n].number));
+    }
   }
 }
 

@@ -9,10 +9,11 @@ namespace dosmara {
 struct Gate {
   // What an arrival does while the form is loading. Afterwards a change is stored and followed by all.
   enum class WhileLoading {
-    kStored,         // it is stored and counts
-    kIgnored,        // it counts, and is not even looked at
-    kCountsChanges,  // it is stored, and counts when it differs
-    kFollowed,       // a change is followed at once, and nothing counts
+    kStored,              // it is stored and counts
+    kIgnored,             // it counts, and is not even looked at
+    kCountsChanges,       // it is stored, and counts when it differs
+    kFollowed,            // a change is followed at once, and nothing counts
+    kFollowedAndCounted,  // a change is followed at once and counts
   };
 
   int record = 0;
