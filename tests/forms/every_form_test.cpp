@@ -84,13 +84,17 @@ struct Released {
   int times = 1;
 };
 constexpr Released kReleased[] = {
-    {"FrmAzione", 1, 557, 4},         {"FrmAzione", 1, 526, 3}, {"FrmDosi", 1, 512, 3},
-    {"FrmDosi", 1, 516, 3},           {"FrmDosi", 1, 520, 3},   {"FrmDosi", 1, 593, 4},
-    {"FrmPassword", 0, 203, 3},       {"FrmPrezzi", 0, 285, 1}, {"FrmTemperatura", 1, 502, 1},
-    {"FrmTemperatura", 2, 266, 7, 2}, {"FrmTempi", 1, 503, 2},  {"FrmTempi", 1, 508, 3},
-    {"FrmTempi", 1, 562, 1},          {"FrmTempi", 1, 586, 1},  {"FrmTempi", 1, 588, 1},
-    {"FrmTempi", 2, 273, 1},          {"FrmTempi", 2, 310, 18}, {"FrmTempi", 3, 273, 1},
-    {"FrmTempi", 3, 310, 18},
+    {"FrmAzione", 1, 557, 4},         {"FrmAzione", 1, 526, 3},    {"FrmDosi", 1, 512, 3},
+    {"FrmDosi", 1, 516, 3},           {"FrmDosi", 1, 520, 3},      {"FrmDosi", 1, 593, 4},
+    {"FrmPassword", 0, 203, 3},       {"FrmPrezzi", 0, 285, 1},    {"FrmTemperatura", 1, 502, 1},
+    {"FrmTemperatura", 2, 266, 7, 2}, {"FrmTempi", 1, 503, 2},     {"FrmTempi", 1, 508, 3},
+    {"FrmTempi", 1, 562, 1},          {"FrmTempi", 1, 586, 1},     {"FrmTempi", 1, 588, 1},
+    {"FrmTempi", 2, 273, 1},          {"FrmTempi", 2, 310, 18},    {"FrmTempi", 3, 273, 1},
+    {"FrmTempi", 3, 310, 18},         {"FrmPagamento", 0, 206, 8}, {"FrmPagamento", 0, 281, 1},
+    {"FrmPagamento", 0, 285, 3},      {"FrmPagamento", 0, 362, 1}, {"FrmPagamento", 0, 354, 1},
+    {"FrmPagamento", 0, 366, 1},      {"FrmPagamento", 0, 85, 1},  {"FrmOpzioni", 0, 285, 2},
+    {"FrmOpzioni", 0, 279, 2},        {"FrmOpzioni", 0, 360, 1},   {"FrmOpzioni", 1, 524, 2},
+    {"FrmOpzioni", 1, 506, 2},        {"FrmOpzioni", 1, 511, 1},
 };
 
 TEST_P(EveryForm, ReleasesNothingOfOthersButWhatIsMeantToBe) {
@@ -133,10 +137,11 @@ struct FirstFocus {
   const char* another;
 };
 constexpr FirstFocus kFirstFocus[] = {
-    {"FrmAzione", "Text1(0)", "HScroll1(4)"},   {"FrmDosi", "Label11(0)", "txtVal(6)"},
-    {"FrmPassword", "Text1(0)", "Text1(2)"},    {"FrmPrezzi", "Switch1", "HScroll1(7)"},
-    {"FrmSconti", "Text1(0)", "HScroll1(7)"},   {"FrmTemperatura", "Text1", "HScroll2(3)"},
-    {"FrmTempi", "txtTempi(0)", "HScroll1(3)"},
+    {"FrmAzione", "Text1(0)", "HScroll1(4)"},    {"FrmDosi", "Label11(0)", "txtVal(6)"},
+    {"FrmPassword", "Text1(0)", "Text1(2)"},     {"FrmPrezzi", "Switch1", "HScroll1(7)"},
+    {"FrmSconti", "Text1(0)", "HScroll1(7)"},    {"FrmTemperatura", "Text1", "HScroll2(3)"},
+    {"FrmTempi", "txtTempi(0)", "HScroll1(3)"},  {"FrmPagamento", "iSwitchSliderX2", "HScroll6(1)"},
+    {"FrmOpzioni", "SlswitchX5", "HScroll1(1)"},
 };
 
 TEST_P(EveryForm, OpensOnTheFirstControlThatCanBeChangedAndLeavesTheOperatorsChoiceAlone) {
