@@ -276,6 +276,7 @@ TEST_F(FrmOpzioniTest, TheLanguageIsOneOfFourOrOfEight) {
 
 TEST_F(FrmOpzioniTest, ALanguageThatComesAheadOfTheStatusIsNotLost) {
   Arrive(0, 77, 6);
+  EXPECT_EQ(Chosen("SlswitchX1"), 6);
   Arrive(0, 317, 8);
   EXPECT_EQ(Chosen("SlswitchX1"), 6);
 }

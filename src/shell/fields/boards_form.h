@@ -31,7 +31,8 @@ class BoardsForm : public DataForm {
   QGroupBox* Frame(std::size_t index) { return groups_[index].frame; }
 
   void Loaded() override;
-  // Opens or closes the frame and the rows of a board: as the form opens, and whenever the board's gate changes.
+  // Opens or closes the frame and the rows of a board: as the form opens, and whenever the board's gate
+  // changes.
   virtual void FollowBoard(int node, bool open);
 
  private:

@@ -61,7 +61,7 @@ void ChoiceRows::Show(int n, double value) {
   row.byte.Take(value);
   row.arrived = LowBits(value);
   const int position = Draw(row);
-  if (row.choice.read == 0 || position == row.sent || ParamIsFresh(written.record, written.node)) {
+  if (ParamIsFresh(written.record, written.node)) {
     row.mark->Came(position);
   }
 }
@@ -86,7 +86,6 @@ void ChoiceRows::Write(Row& row, int position) {
     row.control->SetKnown(false);
     return;
   }
-  row.sent = position;
   row.mark->Sent(position);
 }
 

@@ -59,8 +59,8 @@ class ChoiceRows {
   void SetCaptions();
   // Gives the selector of row n other positions. It shows what has arrived anew.
   void SetWords(int n, const char* words);
-  // Shows an arrived value of row n. Where a change goes to another record than the one read, a value that
-  // arrives before the change has left says nothing about it.
+  // Shows an arrived value of row n. One that comes before a change has reached the machine says nothing
+  // about it: the record that is read may be another one than the record that is written.
   void Show(int n, double value);
 
  private:
@@ -71,7 +71,6 @@ class ChoiceRows {
     Selector* control;
     EchoMark* mark;
     std::optional<int> arrived = std::nullopt;  // what the machine has sent last
-    int sent = -1;                              // position that was chosen last
   };
 
   int Draw(const Row& row);
