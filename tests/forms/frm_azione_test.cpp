@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "forms/form_fixture.h"
+#include "forms/row_cases.h"
 #include "store/parameter_table.h"
 
 namespace dosmara {
@@ -14,6 +14,37 @@ struct Count {
 
 constexpr Count kCounts[] = {{0, 230, 553, 557}, {1, 231, 554, 558}, {2, 232, 555, 559}, {3, 233, 556, 560},
                              {4, 234, 48, 526},  {5, 235, 49, 527},  {6, 236, 50, 528}};
+
+FormRows AzioneRows() {
+  FormRows form = {.form = "FrmAzione", .opens = {{0, 312, 4}}, .closes = {{0, 312, 251}}, .rows = {}};
+  for (const Count& count : kCounts) {
+    form.rows.push_back({.caption = Element("Label6", count.n),
+                         .value = Element("Label10", count.n),
+                         .box = Element("Text1", count.n),
+                         .bar = Element("HScroll1", count.n),
+                         .words = "#" + std::to_string(count.line),
+                         .node = 1,
+                         .record = count.record,
+                         .mirror = count.mirror,
+                         .min = -32768,
+                         .max = 32767,
+                         .large_change = 100,
+                         .length = 5,
+                         .offset = 32768,
+                         .arrivals = {{1000, "1000", -31768},
+                                      {0, "0", -32768},
+                                      {1, "1", -32767},
+                                      {32768, "32768", 0},
+                                      {40000, "40000", 7232},
+                                      {65535, "65535", 32767},
+                                      {65536, "65535", 32767}},
+                         .good = {{"0", 0}, {"65535", 65535}, {"40000", 40000}, {"32767", 32767}, {"5", 5}},
+                         .bad = {"65536", "99999", "-1", "-0.4", "-", "OFF", "12a", "1e3", "", " "}});
+  }
+  return form;
+}
+
+INSTANTIATE_TEST_SUITE_P(FrmAzione, EachRow, testing::Values(AzioneRows()));
 
 class FrmAzioneTest : public FormFixture {
  protected:
@@ -62,22 +93,7 @@ TEST_F(FrmAzioneTest, ReleasesTheMirrorsThatItNeverSubscribed) {
   EXPECT_EQ(Subscribed(), (std::vector<Subscription>{{0, 526, 1}, {1, 525, 1}, {1, 529, 1}, {1, 561, 1}}));
 }
 
-TEST_F(FrmAzioneTest, EveryRowHasItsCaptionAndItsSpan) {
-  EXPECT_EQ(form().windowTitle(), "#43");
-  for (const Count& count : kCounts) {
-    SCOPED_TRACE(count.n);
-    EXPECT_EQ(LabelText(Element("Label6", count.n)), "#" + std::to_string(count.line));
-    const Bar& bar = BarOf(Element("HScroll1", count.n));
-    EXPECT_EQ(bar.minimum(), -32768);
-    EXPECT_EQ(bar.maximum(), 32767);
-    EXPECT_EQ(bar.pageStep(), 100);
-    EXPECT_EQ(bar.singleStep(), 1);
-    EXPECT_EQ(Find<QLineEdit>(Element("Text1", count.n)).maxLength(), 5);
-    EXPECT_EQ(Find(Element("Text1", count.n)).accessibleName().toStdString(),
-              "#" + std::to_string(count.line));
-    EXPECT_EQ(bar.accessibleName(), Find(Element("Text1", count.n)).accessibleName());
-  }
-}
+TEST_F(FrmAzioneTest, TakesItsTitleFromTheLanguage) { EXPECT_EQ(form().windowTitle(), "#43"); }
 
 TEST_F(FrmAzioneTest, ABarStandsOneAboveItsLeastAtFirstWhichWritesNothing) {
   for (const Count& count : kCounts) {
@@ -86,110 +102,11 @@ TEST_F(FrmAzioneTest, ABarStandsOneAboveItsLeastAtFirstWhichWritesNothing) {
   EXPECT_EQ(Written(), std::vector<Write>{});
 }
 
-TEST_F(FrmAzioneTest, ACountIsShownUnsignedOnItsBarTooAndWritesNothing) {
-  Unlock();
-  for (const Count& count : kCounts) {
-    SCOPED_TRACE(count.n);
-    Arrive(1, count.record, 0);
-    ExpectCount(count.n, "0", -32768);
-    Arrive(1, count.record, 1);
-    ExpectCount(count.n, "1", -32767);
-    Arrive(1, count.record, 32768);
-    ExpectCount(count.n, "32768", 0);
-    Arrive(1, count.record, 40000);
-    ExpectCount(count.n, "40000", 7232);
-    Arrive(1, count.record, 65535);
-    ExpectCount(count.n, "65535", 32767);
-    Arrive(1, count.record, 65536);
-    ExpectCount(count.n, "65535", 32767);
-  }
-  EXPECT_EQ(Written(), std::vector<Write>{});
-}
-
-TEST_F(FrmAzioneTest, TheSameRecordsOfAnotherBoardAreForeign) {
-  Unlock();
-  for (const Count& count : kCounts) {
-    for (const int node : {0, 2, 3}) Arrive(node, count.record, 7);
-    ExpectCount(count.n, "1000", -31768);
-  }
-}
-
-TEST_F(FrmAzioneTest, ABarWritesTheRecordAndThenItsMirrorAndTheDisplayWaits) {
-  Unlock();
-  for (const Count& count : kCounts) {
-    SCOPED_TRACE(count.n);
-    std::vector<Write> expected = {{1, count.record, 32768}, {1, count.mirror, 32768}};
-    if (count.mirror < count.record) std::swap(expected[0], expected[1]);
-    BarOf(Element("HScroll1", count.n)).SetValue(0);
-    EXPECT_EQ(Written(), expected);
-    EXPECT_EQ(LabelText(Element("Label10", count.n)), "1000");
-  }
-}
-
-TEST_F(FrmAzioneTest, ABarsEndsAreNoughtAnd65535) {
-  Unlock();
-  BarOf("HScroll1(3)").SetValue(-32768);
-  EXPECT_EQ(Written(), (std::vector<Write>{{1, 556, 0}, {1, 560, 0}}));
-  BarOf("HScroll1(3)").SetValue(32767);
-  EXPECT_EQ(Written(), (std::vector<Write>{{1, 556, 65535}, {1, 560, 65535}}));
-}
-
-TEST_F(FrmAzioneTest, AnEntryFromNoughtTo65535IsWritten) {
-  Unlock();
-  for (const int good : {0, 65535, 40000, 32767, 5}) {
-    Enter("Text1(5)", std::to_string(good));
-    EXPECT_EQ(Written(), (std::vector<Write>{{1, 49, good}, {1, 527, good}}));
-    EXPECT_EQ(BarOf("HScroll1(5)").Value(), good - 32768);
-    EXPECT_EQ(LabelText("Label10(5)"), "1000") << "the display waits for the machine";
-    Focus("HScroll1(0)");
-  }
-}
-
-TEST_F(FrmAzioneTest, ABadEntryBringsTheTextBackAndWritesNothing) {
-  Unlock();
-  for (const char* bad : {"65536", "99999", "-1", "-0.4", "-", "OFF", "12a", "1e3", "", " "}) {
-    SCOPED_TRACE(bad);
-    Enter("Text1(2)", bad);
-    EXPECT_EQ(BoxText("Text1(2)"), "1000");
-    EXPECT_EQ(BarOf("HScroll1(2)").Value(), -31768);
-    EXPECT_EQ(Written(), std::vector<Write>{});
-    Focus("HScroll1(0)");
-  }
-}
-
 TEST_F(FrmAzioneTest, OpeningAgainShowsTheCountOnTheBoxAnew) {
   Unlock();
   Type("Text1(4)", "77");
   Arrive(0, 312, 6);
   EXPECT_EQ(BoxText("Text1(4)"), "1000");
-}
-
-TEST_F(FrmAzioneTest, ABoxEmptiesOnFocusAndItsTextComesBackWithoutEnter) {
-  Unlock();
-  Focus("Text1(6)");
-  EXPECT_EQ(BoxText("Text1(6)"), "");
-  Type("Text1(6)", "77");
-  Focus("HScroll1(0)");
-  EXPECT_EQ(BoxText("Text1(6)"), "1000");
-  EXPECT_EQ(Written(), std::vector<Write>{});
-}
-
-TEST_F(FrmAzioneTest, AnArrivalIsTheTextThatComesBack) {
-  Unlock();
-  Focus("Text1(6)");
-  Arrive(1, 50, 1234);
-  EXPECT_EQ(BoxText("Text1(6)"), "1234");
-  Focus("Text1(5)");
-  EXPECT_EQ(BoxText("Text1(6)"), "1234");
-}
-
-TEST_F(FrmAzioneTest, EachBoxKeepsItsOwnText) {
-  Unlock();
-  Focus("Text1(0)");
-  Arrive(1, 554, 2222);
-  Focus("HScroll1(3)");
-  EXPECT_EQ(BoxText("Text1(0)"), "1000");
-  EXPECT_EQ(BoxText("Text1(1)"), "2222");
 }
 
 TEST_F(FrmAzioneTest, IsLockedUntilEightArrivalsHaveCounted) {
@@ -267,15 +184,6 @@ TEST_F(FrmAzioneTest, TheTabKeyFollowsTheRows) {
     expected.push_back(Element("HScroll1", n));
   }
   EXPECT_EQ(TabThrough(13), expected);
-}
-
-TEST_F(FrmAzioneTest, TheBoxLiesExactlyOverTheValue) {
-  Unlock();
-  for (const Count& count : kCounts) {
-    EXPECT_EQ(Find(Element("Text1", count.n)).geometry().width(),
-              Find(Element("Label10", count.n)).geometry().width());
-    EXPECT_EQ(Find(Element("Text1", count.n)).x(), Find(Element("Label10", count.n)).x());
-  }
 }
 
 }  // namespace

@@ -287,43 +287,6 @@ TEST_F(FrmDosiTest, NoughtOnAWaterRowComesBackAsOff) {
   EXPECT_EQ(LabelText("lblVal(0)"), "OFF");
 }
 
-TEST_F(FrmDosiTest, AnUnknownSpellingOfOffIsRefused) {
-  OpenLoaded();
-  for (const char* bad : {"oFf", "OfF", "1a", ".", "-1"}) {
-    Enter("txtVal(0)", bad);
-    EXPECT_EQ(Written(), Writes{}) << bad;
-    EXPECT_EQ(BoxText("txtVal(0)"), "7") << bad;
-    Focus("HScroll7");
-  }
-}
-
-TEST_F(FrmDosiTest, ABoxEmptiesOnFocusAndRecoversWhenItIsLeft) {
-  OpenLoaded();
-  Focus("txtVal(2)");
-  EXPECT_EQ(BoxText("txtVal(2)"), "");
-  Type("txtVal(2)", "9.");
-  Focus("scrDosi(2)");
-  EXPECT_EQ(BoxText("txtVal(2)"), "0.7");
-  EXPECT_EQ(Written(), Writes{});
-}
-
-TEST_F(FrmDosiTest, ABoxNeverShowsTheValueOfAnotherRow) {
-  OpenLoaded();
-  Focus("txtVal(2)");
-  Arrive(1, 148, 55);
-  Focus("scrDosi(2)");
-  EXPECT_EQ(BoxText("txtVal(2)"), "0.7");
-  EXPECT_EQ(LabelText("lblVal(2)"), "0.7");
-}
-
-TEST_F(FrmDosiTest, AnArrivalOfTheRowThatIsTypedIntoIsTheTextThatComesBack) {
-  OpenLoaded();
-  Type("txtVal(2)", "9");
-  Arrive(1, 280, 33);
-  Focus("scrDosi(2)");
-  EXPECT_EQ(BoxText("txtVal(2)"), "3.3");
-}
-
 TEST_F(FrmDosiTest, TheCommandFollowsTheEchoOfTheSelection) {
   OpenLoaded();
   Click("Label11(21)");

@@ -3,26 +3,76 @@
 #include <QAbstractButton>
 #include <QLocale>
 
-#include "forms/form_fixture.h"
+#include "forms/row_cases.h"
 
 namespace dosmara {
 namespace {
 
+// Water is a count, of which 1 is shown as nought. A time is in tenths of a second, and sugar is one with an
+// off state below its nought. The limit of an entry is 25.5 where the bar of sugar ends at 10.0.
+enum Kind { kWater, kTime, kSugar };
+
 struct DoseRow {
   int row;
   int record;  // of the first selection
-  int max;     // of the bar
-  int length;
   int line;
-  bool water;
+  Kind kind;
 };
 
-constexpr DoseRow kDoses[] = {
-    {0, 148, 999, 3, 68, true},   {1, 170, 999, 3, 69, true},   {2, 280, 255, 4, 70, false},
-    {3, 368, 255, 4, 71, false},  {4, 302, 255, 4, 72, false},  {5, 390, 255, 4, 73, false},
-    {6, 192, 999, 3, 74, true},   {7, 324, 255, 4, 75, false},  {8, 412, 255, 4, 76, false},
-    {9, 214, 999, 3, 77, true},   {10, 346, 255, 4, 78, false}, {11, 236, 999, 3, 79, true},
-    {12, 434, 100, 4, 80, false}, {13, 563, 255, 4, 81, false}};
+constexpr DoseRow kDoses[] = {{0, 148, 68, kWater},  {1, 170, 69, kWater}, {2, 280, 70, kTime},
+                              {3, 368, 71, kTime},   {4, 302, 72, kTime},  {5, 390, 73, kTime},
+                              {6, 192, 74, kWater},  {7, 324, 75, kTime},  {8, 412, 76, kTime},
+                              {9, 214, 77, kWater},  {10, 346, 78, kTime}, {11, 236, 79, kWater},
+                              {12, 434, 80, kSugar}, {13, 563, 81, kTime}};
+
+constexpr int kBitRecords[] = {34, 35, 36, 38, 39, 40, 42, 43, 44, 589, 590, 591};
+
+RowCase CaseOf(const DoseRow& dose) {
+  RowCase row = {.caption = Element("lblDes", dose.row),
+                 .value = Element("lblVal", dose.row),
+                 .box = Element("txtVal", dose.row),
+                 .bar = Element("scrDosi", dose.row),
+                 .words = "#" + std::to_string(dose.line),
+                 .node = 1,
+                 .record = dose.record,
+                 .large_change = 10};
+  switch (dose.kind) {
+    case kWater:
+      row.max = 999;
+      row.length = 3;
+      row.arrivals = {{7, "7", 7}, {0, "OFF", 0},     {1, "0", 1},
+                      {2, "2", 2}, {999, "999", 999}, {1000, "999", 999}};
+      row.good = {{"999", 999}, {"0", 0},   {"1", 1},   {"120", 120},
+                  {"OFF", 0},   {"Off", 0}, {"off", 0}, {"oFF", 0}};
+      row.bad = {"oFf", "OfF", "1a", ".", "-1", ""};
+      break;
+    case kTime:
+      row.max = 255;
+      row.length = 4;
+      row.arrivals = {{7, "0.7", 7}, {0, "0.0", 0}, {1, "0.1", 1}, {255, "25.5", 255}, {256, "25.5", 255}};
+      row.good = {{"25.5", 255}, {"2,55", 25}, {"12", 120}, {"0", 0}};
+      row.bad = {"25.6", "26", "2,", "OFF", "1a", ""};
+      break;
+    case kSugar:
+      row.max = 100;
+      row.length = 4;
+      row.arrivals = {{7, "0.7", 7}, {0, "OFF", 0},      {1, "0.0", 1},
+                      {2, "0.2", 2}, {100, "10.0", 100}, {101, "10.0", 100}};
+      row.good = {{"10.0", 100}, {"0", 0}, {"0.1", 1}};
+      row.bad = {"10.1", "25.5", "25.6", "OFF", ""};
+      break;
+  }
+  return row;
+}
+
+FormRows DosesRows() {
+  FormRows form = {.form = "FrmDosi", .opens = {{0, 312, 4}}, .closes = {{0, 312, 0}}, .rows = {}};
+  for (const int record : kBitRecords) form.opens.push_back({1, record, 0});
+  for (const DoseRow& dose : kDoses) form.rows.push_back(CaseOf(dose));
+  return form;
+}
+
+INSTANTIATE_TEST_SUITE_P(FrmDosi, EachRow, testing::Values(DosesRows()));
 
 // The form with every row open.
 class FrmDosiTable : public FormFixture {
@@ -30,12 +80,8 @@ class FrmDosiTable : public FormFixture {
   FrmDosiTable() {
     Open("FrmDosi");
     Arrive(0, 312, 4);
-    for (const int record : {34, 35, 36, 38, 39, 40, 42, 43, 44, 589, 590, 591}) {
-      Arrive(1, record, 0);
-    }
-    for (const DoseRow& dose : kDoses) {
-      Arrive(1, dose.record, 7);
-    }
+    for (const int record : kBitRecords) Arrive(1, record, 0);
+    for (const DoseRow& dose : kDoses) Arrive(1, dose.record, 7);
   }
 
   // What a row shows, which its box has to show as well.
@@ -44,27 +90,6 @@ class FrmDosiTable : public FormFixture {
     return LabelText(Element("lblVal", row));
   }
 };
-
-TEST_F(FrmDosiTable, EveryRowHasItsCaptionAndItsSpan) {
-  for (const DoseRow& dose : kDoses) {
-    SCOPED_TRACE(dose.row);
-    EXPECT_EQ(LabelText(Element("lblDes", dose.row)), "#" + std::to_string(dose.line));
-    const Bar& bar = BarOf(Element("scrDosi", dose.row));
-    EXPECT_EQ(bar.minimum(), 0);
-    EXPECT_EQ(bar.maximum(), dose.max);
-    EXPECT_EQ(bar.singleStep(), 1);
-    EXPECT_EQ(bar.pageStep(), 10);
-    EXPECT_EQ(Find<QLineEdit>(Element("txtVal", dose.row)).maxLength(), dose.length);
-  }
-}
-
-TEST_F(FrmDosiTable, ABarWritesTheRecordOfItsRowAlone) {
-  for (const DoseRow& dose : kDoses) {
-    SCOPED_TRACE(dose.row);
-    BarOf(Element("scrDosi", dose.row)).SetValue(42);
-    EXPECT_EQ(Written(), (std::vector<Write>{{1, dose.record, 42}}));
-  }
-}
 
 TEST_F(FrmDosiTable, ABarWritesTheRecordOfTheSelectionShown) {
   Click("Label11(21)");
@@ -75,106 +100,12 @@ TEST_F(FrmDosiTable, ABarWritesTheRecordOfTheSelectionShown) {
   }
 }
 
-TEST_F(FrmDosiTable, AWaterCountOfOneIsShownAsNought) {
-  for (const DoseRow& dose : kDoses) {
-    if (!dose.water) continue;
-    SCOPED_TRACE(dose.row);
-    Arrive(1, dose.record, 0);
-    EXPECT_EQ(Shows(dose.row), "OFF");
-    Arrive(1, dose.record, 1);
-    EXPECT_EQ(Shows(dose.row), "0");
-    EXPECT_EQ(BarOf(Element("scrDosi", dose.row)).Value(), 1);
-    Arrive(1, dose.record, 2);
-    EXPECT_EQ(Shows(dose.row), "2");
-    Arrive(1, dose.record, 999);
-    EXPECT_EQ(Shows(dose.row), "999");
-    Arrive(1, dose.record, 1000);
-    EXPECT_EQ(Shows(dose.row), "999");
-  }
-}
-
-TEST_F(FrmDosiTable, ATimeIsShownInTenthsOfASecond) {
-  for (const DoseRow& dose : kDoses) {
-    if (dose.water || dose.row == 12) continue;
-    SCOPED_TRACE(dose.row);
-    Arrive(1, dose.record, 0);
-    EXPECT_EQ(Shows(dose.row), "0.0");
-    Arrive(1, dose.record, 1);
-    EXPECT_EQ(Shows(dose.row), "0.1");
-    Arrive(1, dose.record, 255);
-    EXPECT_EQ(Shows(dose.row), "25.5");
-    Arrive(1, dose.record, 256);
-    EXPECT_EQ(Shows(dose.row), "25.5");
-    EXPECT_EQ(BarOf(Element("scrDosi", dose.row)).Value(), 255);
-  }
-}
-
-TEST_F(FrmDosiTable, SugarHasAnOffStateBelowNought) {
-  Arrive(1, 434, 0);
-  EXPECT_EQ(Shows(12), "OFF");
-  Arrive(1, 434, 1);
-  EXPECT_EQ(Shows(12), "0.0");
-  EXPECT_EQ(BarOf("scrDosi(12)").Value(), 1);
-  Arrive(1, 434, 2);
-  EXPECT_EQ(Shows(12), "0.2");
-}
-
-TEST_F(FrmDosiTable, SugarAboveTheBarIsShownAtItsEnd) {
-  Arrive(1, 434, 101);
-  EXPECT_EQ(Shows(12), "10.0");
-  EXPECT_EQ(BarOf("scrDosi(12)").Value(), 100);
-}
-
 TEST_F(FrmDosiTable, TheDecimalSeparatorIsTheLocales) {
   QLocale::setDefault(QLocale(QLocale::Italian, QLocale::Italy));
   Arrive(1, 280, 125);
   EXPECT_EQ(Shows(2), "12,5");
   Arrive(1, 434, 1);
   EXPECT_EQ(Shows(12), "0,0");
-}
-
-TEST_F(FrmDosiTable, AWaterEntryIsAWholeNumberOrOff) {
-  for (const DoseRow& dose : kDoses) {
-    if (!dose.water) continue;
-    SCOPED_TRACE(dose.row);
-    Enter(Element("txtVal", dose.row), "999");
-    EXPECT_EQ(Written(), (std::vector<Write>{{1, dose.record, 999}}));
-    Enter(Element("txtVal", dose.row), "off");
-    EXPECT_EQ(Written(), (std::vector<Write>{{1, dose.record, 0}}));
-    BarOf(Element("scrDosi", dose.row)).SetValue(5);
-    Written();
-  }
-}
-
-TEST_F(FrmDosiTable, ATimeEntryIsInSecondsWithATenth) {
-  for (const DoseRow& dose : kDoses) {
-    if (dose.water || dose.row == 12) continue;
-    SCOPED_TRACE(dose.row);
-    const std::string box = Element("txtVal", dose.row);
-    Enter(box, "25.5");
-    EXPECT_EQ(Written(), (std::vector<Write>{{1, dose.record, 255}}));
-    Enter(box, "2,55");
-    EXPECT_EQ(Written(), (std::vector<Write>{{1, dose.record, 25}}));
-    for (const char* bad : {"25.6", "26", "2,", "OFF", "1a"}) {
-      Focus("HScroll7");
-      Enter(box, bad);
-      EXPECT_EQ(Written(), std::vector<Write>{}) << bad;
-      EXPECT_EQ(BoxText(box), "0.7") << bad;
-    }
-    Focus("HScroll7");
-  }
-}
-
-TEST_F(FrmDosiTable, ASugarEntryAboveTheBarIsRefusedByTheBar) {
-  Enter("txtVal(12)", "10.0");
-  EXPECT_EQ(Written(), (std::vector<Write>{{1, 434, 100}}));
-  Focus("HScroll7");
-  for (const char* bad : {"10.1", "25.5", "25.6", "OFF"}) {
-    Enter("txtVal(12)", bad);
-    EXPECT_EQ(Written(), std::vector<Write>{}) << bad;
-    EXPECT_EQ(BarOf("scrDosi(12)").Value(), 100) << bad;
-    Focus("HScroll7");
-  }
 }
 
 TEST_F(FrmDosiTable, EachPropertyIsABitOfItsBytes) {

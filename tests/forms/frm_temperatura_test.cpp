@@ -3,30 +3,135 @@
 #include <QApplication>
 #include <QGroupBox>
 
-#include "forms/form_fixture.h"
+#include "forms/row_cases.h"
 #include "link/identification.h"
 #include "store/parameter_table.h"
 
 namespace dosmara {
 namespace {
 
-using Writes = std::vector<Write>;
-
-struct TankRow {
-  int n, record, mirror;
-  int min, max, large_change;
-  int length;
+// What each row of a tank shows and takes. Off is the end of the bar, behind the warmest temperature, and an
+// offset is held plus five.
+const RowCase kTankRows[] = {
+    {.record = 51,
+     .mirror = 266,
+     .min = 1,
+     .max = 16,
+     .large_change = 3,
+     .length = 3,
+     .arrivals =
+         {{1, "1", 1}, {15, "15", 15}, {16, "OFF", 16}, {17, "OFF", 16}, {200, "OFF", 16}, {0, "1", 1}},
+     .good = {{"15", 15}, {"off", 16}, {"2", 2}, {"Off", 16}, {"OFF", 16}, {"1", 1}},
+     .bad = {"oFF", "oFf", "16", "0", "0.6", "-1", "", "x"}},
+    {.record = 53,
+     .mirror = 268,
+     .min = 10,
+     .max = 50,
+     .large_change = 10,
+     .length = 3,
+     .arrivals = {{10, "1.0", 10}, {35, "3.5", 35}, {200, "5.0", 50}, {0, "1.0", 10}},
+     .good = {{"3", 30}, {"3,5", 35}, {"2.0", 20}, {"1", 10}, {"5", 50}},
+     .bad = {"5,5", "0,9", "6", "0", "", "10", "3x5", "3.x", "3.", ".5", "OFF", "x"}},
+    {.record = 54,
+     .mirror = 269,
+     .min = 5,
+     .max = 50,
+     .large_change = 3,
+     .length = 2,
+     .arrivals = {{5, "5", 5}, {49, "49", 49}, {200, "50", 50}, {0, "5", 5}},
+     .good = {{"50", 50}, {"5", 5}},
+     .bad = {"4", "51", "", "x"}},
+    {.record = 55,
+     .mirror = 270,
+     .min = 1,
+     .max = 9,
+     .large_change = 3,
+     .length = 1,
+     .arrivals = {{1, "1", 1}, {8, "8", 8}, {200, "9", 9}, {0, "1", 1}},
+     .good = {{"9", 9}, {"1", 1}},
+     .bad = {"0", "", "x"}},
+    {.record = 56,
+     .mirror = 271,
+     .min = 1,
+     .max = 12,
+     .large_change = 3,
+     .length = 2,
+     .arrivals = {{1, "1", 1}, {11, "11", 11}, {200, "12", 12}, {0, "1", 1}},
+     .good = {{"12", 12}, {"1", 1}},
+     .bad = {"0", ".6", "13", "", "x"}},
+    {.record = 57,
+     .mirror = 272,
+     .min = 1,
+     .max = 30,
+     .large_change = 3,
+     .length = 2,
+     .arrivals = {{1, "1", 1}, {29, "29", 29}, {200, "30", 30}, {0, "1", 1}},
+     .good = {{"30", 30}, {"1", 1}},
+     .bad = {"0", ",6", "31", "", "x"}},
+    {.record = 52,
+     .mirror = 267,
+     .min = 0,
+     .max = 10,
+     .large_change = 3,
+     .length = 2,
+     .arrivals = {{0, "-5", 0},
+                  {1, "-4", 1},
+                  {2, "-3", 2},
+                  {3, "-2", 3},
+                  {4, "-1", 4},
+                  {5, "0", 5},
+                  {6, "1", 6},
+                  {7, "2", 7},
+                  {8, "3", 8},
+                  {9, "4", 9},
+                  {10, "5", 10},
+                  {200, "5", 10}},
+     .good = {{"+5", 10}, {"-5", 0}, {"0", 5}, {"3", 8}, {"-2", 3}, {"-0", 5}},
+     .bad = {"6", "+6", "-6", "12", "+", "-", "", "x"}},
 };
-constexpr TankRow kTankRows[] = {{0, 51, 266, 1, 16, 3, 3}, {1, 53, 268, 10, 50, 10, 3},
-                                 {2, 54, 269, 5, 50, 3, 2}, {3, 55, 270, 1, 9, 3, 1},
-                                 {4, 56, 271, 1, 12, 3, 2}, {5, 57, 272, 1, 30, 3, 2},
-                                 {6, 52, 267, 0, 10, 3, 2}};
+
+const RowCase kBoiler = {.caption = "Label1s",
+                         .value = "Label1",
+                         .box = "Text1",
+                         .bar = "HScroll1",
+                         .words = "#245",
+                         .node = 1,
+                         .record = 24,
+                         .mirror = 502,
+                         .min = 70,
+                         .max = 110,
+                         .large_change = 5,
+                         .length = 3,
+                         .arrivals = {{92, "92", 92}, {70, "70", 70}, {111, "111", 110}, {20, "20", 70}},
+                         .good = {{"70", 70}, {"110", 110}},
+                         .bad = {"69", "111", "", "OFF", "9x"}};
 
 // A control of the tank of node 2 or 3: "Text2(1)" is Control("Text", 2, 1).
 std::string Control(const std::string& stem, int node, int n) {
   return Element((stem + std::to_string(node)).c_str(), n);
 }
 std::string Caption(int node, int n) { return Element(("Label" + std::to_string(node) + "s").c_str(), n); }
+
+FormRows TemperatureRows() {
+  FormRows form = {.form = "FrmTemperatura",
+                   .opens = {{0, 312, 4}, {0, 313, 4}, {0, 357, 4}},
+                   .closes = {{0, 312, 0}, {0, 313, 0}, {0, 357, 0}},
+                   .rows = {kBoiler}};
+  for (const int node : {2, 3}) {
+    for (int n = 0; n < 7; ++n) {
+      RowCase& row = form.rows.emplace_back(kTankRows[n]);
+      row.caption = Caption(node, n);
+      row.value = Control("Label", node, n);
+      row.box = Control("Text", node, n);
+      row.bar = Control("HScroll", node, n);
+      row.words = "#" + std::to_string(247 + n);
+      row.node = node;
+    }
+  }
+  return form;
+}
+
+INSTANTIATE_TEST_SUITE_P(FrmTemperatura, EachRow, testing::Values(TemperatureRows()));
 
 class FrmTemperaturaTest : public FormFixture {
  protected:
@@ -36,7 +141,7 @@ class FrmTemperaturaTest : public FormFixture {
   void ArriveRows() {
     Arrive(1, 24, 92);
     for (const int node : {2, 3}) {
-      for (const TankRow& row : kTankRows) Arrive(node, row.record, row.min);
+      for (const RowCase& row : kTankRows) Arrive(node, row.record, row.min);
     }
   }
 
@@ -75,215 +180,7 @@ class FrmTemperaturaTest : public FormFixture {
     bool operator==(const Groups&) const = default;
   };
   Groups AllOpen() { return {BoilerOpen(), TankOpen(2), TankOpen(3)}; }
-
-  // What a tank row shows, which its box has to show as well.
-  std::string Shows(int node, int n) {
-    EXPECT_EQ(BoxText(Control("Text", node, n)), LabelText(Control("Label", node, n)));
-    return LabelText(Control("Label", node, n));
-  }
-
-  // In both tanks the entry is good and makes the record and its mirror `value`.
-  void Takes(int n, const std::string& text, int value) {
-    for (const int node : {2, 3}) {
-      EnterAndLeave(Control("Text", node, n), text, "HScroll1");
-      EXPECT_EQ(Written(), (Writes{{node, kTankRows[n].record, value}, {node, kTankRows[n].mirror, value}}))
-          << text;
-    }
-  }
-
-  // In both tanks the entry is bad: nothing is written, nothing moves, the old text is back.
-  void Refuses(int n, const std::vector<std::string>& texts) {
-    for (const int node : {2, 3}) {
-      const std::string box = Control("Text", node, n);
-      const int before = BarOf(Control("HScroll", node, n)).Value();
-      const std::string shown = LabelText(Control("Label", node, n));
-      for (const std::string& text : texts) {
-        Enter(box, text);
-        EXPECT_EQ(BoxText(box), shown) << text;
-        EXPECT_EQ(Written(), Writes{}) << text;
-        EXPECT_EQ(BarOf(Control("HScroll", node, n)).Value(), before) << text;
-        Focus("HScroll1");
-      }
-    }
-  }
 };
-
-TEST_F(FrmTemperaturaTest, TheBoilersRow) {
-  OpenLoaded();
-  Focus("HScroll1");
-  const Bar& bar = BarOf("HScroll1");
-  EXPECT_EQ(bar.minimum(), 70);
-  EXPECT_EQ(bar.maximum(), 110);
-  EXPECT_EQ(bar.singleStep(), 1);
-  EXPECT_EQ(bar.pageStep(), 5);
-  EXPECT_EQ(Find<QLineEdit>("Text1").maxLength(), 3);
-  EXPECT_EQ(LabelText("Label1s"), "#245");
-  EXPECT_EQ(LabelText("Label1"), "92");
-  EXPECT_EQ(BoxText("Text1"), "92");
-  BarOf("HScroll1").SetValue(95);
-  EXPECT_EQ(Written(), (Writes{{1, 24, 95}, {1, 502, 95}}));
-  EXPECT_EQ(LabelText("Label1"), "92");
-}
-
-TEST_F(FrmTemperaturaTest, TheBoilersEntryIsAWholeNumberFrom70To110) {
-  OpenLoaded();
-  EnterAndLeave("Text1", "70", "HScroll1");
-  EXPECT_EQ(Written(), (Writes{{1, 24, 70}, {1, 502, 70}}));
-  EnterAndLeave("Text1", "110", "HScroll1");
-  EXPECT_EQ(Written(), (Writes{{1, 24, 110}, {1, 502, 110}}));
-  for (const char* bad : {"69", "111", "", "OFF", "9x"}) {
-    Enter("Text1", bad);
-    EXPECT_EQ(BoxText("Text1"), "92") << bad;
-    EXPECT_EQ(Written(), Writes{}) << bad;
-    Focus("HScroll1");
-  }
-}
-
-TEST_F(FrmTemperaturaTest, TheBoilerIsShownAsItIsEvenBeyondItsBar) {
-  OpenLoaded();
-  Arrive(1, 24, 111);
-  EXPECT_EQ(LabelText("Label1"), "111");
-  EXPECT_EQ(BarOf("HScroll1").Value(), 110);
-  Arrive(1, 24, 20);
-  EXPECT_EQ(BoxText("Text1"), "20");
-  EXPECT_EQ(BarOf("HScroll1").Value(), 70);
-}
-
-TEST_F(FrmTemperaturaTest, EveryTankRowHasItsCaptionItsSpanAndItsBox) {
-  OpenLoaded();
-  for (const int node : {2, 3}) {
-    for (const TankRow& row : kTankRows) {
-      SCOPED_TRACE(Control("Text", node, row.n));
-      EXPECT_EQ(LabelText(Caption(node, row.n)), "#" + std::to_string(247 + row.n));
-      const Bar& bar = BarOf(Control("HScroll", node, row.n));
-      EXPECT_EQ(bar.minimum(), row.min);
-      EXPECT_EQ(bar.maximum(), row.max);
-      EXPECT_EQ(bar.singleStep(), 1);
-      EXPECT_EQ(bar.pageStep(), row.large_change);
-      EXPECT_EQ(Find<QLineEdit>(Control("Text", node, row.n)).maxLength(), row.length);
-    }
-  }
-}
-
-TEST_F(FrmTemperaturaTest, ABarWritesItsRecordAndItsMirrorOnItsNode) {
-  OpenLoaded();
-  for (const int node : {2, 3}) {
-    for (const TankRow& row : kTankRows) {
-      SCOPED_TRACE(Control("HScroll", node, row.n));
-      const std::string before = Shows(node, row.n);
-      BarOf(Control("HScroll", node, row.n)).SetValue(row.max);
-      EXPECT_EQ(Written(), (Writes{{node, row.record, row.max}, {node, row.mirror, row.max}}));
-      EXPECT_EQ(Shows(node, row.n), before);
-    }
-  }
-}
-
-TEST_F(FrmTemperaturaTest, ATankRowShowsNothingThatItsBarCannotHold) {
-  OpenLoaded();
-  const char* const lowest[] = {"1", "1.0", "5", "1", "1", "1", "-5"};
-  const char* const highest[] = {"OFF", "5.0", "50", "9", "12", "30", "5"};
-  for (const int node : {2, 3}) {
-    for (const TankRow& row : kTankRows) {
-      SCOPED_TRACE(row.n);
-      Arrive(node, row.record, 200);
-      EXPECT_EQ(Shows(node, row.n), highest[row.n]);
-      EXPECT_EQ(BarOf(Control("HScroll", node, row.n)).Value(), row.max);
-      Arrive(node, row.record, 0);
-      EXPECT_EQ(Shows(node, row.n), lowest[row.n]);
-      EXPECT_EQ(BarOf(Control("HScroll", node, row.n)).Value(), row.min);
-    }
-  }
-  EXPECT_EQ(Written(), Writes{});
-}
-
-TEST_F(FrmTemperaturaTest, TheTankIsOffAtTheEndOfItsBar) {
-  OpenLoaded();
-  Arrive(2, 51, 15);
-  EXPECT_EQ(Shows(2, 0), "15");
-  Arrive(2, 51, 16);
-  EXPECT_EQ(Shows(2, 0), "OFF");
-  Arrive(2, 51, 17);
-  EXPECT_EQ(Shows(2, 0), "OFF");
-  EXPECT_EQ(BarOf("HScroll2(0)").Value(), 16);
-}
-
-TEST_F(FrmTemperaturaTest, AnOffsetIsHeldPlusFive) {
-  OpenLoaded();
-  const char* const shown[] = {"-5", "-4", "-3", "-2", "-1", "0", "1", "2", "3", "4", "5"};
-  for (int value = 0; value <= 10; ++value) {
-    Arrive(3, 52, value);
-    EXPECT_EQ(Shows(3, 6), shown[value]);
-    EXPECT_EQ(BarOf("HScroll3(6)").Value(), value);
-  }
-}
-
-TEST_F(FrmTemperaturaTest, TheTankTakesOneToFifteenAndThreeSpellingsOfOff) {
-  OpenLoaded();
-  Takes(0, "15", 15);
-  Takes(0, "off", 16);
-  Takes(0, "2", 2);
-  Takes(0, "Off", 16);
-  Takes(0, "3", 3);
-  Takes(0, "OFF", 16);
-  Refuses(0, {"oFF", "oFf", "16", "0", "0.6", "-1", ""});
-}
-
-TEST_F(FrmTemperaturaTest, TheHysteresisIsADigitOrADigitWithATenth) {
-  OpenLoaded();
-  Takes(1, "3", 30);
-  Takes(1, "3,5", 35);
-  Takes(1, "2.0", 20);
-  Takes(1, "1", 10);
-  Takes(1, "5", 50);
-  Refuses(1, {"5,5", "0,9", "6", "0", "", "10", "3x5", "3.x", "3.", ".5", "OFF"});
-}
-
-TEST_F(FrmTemperaturaTest, TheWholeRowsTakeWhatTheirBarsHold) {
-  OpenLoaded();
-  Takes(2, "50", 50);
-  Takes(2, "5", 5);
-  Refuses(2, {"4", "51", "", "x"});
-  Takes(3, "9", 9);
-  Takes(3, "1", 1);
-  Refuses(3, {"0", "", "x"});
-  Takes(4, "12", 12);
-  Takes(4, "1", 1);
-  Refuses(4, {"0", ".6", "13", "", "x"});
-  Takes(5, "30", 30);
-  Takes(5, "1", 1);
-  Refuses(5, {"0", ",6", "31", "", "x"});
-}
-
-TEST_F(FrmTemperaturaTest, TheOffsetTakesASignAndADigit) {
-  OpenLoaded();
-  Takes(6, "+5", 10);
-  Takes(6, "-5", 0);
-  Takes(6, "0", 5);
-  Takes(6, "3", 8);
-  Takes(6, "-2", 3);
-  Takes(6, "-0", 5);
-  Refuses(6, {"6", "+6", "-6", "12", "+", "-", "", "x"});
-}
-
-TEST_F(FrmTemperaturaTest, ABadEntryBringsTheShownValueBack) {
-  OpenLoaded();
-  for (const int n : {0, 1, 2, 3, 4, 5, 6}) {
-    SCOPED_TRACE(n);
-    Enter(Control("Text", 2, n), "x");
-    EXPECT_EQ(BoxText(Control("Text", 2, n)), LabelText(Control("Label", 2, n)));
-    Focus("HScroll1");
-  }
-}
-
-TEST_F(FrmTemperaturaTest, EachBoxKeepsItsOwnText) {
-  OpenLoaded();
-  Type("Text2(2)", "4");
-  Arrive(2, 55, 7);
-  Arrive(3, 54, 33);
-  Focus("HScroll1");
-  EXPECT_EQ(BoxText("Text2(2)"), "5");
-  EXPECT_EQ(Written(), Writes{});
-}
 
 TEST_F(FrmTemperaturaTest, TakesItsWordsFromTheLanguage) {
   Open();

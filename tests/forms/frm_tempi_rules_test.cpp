@@ -269,29 +269,6 @@ TEST_F(FrmTempiTest, OtherModelsHaveTheFillTimeout) {
   }
 }
 
-TEST_F(FrmTempiTest, LeavingABoxBringsItsTextBack) {
-  OpenLoaded();
-  Type("txtTempi(0)", "9");
-  Focus("HScroll1(0)");
-  EXPECT_EQ(BoxText("txtTempi(0)"), "4.0");
-  EXPECT_EQ(Written(), Writes{});
-}
-
-TEST_F(FrmTempiTest, ABoxNeverShowsTheValueOfAnotherRow) {
-  OpenLoaded();
-  Type("txtTempi(0)", "9");
-  Arrive(1, 32, 77);
-  Focus("HScroll1(0)");
-  EXPECT_EQ(BoxText("txtTempi(0)"), LabelText("Label1(0)"));
-  EXPECT_NE(BoxText("txtTempi(0)"), "77");
-  ShowTab(2);
-  Type("txtzeth1(3)", "1");
-  Arrive(3, 309, 188);
-  Focus("HScroll3(3)");
-  EXPECT_EQ(BoxText("txtzeth1(3)"), LabelText("Label3(3)"));
-  EXPECT_NE(BoxText("txtzeth1(3)"), "188");
-}
-
 TEST_F(FrmTempiTest, ClosingAGroupEmptiesNoOtherBox) {
   OpenLoaded();
   ShowTab(2);
