@@ -73,6 +73,13 @@ void FieldRows::SetOpen(bool open) {
   }
 }
 
+void FieldRows::SetEnabled(bool enabled) {
+  SetOpen(enabled);
+  for (const Row& row : rows_) {
+    row.view->SetLabelsEnabled(enabled);
+  }
+}
+
 void FieldRows::SetCaptions() {
   for (int n = 0; n < size(); ++n) {
     rows_[n].view->SetCaption(Numbered(Caption(fields_[n].line), fields_[n].number));

@@ -42,6 +42,8 @@ class FieldRows {
   // Opens or closes the rows of one node, or all.
   void SetOpen(int node, bool open);
   void SetOpen(bool open);
+  // Opens or closes all rows, their captions and values with them.
+  void SetEnabled(bool enabled);
 
   // Sets the captions from the language.
   void SetCaptions();
