@@ -6,6 +6,8 @@
 #include "forms/beverage/frm_dosi.h"
 #include "forms/beverage/frm_temperatura.h"
 #include "forms/beverage/frm_tempi.h"
+#include "forms/selling/frm_ass_sel.h"
+#include "forms/selling/frm_ass_set.h"
 #include "forms/selling/frm_prezzi.h"
 #include "forms/selling/frm_sconti.h"
 #include "shell/frm_info.h"
@@ -16,6 +18,9 @@ namespace dosmara {
 namespace {
 
 constexpr FormEntry kForms[] = {
+    {"FrmAssSel", CreateForm<FrmAssSel>},
+    {"FrmAssSet", [] { return NewSetAssignment(kZeth); }},
+    {"FrmAssSet2", [] { return NewSetAssignment(kZeth2); }},
     {"FrmAzione", CreateForm<FrmAzione>},
     {"FrmBattute", [] { return NewSelectionCounters(SoldAs::kPaid); }},
     {"FrmDosi", CreateForm<FrmDosi>},
