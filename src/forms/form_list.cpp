@@ -8,6 +8,7 @@
 #include "forms/beverage/frm_tempi.h"
 #include "forms/selling/frm_ass_sel.h"
 #include "forms/selling/frm_ass_set.h"
+#include "forms/selling/frm_conf.h"
 #include "forms/selling/frm_prezzi.h"
 #include "forms/selling/frm_sconti.h"
 #include "shell/frm_info.h"
@@ -23,6 +24,7 @@ constexpr FormEntry kForms[] = {
     {"FrmAssSet2", [] { return NewSetAssignment(kZeth2); }},
     {"FrmAzione", CreateForm<FrmAzione>},
     {"FrmBattute", [] { return NewSelectionCounters(SoldAs::kPaid); }},
+    {"FrmConf", CreateForm<FrmConf>},
     {"FrmDosi", CreateForm<FrmDosi>},
     {"FrmGratis", [] { return NewSelectionCounters(SoldAs::kFree); }},
     {"FrmInfo", CreateForm<FrmInfo>},

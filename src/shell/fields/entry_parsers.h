@@ -11,8 +11,7 @@
 //   ParseTenths   up to two digits, or with a tenth    tenths          "12,5" is 125, "12" is 120
 //   ParseDelta    a digit, or with a tenth             tenths          "3" is 30, "3.5" is 35
 //   ParseOffset   a digit up to 5 with or without sign offset + 5      "-5" is 0, "5" is 10
-//   ParseMoney    an amount, with decimals if there    smallest units  with 2 decimals "1,5" is 150, "1" is
-//   100
+//   ParseMoney    an amount, with decimals if there    smallest units  with 2 decimals "1,5" is 150
 //                 are any
 #pragma once
 
