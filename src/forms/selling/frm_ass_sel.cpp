@@ -59,17 +59,16 @@ FrmAssSel::FrmAssSel()
     : DataForm(kSetup),
       selections_(NewRows(Style(0, {"Text1"}), kSelectionRows)),
       extras_(NewRows(Style(30, {"Text2"}), kExtraRows, &money_)) {
-  auto* layout = new QVBoxLayout(Body());
-  auto* selections = new QGridLayout;
-  selections_.PlaceInColumns(*selections, kColumns);
-  layout->addLayout(selections);
+  auto* grid = new QGridLayout(Body());
+  selections_.PlaceInColumns(*grid, kColumns);
   auto* line = new QFrame(Body());
   line->setFrameStyle(QFrame::HLine | QFrame::Sunken);
-  layout->addWidget(line);
-  auto* extras = new QGridLayout;
-  extras_.PlaceInColumns(*extras, kColumns);
-  layout->addLayout(extras);
-  layout->addStretch();
+  grid->addWidget(line, grid->rowCount(), 0, 1, grid->columnCount());
+  const int last = grid->rowCount();
+  for (int n = 0; n < extras_.size(); ++n) {
+    extras_.PlaceIn(*grid, n, n, last, n * kRowColumns);
+  }
+  grid->setRowStretch(grid->rowCount(), 1);
   FieldRows& spare = NewRows(Style(kSelections, {"Text1", kSelections}), kSpareRows);
   for (int n = 0; n < spare.size(); ++n) {
     spare[n].Withdraw();

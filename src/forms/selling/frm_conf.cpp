@@ -3,6 +3,7 @@
 
 #include <QButtonGroup>
 #include <QPointer>
+#include <algorithm>
 
 #include "forms/selling/group_boxes.h"
 #include "shell/caption_table.h"
@@ -119,11 +120,19 @@ void FrmConf::InitMessaggi() {
     management_[i]->setText(Caption(kManagementLines[i]));
     management_[i]->setAccessibleName(all_->title() + ' ' + management_[i]->text());
   }
+  for (int i = 0; i < 3; ++i) {
+    panes_[0].captions[i]->setText(kCaptions[i]);
+    panes_[1].captions[i]->setText(Caption(kCaptionLine + i));
+  }
+  int width = 0;
   for (const Pane& pane : panes_) {
-    const bool first = &pane == panes_;
-    for (int i = 0; i < 3; ++i) {
-      pane.captions[i]->setText(first ? QString(kCaptions[i]) : Caption(kCaptionLine + i));
+    for (const FieldLabel* caption : pane.captions) {
+      width = std::max(width, caption->sizeHint().width());
     }
+  }
+  for (const Pane& pane : panes_) {
+    // The boxes of both units stand below each other, whatever the words beside them.
+    pane.captions[0]->setMinimumWidth(width);
     pane.groups->SetAccessibleNames(pane.frame->title());
     pane.reset->setAccessibleName(pane.frame->title() + ' ' + pane.reset->text());
   }

@@ -9,8 +9,7 @@ namespace dosmara {
 
 namespace {
 
-// Columns of a grid that a row takes; the one of its bar takes what width there is.
-constexpr int kRowColumns = 4;
+// The column of the bar takes what width there is.
 constexpr int kBarColumn = 2;
 
 }  // namespace

@@ -13,6 +13,9 @@
 
 namespace dosmara {
 
+// Columns of a grid that a row takes.
+inline constexpr int kRowColumns = 4;
+
 // The rows of one table. Writes when a bar changes outside an arrival; the display is left until the value
 // comes back.
 class FieldRows {
