@@ -179,6 +179,7 @@ TEST_F(FrmAssSelTest, OpensWithTheLastSelectionAndNotBefore) {
 
 TEST_F(FrmAssSelTest, OpensWithTheLastExtraPriceAndNotBefore) {
   Arrive(0, 311, 0);
+  Arrive(0, 83, 0);
   SendSelections();
   Arrive(0, 43, 1);
   ExpectSelections(false);

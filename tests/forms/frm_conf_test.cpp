@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // FrmConf: which positions of the two Zeth units sell as one.
 #include <QApplication>
+#include <QFocusEvent>
 #include <QRadioButton>
 #include <QTest>
 #include <QTimerEvent>
@@ -145,12 +146,6 @@ TEST_F(FrmConfTest, OpensWithTheNinetySeventhArrivalAndNotBefore) {
   }
 }
 
-TEST_F(FrmConfTest, AUnitThatIsNotThereKeepsTheFormClosed) {
-  Arrive(0, 361, 4);
-  SendUnit(2);
-  EXPECT_FALSE(Enabled("Frame1"));
-}
-
 TEST_F(FrmConfTest, WithoutManagementOnlyTheChoiceIsOpen) {
   Fill(251);
   EXPECT_TRUE(Off());
@@ -262,13 +257,9 @@ TEST_P(FrmConfUnit, EntriesOfTwoBoxesAtOnceAreBothWritten) {
 
 TEST_P(FrmConfUnit, TakesWhatRoundsToAGroup) {
   Fill();
-  struct Case {
-    const char* text;
-    int group;
-  };
-  for (const Case& each : {Case{"0", 0}, Case{"2,5", 3}, Case{"2.5", 3}, Case{"99.4", 99}, Case{" 8 ", 8}}) {
-    EnterGroup(Box(9), each.text);
-    EXPECT_EQ(Written(), (Writes{{GetParam().node, 337, each.group}})) << each.text;
+  for (const auto& [text, group] : {std::pair("0", 0), {"2,5", 3}, {"2.5", 3}, {"99.4", 99}, {" 8 ", 8}}) {
+    EnterGroup(Box(9), text);
+    EXPECT_EQ(Written(), (Writes{{GetParam().node, 337, group}})) << text;
   }
 }
 
@@ -299,21 +290,26 @@ TEST_P(FrmConfUnit, RefusesWhatIsNoGroupWithAMessageAndInRedUntilTheNextGoodOne)
 
 TEST_P(FrmConfUnit, ABoxThatIsLeftShowsWhatIsStoredAsAnArrivalWould) {
   Fill();
-  struct Case {
-    int value;
-    const char* shown;
-  };
-  for (const Case& each : {Case{129, "1"}, Case{100, "?"}, Case{42, "42"}}) {
-    Arrive(GetParam().node, 330, each.value);
+  for (const auto& [value, shown] : {std::pair(129, "1"), {100, "?"}, {42, "42"}}) {
+    Arrive(GetParam().node, 330, value);
     Find<QLineEdit>(Box(2)).clear();
     Type(Box(2), "55");
     Focus(Box(3));
-    EXPECT_EQ(BoxText(Box(2)), each.shown);
+    EXPECT_EQ(BoxText(Box(2)), shown);
     Type(Box(2), "55");
     QTest::keyClick(&Find(Box(2)), Qt::Key_Escape);
-    EXPECT_EQ(BoxText(Box(2)), each.shown);
+    EXPECT_EQ(BoxText(Box(2)), shown);
   }
   EXPECT_EQ(Written(), Writes{});
+}
+
+TEST_P(FrmConfUnit, ABoxThatLendsTheFocusToItsMenuIsNotLeft) {
+  Fill();
+  Find<QLineEdit>(Box(2)).clear();
+  Type(Box(2), "55");
+  QFocusEvent menu(QEvent::FocusOut, Qt::PopupFocusReason);
+  QCoreApplication::sendEvent(&Find(Box(2)), &menu);
+  EXPECT_EQ(BoxText(Box(2)), "55");
 }
 
 TEST_P(FrmConfUnit, ABoxThatIsLeftBeforeAnythingHasArrivedShowsNothing) {
