@@ -59,9 +59,10 @@ void Audit::ClearIfWanted() {
   }
 }
 
-// A part on its own is no vend.
+// A part on its own is no vend, nor is a wash.
 void Audit::OnServed(const Serving& serving) {
-  if (!serving.sale && serving.kind != Serving::Kind::kPart) {
+  const bool vend = serving.kind == Serving::Kind::kDrink || serving.kind == Serving::Kind::kProduct;
+  if (vend && !serving.sale) {
     boards_[0].Add(kTestVends, 1);
     const int first = serving.node == 1 ? kSelectionTests : kPositionTests;
     boards_[static_cast<std::size_t>(serving.node)].Add(first + serving.index, 1);

@@ -11,6 +11,19 @@ namespace {
 constexpr std::size_t kSmallRow = 5;
 constexpr std::size_t kFullRow = 9;
 
+// The index files of the two units are alike. A technician has set the second one up for warmer goods:
+// record, its mirror or 0, value.
+struct OwnSetting {
+  int record;
+  int mirror;
+  std::uint32_t value;
+};
+constexpr OwnSetting kSecondUnit[] = {{51, 266, 8},   // degrees wanted
+                                      {53, 268, 30},  // hysteresis
+                                      {56, 271, 4},   // hours between defrosts
+                                      {57, 272, 10},  // minutes of one
+                                      {287, 0, 9 * 256}};
+
 Bytes ReadWhole(const std::filesystem::path& path) {
   std::ifstream file(path, std::ios::binary);
   if (!file) throw FileError(path.string() + ": cannot be read");
@@ -47,6 +60,9 @@ Boards LoadBoards(const std::filesystem::path& directory) {
       if (!boards[node].AddRecord(AddressOf(bytes), value)) RefuseRow(full_path, row);
     }
     boards[node].SetIdentity(kind.identity);
+  }
+  for (const OwnSetting& own : kSecondUnit) {
+    for (const int record : {own.record, own.mirror}) boards[3].Set(record, own.value);
   }
   return boards;
 }

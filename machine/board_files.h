@@ -37,7 +37,8 @@ struct FileError : std::runtime_error {
   using std::runtime_error::runtime_error;
 };
 
-// Loads all four boards from the index files in `directory`. Throws FileError.
+// Loads all four boards from the index files in `directory`. The cooling of the unit at
+// node 3 has settings of its own, so that the two can be told apart. Throws FileError.
 Boards LoadBoards(const std::filesystem::path& directory);
 
 }  // namespace machine

@@ -17,8 +17,10 @@ constexpr double kRoom = 22;
 // Degrees a second; losses are shares of the difference to the room.
 constexpr double kHeating = 0.3;
 constexpr double kBoilerLoss = 0.00015;
-constexpr double kCooling = 0.006;
-constexpr double kTankLoss = 0.0001;
+
+// By tank: the second one holds less, so that it cools and warms faster.
+constexpr double kCooling[] = {0.006, 0.011};
+constexpr double kTankLoss[] = {0.0001, 0.00017};
 
 // Degrees that one count of water takes out of the boiler.
 constexpr double kDrawn = 0.02;
@@ -106,7 +108,8 @@ void Climate::StepTank(int node) {
     SetBits(board, kRowRecord, kCompressorOutput, CompressorWanted(node, temperature));
   }
   const bool cooling = CompressorOn(board) && !defects_.Broken("compressor-" + std::to_string(node));
-  tank.raw += (kRoom - tank.raw) * kTankLoss - (cooling ? kCooling : 0);
+  const int which = node - 2;
+  tank.raw += (kRoom - tank.raw) * kTankLoss[which] - (cooling ? kCooling[which] : 0);
   WatchTank(node, temperature);
   board.Set(kRawRecord, static_cast<std::uint16_t>(std::lround(tank.raw * 256)));
 }

@@ -157,14 +157,14 @@ std::string Console::Status(Arguments) {
       text, sizeof text,
       "time %.3f model %d plugged %s muted %s absent %s dispensing %s faults %s requests %u replies %u "
       "dropped %u serving %s connection %s frames/s %u errors %u speed %u clock %02d:%02d scenario %zu "
-      "refused %u",
+      "selling %s refused %u",
       std::chrono::duration<double>(machine_.now()).count(), machine_.board(0).identity().model,
       plug_.plugged() ? "yes" : "no", machine_.muted() ? "yes" : "no",
       absent.empty() ? "none" : absent.c_str(), machine_.dispenser().busy() ? "yes" : "no",
       faults.empty() ? "none" : faults.c_str(), traffic.requests, traffic.replies, traffic.dropped_bytes,
       machine_.dispenser().Describe().c_str(), machine_.connected() ? "alive" : "quiet",
       machine_.frames_per_second(), traffic.errors, machine_.speed(), minute / 60, minute % 60,
-      scenario_.left(), machine_.remarks().refused());
+      scenario_.left(), machine_.timetable().SwitchedOn() ? "yes" : "no", machine_.remarks().refused());
   return text;
 }
 

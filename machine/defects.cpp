@@ -14,7 +14,7 @@ using namespace std::chrono_literals;
 // When a broken part shows.
 enum class Shows {
   kAtOnce,    // its alarm comes as it breaks
-  kInDrink,   // any drink runs into its time-out
+  kInDrink,   // any drink, and a wash, runs into its time-out
   kInCoffee,  // any drink with coffee does
   kInUnit,    // any product of its unit does
   kByHeat,    // by a temperature, see the climate
@@ -52,7 +52,7 @@ bool Hits(const Part& part, const Serving& serving, const Board& drinks_unit) {
   const bool drink = serving.kind == Serving::Kind::kDrink;
   switch (part.shows) {
     case Shows::kInDrink:
-      return drink;
+      return drink || serving.kind == Serving::Kind::kWash;
     case Shows::kInCoffee:
       return drink && serving.powders && drinks_unit.Get(kCoffeeWater + serving.index) > 0;
     case Shows::kInUnit:

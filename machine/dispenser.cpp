@@ -66,6 +66,7 @@ void Dispenser::OnRestart() {
 
 std::string Dispenser::Describe() const {
   if (!serving_) return "nothing";
+  if (serving_->kind == Serving::Kind::kWash) return "wash";
   const std::string what = serving_->kind == Serving::Kind::kProduct
                                ? "product-" + PositionName(serving_->node, serving_->index)
                                : (serving_->kind == Serving::Kind::kPart ? "part-of-" : "drink-") +
@@ -103,6 +104,8 @@ Plan Dispenser::PlanOf(const Serving& serving) const {
       return DrinkPlan(boards_, serving);
     case Serving::Kind::kPart:
       return PartPlan(boards_, serving);
+    case Serving::Kind::kWash:
+      return WashPlan(boards_);
     case Serving::Kind::kProduct:
       return {.length = spiral_turn_, .runs = {}};
   }

@@ -31,7 +31,7 @@ Machine::Machine(Boards boards, std::uint32_t seed, FrameLog log)
                      served ? concern->OnServed(serving) : concern->OnFailed(serving);
                    }
                  }),
-      sales_(boards_, calendar_, dispenser_, inputs_, till_, seed),
+      sales_(boards_, calendar_, dispenser_, inputs_, timetable_, till_, seed),
       faults_(seed),
       log_(std::move(log)) {
   StartTime();

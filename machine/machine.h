@@ -32,6 +32,7 @@
 #include "machine/settings.h"
 #include "machine/supplies.h"
 #include "machine/till.h"
+#include "machine/timetable.h"
 #include "machine/unit_motors.h"
 #include "machine/wire.h"
 
@@ -97,6 +98,7 @@ class Machine {
   Inputs& inputs() { return inputs_; }
   Sales& sales() { return sales_; }
   Till& till() { return till_; }
+  const Timetable& timetable() const { return timetable_; }
   const Traffic& traffic() const { return traffic_; }
   // Frames taken within the last whole second, and whether there were any within the last three.
   unsigned frames_per_second() const { return frames_per_second_; }
@@ -134,13 +136,14 @@ class Machine {
   Audit audit_{boards_, presence_, dispenser_, remarks_};
   Inputs inputs_{boards_, supplies_, defects_, dispenser_, alarms_};
   Climate climate_{boards_, defects_, alarms_};
+  Timetable timetable_{boards_, calendar_, dispenser_, remarks_};
   Till till_{boards_, alarms_};
   Sales sales_;
   // In the order in which they hear of what happens. The audit is last: a command to clear that has waited
   // for the end of a sale takes that sale with it.
-  std::array<Concern*, 11> concerns_ = {&settings_,    &calendar_,  &supplies_, &output_test_,
-                                        &unit_motors_, &dispenser_, &sensors_,  &inputs_,
-                                        &climate_,     &sales_,     &audit_};
+  std::array<Concern*, 12> concerns_ = {&settings_,    &calendar_,  &supplies_,  &output_test_,
+                                        &unit_motors_, &dispenser_, &sensors_,   &inputs_,
+                                        &climate_,     &sales_,     &timetable_, &audit_};
 
   Faults faults_;
   FrameLog log_;

@@ -16,6 +16,7 @@ constexpr Time kWaterPulse = 25ms;
 // How long a cup or a stirrer takes to fall.
 constexpr Time kFall = 800ms;
 
+constexpr int kRinseWater = 585;
 constexpr int kSugarTime = 434;
 constexpr int kMilkTime = 280;
 constexpr int kExtraSugarTime = 25;
@@ -156,6 +157,15 @@ Plan PartPlan(const Boards& boards, const Serving& part) {
   Plan plan{.length = length, .runs = {}};
   for (const int output : {single->motor, single->mixer, int{kBayLight}, int{kPanelLight}, int{kFlapLock}}) {
     if (output >= 0) plan.runs.push_back({Time(0), length, output});
+  }
+  return plan;
+}
+
+Plan WashPlan(const Boards& boards) {
+  const Time length = boards[1].Get(kRinseWater) * kWaterPulse;
+  Plan plan{.length = length, .runs = {}};
+  for (const int output : {kRinseValve, kPumpOutput, kMilkMixer, kChocolateMixer}) {
+    plan.runs.push_back({Time(0), length, output});
   }
   return plan;
 }

@@ -36,6 +36,8 @@ struct Plan {
 Plan DrinkPlan(const Boards& boards, const Serving& drink);
 // A single part, by its code in record 316; of no length for a code that names none.
 Plan PartPlan(const Boards& boards, const Serving& part);
+// A wash: the rinse valve and the mixers for as long as the rinse water takes.
+Plan WashPlan(const Boards& boards);
 // True when a stirrer belongs to a drink: with sugar, with a powder if record 46 says so, or always.
 bool GetsStirrer(const Boards& boards, const Serving& drink);
 // All water of a drink, in counts.

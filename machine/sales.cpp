@@ -75,6 +75,7 @@ void Sales::OnFailed(const Serving& serving) {
 
 std::string Sales::ObstacleTo(const Order& order) const {
   if (inputs_.door_open()) return "the door is open";
+  if (!timetable_.SwitchedOn()) return "the machine is switched off at this hour";
   if (order.node != 1) return order.jug || order.no_cup ? "only a drink has a cup or a jug" : "";
   if (!SelectionBit(boards_, kIncluded, order.index)) return "the selection is not included";
   if (order.jug && !SelectionBit(boards_, kJugAllowed, order.index)) return "the selection has no jug";

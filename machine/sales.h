@@ -12,17 +12,19 @@
 #include "machine/inputs.h"
 #include "machine/tariff.h"
 #include "machine/till.h"
+#include "machine/timetable.h"
 
 namespace machine {
 
 class Sales : public Concern {
  public:
-  Sales(Boards& boards, const Calendar& calendar, Dispenser& dispenser, const Inputs& inputs, Till& till,
-        std::uint32_t seed)
+  Sales(Boards& boards, const Calendar& calendar, Dispenser& dispenser, const Inputs& inputs,
+        const Timetable& timetable, Till& till, std::uint32_t seed)
       : boards_(boards),
         tariff_(boards, calendar),
         dispenser_(dispenser),
         inputs_(inputs),
+        timetable_(timetable),
         till_(till),
         random_(seed) {}
 
@@ -53,6 +55,7 @@ class Sales : public Concern {
   Tariff tariff_;
   Dispenser& dispenser_;
   const Inputs& inputs_;
+  const Timetable& timetable_;
   Till& till_;
   std::mt19937 random_;
   std::uint32_t per_hour_ = 0;

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// One thing that the machine hands out, as a test or as a sale.
+// One thing that the machine hands out, as a test or as a sale, or a wash, of which the water is all.
 #pragma once
 
 #include <cstdint>
@@ -7,7 +7,7 @@
 namespace machine {
 
 struct Serving {
-  enum class Kind { kDrink, kPart, kProduct };
+  enum class Kind { kDrink, kPart, kProduct, kWash };
 
   Kind kind = Kind::kDrink;
   int node = 1;   // 1 for drinks and their parts, 2 or 3 for products

@@ -58,6 +58,7 @@ void Supplies::OnServed(const Serving& serving) {
 
 // A part on its own is tested dry, a product needs nothing of the drinks unit.
 bool Supplies::Needs(Supply supply, const Serving& serving) const {
+  if (serving.kind == Serving::Kind::kWash) return supply == Supply::kWater || supply == Supply::kTray;
   if (serving.kind != Serving::Kind::kDrink) return false;
   switch (supply) {
     case Supply::kWater:

@@ -4,6 +4,7 @@
 #include <algorithm>
 
 #include "machine/recipe.h"
+#include "machine/timetable.h"
 
 namespace machine {
 namespace {
@@ -20,11 +21,6 @@ constexpr std::uint32_t kAllAtPrice1 = 1;
 constexpr int kJugCups = 28;
 constexpr int kFreeOfCharge = 589;
 
-// Records of node 0: minute and hour at which a band of discount begins and ends.
-struct Band {
-  int start;
-  int end;
-};
 constexpr Band kBands[] = {{99, 103}, {101, 105}};
 
 }  // namespace
@@ -56,12 +52,7 @@ bool Tariff::IsFree(const Order& order) const {
 }
 
 bool Tariff::InDiscountBand() const {
-  if (!calendar_.fitted()) return false;
-  const auto now = static_cast<std::uint32_t>(calendar_.minute_of_day());
-  return std::ranges::any_of(kBands, [&](const Band& band) {
-    const auto time = [this](int minute) { return Money(minute + 1) * 60 + Money(minute); };
-    return now >= time(band.start) && now < time(band.end);
-  });
+  return std::ranges::any_of(kBands, [&](const Band& band) { return InBand(boards_[0], calendar_, band); });
 }
 
 }  // namespace machine

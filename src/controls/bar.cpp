@@ -48,12 +48,20 @@ bool Bar::SetValue(int value) {
   if (value < minimum() || value > maximum()) {
     return false;
   }
+  SetKnown(true);
   if (isSliderDown()) {
     Take(value);
   } else {
     setValue(value);
   }
   return true;
+}
+
+void Bar::SetKnown(bool known) {
+  if (known != known_) {
+    known_ = known;
+    update();
+  }
 }
 
 int Bar::Clamped(double value) const {
@@ -76,6 +84,10 @@ void Bar::EndDrag() {
 }
 
 void Bar::keyPressEvent(QKeyEvent* event) {
+  if (!known_) {
+    event->ignore();
+    return;
+  }
   switch (event->key()) {
     case Qt::Key_Right:
     case Qt::Key_Down:
@@ -96,8 +108,14 @@ void Bar::keyPressEvent(QKeyEvent* event) {
   }
 }
 
+void Bar::mousePressEvent(QMouseEvent* event) {
+  if (known_) {
+    QScrollBar::mousePressEvent(event);
+  }
+}
+
 void Bar::wheelEvent(QWheelEvent* event) {
-  if (!hasFocus()) {
+  if (!hasFocus() || !known_) {
     event->ignore();
     return;
   }
@@ -138,18 +156,22 @@ void Bar::paintEvent(QPaintEvent*) {
   shade.setAlphaF(0.2);  // shows on any ground: that of a tab is not the window's
   painter.setBrush(shade);
   painter.drawRoundedRect(track, thickness / 2, thickness / 2);
-  QRectF filled = track;
-  filled.setRight(handle.center().x());
-  painter.setBrush(isEnabled() ? palette().color(QPalette::Highlight) : line);
-  painter.drawRoundedRect(filled, thickness / 2, thickness / 2);
+  if (known_) {
+    QRectF filled = track;
+    filled.setRight(handle.center().x());
+    painter.setBrush(isEnabled() ? palette().color(QPalette::Highlight) : line);
+    painter.drawRoundedRect(filled, thickness / 2, thickness / 2);
+  }
 
   painter.setBrush(line);
   painter.drawPolygon(Arrow(part(QStyle::SC_ScrollBarSubLine), -1));
   painter.drawPolygon(Arrow(part(QStyle::SC_ScrollBarAddLine), 1));
 
-  painter.setPen(line);
-  painter.setBrush(Blend(palette().color(QPalette::Button), ink, isSliderDown() ? 0.2 : 0));
-  painter.drawRoundedRect(handle, kCorner, kCorner);
+  if (known_) {
+    painter.setPen(line);
+    painter.setBrush(Blend(palette().color(QPalette::Button), ink, isSliderDown() ? 0.2 : 0));
+    painter.drawRoundedRect(handle, kCorner, kCorner);
+  }
   if (hasFocus()) {
     painter.setBrush(Qt::NoBrush);
     painter.setPen(QPen(palette().color(QPalette::Highlight), 2));

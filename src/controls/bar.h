@@ -8,9 +8,11 @@ namespace dosmara {
 
 // A scroll bar with one change event for each deliberate change: at every click and key, once at the end of
 // a drag, and at every change of its value by the program; setting the value that it has raises none.
-// It can be focused and driven by keys, and turns with the wheel only while it has the focus.
+// It can be focused and driven by keys, and turns with the wheel only while it has the focus. Until it has
+// been given a value it shows none, and the operator cannot move it: a step would lead from nowhere.
 class Bar : public QScrollBar {
   Q_OBJECT
+  Q_PROPERTY(bool known READ IsKnown WRITE SetKnown)
 
  public:
   explicit Bar(QWidget* parent = nullptr);
@@ -21,9 +23,13 @@ class Bar : public QScrollBar {
   // The value in force. During a drag it stays what it was before.
   int Value() const { return value_; }
 
-  // Takes `value`. A value outside the span is refused: the bar stays as it is and returns false. During a
-  // drag the value is taken, but the handle stays under the operator's hand.
+  // Takes `value`, which is then known. A value outside the span is refused: the bar stays as it is and
+  // returns false. During a drag the value is taken, but the handle stays under the operator's hand.
   bool SetValue(int value);
+
+  // Whether the value is known.
+  bool IsKnown() const { return known_; }
+  void SetKnown(bool known);
 
   // The nearest value to `value` that the bar can hold.
   int Clamped(double value) const;
@@ -36,6 +42,7 @@ class Bar : public QScrollBar {
 
  protected:
   void keyPressEvent(QKeyEvent* event) override;
+  void mousePressEvent(QMouseEvent* event) override;
   void wheelEvent(QWheelEvent* event) override;
   void paintEvent(QPaintEvent* event) override;
 
@@ -44,6 +51,7 @@ class Bar : public QScrollBar {
   void EndDrag();
 
   int value_ = 0;
+  bool known_ = false;
   int wheel_ = 0;
 };
 

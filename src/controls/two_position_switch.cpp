@@ -72,7 +72,7 @@ QSize TwoPositionSwitch::sizeHint() const {
 
 void TwoPositionSwitch::keyPressEvent(QKeyEvent* event) {
   if (event->key() == Qt::Key_Left || event->key() == Qt::Key_Right) {
-    SetPosition(event->key() == Qt::Key_Right ? 1 : 0);
+    setChecked(event->key() == Qt::Key_Right);  // towards where it lies already makes nothing known
   } else {
     QAbstractButton::keyPressEvent(event);
   }

@@ -26,9 +26,9 @@ struct ValueRowSetup {
   int length = 0;  // characters that fit into the box
   // What a confirmed text makes the bar's value; nothing when the text is bad.
   std::function<std::optional<int>(const QString& text)> parse;
-  bool held = false;                // a good entry closes the bar until the machine has answered
-  bool closed_box_stays = false;    // a closed row's box is disabled instead of hidden
-  bool opening_fills_box = false;   // a row that opens shows its value on the box anew
+  bool held = false;               // a good entry closes the bar until the machine has answered
+  bool closed_box_stays = false;   // a closed row's box is disabled instead of hidden
+  bool opening_fills_box = false;  // a row that opens shows its value on the box anew
 };
 
 // The controls of a row and what they do to each other. The box lies exactly over the value: with the

@@ -9,6 +9,7 @@
 #include "forms/selling/frm_ass_sel.h"
 #include "forms/selling/frm_ass_set.h"
 #include "forms/selling/frm_conf.h"
+#include "forms/selling/frm_pagamento.h"
 #include "forms/selling/frm_prezzi.h"
 #include "forms/selling/frm_sconti.h"
 #include "shell/frm_info.h"
@@ -28,6 +29,7 @@ constexpr FormEntry kForms[] = {
     {"FrmDosi", CreateForm<FrmDosi>},
     {"FrmGratis", [] { return NewSelectionCounters(SoldAs::kFree); }},
     {"FrmInfo", CreateForm<FrmInfo>},
+    {"FrmPagamento", CreateForm<FrmPagamento>},
     {"FrmPassword", CreateForm<FrmPassword>},
     {"FrmPrezzi", CreateForm<FrmPrezzi>},
     {"FrmProva", [] { return NewSelectionCounters(SoldAs::kTest); }},

@@ -39,6 +39,9 @@ constexpr std::uint8_t kResendOnTimeOut = 2;
 constexpr microseconds kByteTime{521};
 // How long after a byte that nobody asked for the line counts as noisy.
 constexpr microseconds kQuietTime{20000};
+// How long nothing may follow what came too early for a repeated request: then no board is about to answer
+// it.
+constexpr microseconds kSilence{100000};
 
 constexpr int kLampsOff[] = {1, 2, 3};
 
@@ -51,13 +54,23 @@ std::uint8_t exch_node;
 // What keeps bytes that cannot be the reply from being taken for it. The check of a reply is an 8-bit sum,
 // and two zero bytes pass it, so a stuck or flooded line would fill the table with zeros. For the same reason
 // a read reply with a surplus is bad even where its last byte fits: zeros gathered into one chunk are no
-// reply. What remains beyond these guards: noise that begins in the middle of an exchange and by chance
-// carries a right sum (1 in 256), and a reply that is late or comes twice and meets the next request, since
-// replies carry no number.
+// reply. What remains beyond these guards: noise that begins in the middle of an exchange, or comes in small
+// pieces more than kQuietTime apart, and by chance carries a right sum (1 in 256, two equal bytes always for
+// one byte of data), and a reply that is late or comes twice and meets the next request, since replies carry
+// no number.
 std::optional<microseconds> last_stray;  // time of the last byte that came while no exchange ran
 bool reply_untrusted;                    // the reply to the request that is out counts as bad
 microseconds resend_leaves_until;        // end of a request that is being repeated; until then what arrives
                                          // belongs to the broken reply
+
+// On a line that is faster than 19200 bit/s the reply to a repeated request may come before
+// resend_leaves_until and is dropped with the leftovers. In the silence that follows the request is asked
+// anew. Should the board only have been slow, it answers twice: the next request waits until the second reply
+// would be there.
+microseconds request_sent;                     // time of the request that is out
+std::optional<microseconds> last_leftover;     // time of the last byte since one came too early
+std::optional<microseconds> unanswered_since;  // time of the request that was asked anew in this exchange
+microseconds next_request_from;                // end of the wait for a second reply
 
 void Restart(LinkTimer timer) {
   Host().DisableTimer(timer);
@@ -97,7 +110,7 @@ void BeginExchange(ParamRec& record) {
 
 bool IsWrite() { return ExchControl >= kWriteBit; }
 
-// Sends the request again because of a bad reply.
+// Sends the request again because of a bad reply. What is left of that reply may still come.
 void RepeatRequest() {
   SetLinkStatus(6);
   ++RetryCount;
@@ -106,9 +119,43 @@ void RepeatRequest() {
   resend_leaves_until = Host().Now() + kByteTime * (header + (IsWrite() ? ExchValue.size() : 0));
 }
 
+// Goes on from a reply that is good or bad.
+void ConcludeReply(bool good) {
+  if (RetryCount == kMostRetries) {
+    ReplyData.clear();
+  } else if (!good) {
+    RepeatRequest();
+    return;
+  }
+  RetryCount = 0;
+  if (unanswered_since) {
+    const microseconds now = Host().Now();
+    next_request_from = now + (now - *unanswered_since);
+    unanswered_since.reset();
+  }
+  if (LinkIdentifying) {
+    LinkIdle = true;
+  } else {
+    LinkComplete();
+  }
+}
+
+// Takes what came too early for a bad reply once nothing has followed it. The line is quiet then, so that the
+// reply to the repeated request is trusted however early it comes.
+void AskAnewInSilence() {
+  if (!last_leftover || Host().Now() - *last_leftover < kSilence) return;
+  Host().TakeInput();
+  Host().DisableTimer(LinkTimer::Timer2);
+  NodeIndex = exch_node;
+  if (!unanswered_since) unanswered_since = request_sent;
+  ConcludeReply(false);
+  resend_leaves_until = microseconds(0);
+}
+
 // No reply within a second of the request.
 void TimeOut() {
   NodeIndex = exch_node;
+  unanswered_since.reset();
   SetLinkStatus(6);
   SetLinkStatus(2);
   Host().DisableTimer(LinkTimer::Timer2);
@@ -137,7 +184,9 @@ void LinkAttach(LinkHost& host) {
   exch_node = 0;
   last_stray.reset();
   reply_untrusted = false;
-  resend_leaves_until = microseconds(0);
+  resend_leaves_until = request_sent = next_request_from = microseconds(0);
+  last_leftover.reset();
+  unanswered_since.reset();
 }
 
 LinkHost& Host() {
@@ -174,8 +223,13 @@ void LinkSend() {
                                      .letter = NodeLetter[NodeIndex],
                                      .value = ExchValue});
   ExchChecksum = frame.back();
-  const microseconds now = Host().Now();
-  reply_untrusted = last_stray && now - *last_stray < kQuietTime;
+  request_sent = Host().Now();
+  last_leftover.reset();
+  if (Host().InputCount() > 0) {
+    Host().TakeInput();
+    last_stray = request_sent;
+  }
+  reply_untrusted = last_stray && request_sent - *last_stray < kQuietTime;
   Host().EnableTimer(LinkTimer::Timer2);
   Host().Output(frame);
 }
@@ -186,9 +240,12 @@ void ReceiveEvent() {
     return;
   }
   if (Host().Now() < resend_leaves_until) {
-    if (!Host().TakeInput().empty()) reply_untrusted = true;
+    if (Host().TakeInput().empty()) return;
+    reply_untrusted = true;
+    last_leftover = Host().Now();
     return;
   }
+  if (last_leftover) last_leftover = Host().Now();
   const std::size_t length = ExchLength + 1U;
   const std::size_t waiting = Host().InputCount();
   if (waiting == 0 || (!IsWrite() && waiting <= length)) return;
@@ -207,18 +264,7 @@ void ReceiveEvent() {
     good = good && taken.size() == length + 1 && IsGoodReadReply(taken, length);
     ReplyData.assign(taken.begin(), taken.begin() + static_cast<std::ptrdiff_t>(length));
   }
-  if (RetryCount == kMostRetries) {
-    ReplyData.clear();
-  } else if (!good) {
-    RepeatRequest();
-    return;
-  }
-  RetryCount = 0;
-  if (LinkIdentifying) {
-    LinkIdle = true;
-  } else {
-    LinkComplete();
-  }
+  ConcludeReply(good);
 }
 
 void LinkComplete() {
@@ -250,7 +296,11 @@ void TimerEvent(LinkTimer timer) {
   switch (timer) {
     case LinkTimer::Timer1:
       Host().DisableTimer(LinkTimer::Timer1);
-      if (LinkIdle) LinkScan();
+      if (!LinkIdle) {
+        AskAnewInSilence();
+      } else if (Host().Now() >= next_request_from) {
+        LinkScan();
+      }
       Host().EnableTimer(LinkTimer::Timer1);
       break;
     case LinkTimer::Timer2:

@@ -20,6 +20,8 @@ QPalette ReadablePalette(QPalette palette) {
   for (const QPalette::ColorRole role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText}) {
     palette.setColor(QPalette::Disabled, role, Ink(palette, false));
   }
+  // Desktops that set a dark palette may leave this at a faint black.
+  palette.setColor(QPalette::PlaceholderText, Ink(palette, false));
   palette.setBrush(QPalette::Disabled, QPalette::Window, palette.brush(QPalette::Active, QPalette::Window));
   return palette;
 }

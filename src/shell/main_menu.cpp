@@ -3,9 +3,11 @@
 
 #include <QMenu>
 #include <array>
+#include <map>
 #include <utility>
 
 #include "shell/caption_table.h"
+#include "shell/mnemonics.h"
 
 namespace dosmara {
 
@@ -18,14 +20,11 @@ void ShowTick(QAction& entry, bool ticked) {
   entry.setChecked(ticked);
 }
 
-// The text of an entry that shows `name` letter by letter.
-QString Literal(QString name) { return name.replace('&', "&&"); }
-
 }  // namespace
 
-MainMenu::MainMenu(QMenuBar& bar, std::function<void(const MenuRow&)> click,
+MainMenu::MainMenu(MenuBar& bar, std::function<void(const MenuRow&)> click,
                    std::function<void(QMenu&)> fill_windows)
-    : click_(std::move(click)) {
+    : bar_(bar), click_(std::move(click)) {
   const std::span<const MenuRow> rows = MenuTable();
   std::array<QWidget*, kDeepestLevel + 1> parents = {&bar};  // of the entries one level deeper
   for (std::size_t i = 0; i < rows.size(); ++i) {
@@ -34,12 +33,14 @@ MainMenu::MainMenu(QMenuBar& bar, std::function<void(const MenuRow&)> click,
     const bool opens_menu = has_entries || row.act == MenuAct::kWindowList;
     QAction* entry = MakeEntry(row, *parents[row.level - 1], opens_menu);
     entries_.push_back(entry);
+    captions_.push_back(row.caption);
     parents[row.level] = entry->menu();
     if (row.act == MenuAct::kWindowList) {
       QMenu* windows = entry->menu();
       QObject::connect(windows, &QMenu::aboutToShow, windows, [=] { fill_windows(*windows); });
     }
   }
+  ShowCaptions();
 }
 
 QAction* MainMenu::MakeEntry(const MenuRow& row, QWidget& parent, bool opens_menu) {
@@ -47,13 +48,16 @@ QAction* MainMenu::MakeEntry(const MenuRow& row, QWidget& parent, bool opens_men
   if (opens_menu) {
     auto* menu = new QMenu(&parent);
     menu->setObjectName(row.name);
+    bar_.Watch(*menu);
     entry = menu->menuAction();
   } else {
     entry = new QAction(&parent);
-    QObject::connect(entry, &QAction::triggered, &parent, [this, &row] { click_(row); });
+    QObject::connect(entry, &QAction::triggered, &parent, [this, &row] {
+      bar_.HandBackFocus();
+      click_(row);
+    });
   }
   entry->setObjectName(row.name);
-  entry->setText(row.caption);
   entry->setMenuRole(QAction::NoRole);
   parent.addAction(entry);
   return entry;
@@ -64,7 +68,26 @@ void MainMenu::InitMessaggi() {
   for (std::size_t i = 0; i < rows.size(); ++i) {
     if (rows[i].line != 0) {
       const QString caption = Caption(rows[i].line);
-      entries_[i]->setText(caption.isEmpty() ? rows[i].caption : caption);
+      captions_[i] = caption.isEmpty() ? rows[i].caption : caption;
+    }
+  }
+  ShowCaptions();
+}
+
+// Each menu's entries get their mnemonics together.
+void MainMenu::ShowCaptions() {
+  std::map<QObject*, std::vector<std::size_t>> menus;  // the rows of each
+  for (std::size_t i = 0; i < entries_.size(); ++i) {
+    menus[entries_[i]->associatedObjects().constFirst()].push_back(i);
+  }
+  for (const auto& [menu, rows] : menus) {
+    QStringList captions;
+    for (const std::size_t i : rows) {
+      captions.append(captions_[i]);
+    }
+    const QStringList texts = WithMnemonics(captions);
+    for (std::size_t n = 0; n < rows.size(); ++n) {
+      entries_[rows[n]]->setText(texts[static_cast<qsizetype>(n)]);
     }
   }
 }
@@ -83,13 +106,14 @@ void MainMenu::ShowTicks(const Settings& settings) {
   for (std::size_t i = 0; i < rows.size(); ++i) {
     if (rows[i].act == MenuAct::kLanguage) {
       const LanguageEntry& language = settings.smnuLingue[rows[i].index];
-      entries_[i]->setText(Literal(language.caption));
+      captions_[i] = language.caption;
       entries_[i]->setVisible(language.shown);
       ShowTick(*entries_[i], language.ticked);
     } else if (rows[i].act == MenuAct::kPort) {
       ShowTick(*entries_[i], settings.mnuCox[rows[i].index]);
     }
   }
+  ShowCaptions();
 }
 
 void MainMenu::Enable(const std::function<bool(const MenuRow&)>& enabled) {

@@ -3,10 +3,10 @@
 #pragma once
 
 #include <QAction>
-#include <QMenuBar>
 #include <functional>
 #include <vector>
 
+#include "shell/menu_bar.h"
 #include "shell/menu_table.h"
 #include "shell/settings.h"
 
@@ -14,10 +14,9 @@ namespace dosmara {
 
 class MainMenu {
  public:
-  // Fills `bar`. `click` hears of every click on an entry that does something; `fill_windows` fills the list
-  // of open windows each time before it shows.
-  MainMenu(QMenuBar& bar, std::function<void(const MenuRow&)> click,
-           std::function<void(QMenu&)> fill_windows);
+  // Fills `bar`, which has to outlive it. `click` hears of every click on an entry that does something;
+  // `fill_windows` fills the list of open windows each time before it shows.
+  MainMenu(MenuBar& bar, std::function<void(const MenuRow&)> click, std::function<void(QMenu&)> fill_windows);
 
   // Sets the captions from the language. An empty line leaves an entry its own caption, so that a poor
   // language file cannot hide the way to another.
@@ -31,9 +30,12 @@ class MainMenu {
 
  private:
   QAction* MakeEntry(const MenuRow& row, QWidget& parent, bool opens_menu);
+  void ShowCaptions();
 
+  MenuBar& bar_;
   std::function<void(const MenuRow&)> click_;
   std::vector<QAction*> entries_;  // one for each row of MenuTable
+  std::vector<QString> captions_;  // of the entries, without their mnemonics
 };
 
 }  // namespace dosmara

@@ -15,6 +15,7 @@
 
 #include "link/identification.h"
 #include "shell/loaded_forms.h"
+#include "shell/mnemonics.h"
 #include "shell/text_file.h"
 #include "store/failure.h"
 #include "store/index_files.h"
@@ -56,6 +57,14 @@ void BringForward(Form& form) {
   }
 }
 
+// A child window's own keys close it only while they have the focus, which a form that waits for the machine
+// does not take: the main window has these keys.
+void TakeCloseKeys(QMdiSubWindow& frame) {
+  for (QAction* entry : frame.systemMenu()->actions()) {
+    entry->setShortcuts(QList<QKeySequence>());
+  }
+}
+
 }  // namespace
 
 MDIForm1::MDIForm1(const Settings& settings, std::span<const FormEntry> forms)
@@ -64,12 +73,14 @@ MDIForm1::MDIForm1(const Settings& settings, std::span<const FormEntry> forms)
       area_(new MdiBackground),
       status_bar_(new StatusBar),
       frm_ser_(nullptr),
+      bar_(new MenuBar),
       menu_(
-          *menuBar(), [this](const MenuRow& row) { Click(row); }, [this](QMenu& m) { FillWindowList(m); }) {
+          *bar_, [this](const MenuRow& row) { Click(row); }, [this](QMenu& m) { FillWindowList(m); }) {
   setObjectName("MDIForm1");
   LoadedForms.push_back(this);
   frm_ser_ = new FrmSer(settings_, *status_bar_);
   frm_ser_->setParent(this);
+  setMenuBar(bar_);
   setCentralWidget(area_);
   setStatusBar(status_bar_);
   resize(kFirstSize.boundedTo(screen()->availableSize() - kDecoration));
@@ -84,8 +95,11 @@ MDIForm1::MDIForm1(const Settings& settings, std::span<const FormEntry> forms)
     }
   });
   auto* to_menu = new QShortcut(Qt::Key_F10, this);
-  connect(to_menu, &QShortcut::activated, this,
-          [this] { menuBar()->setActiveAction(menuBar()->actions().constFirst()); });
+  connect(to_menu, &QShortcut::activated, bar_, &MenuBar::Enter);
+  // The desktop's own key for closing is one of these two, or both.
+  auto* close = new QShortcut(this);
+  close->setKeys({QKeySequence(Qt::CTRL | Qt::Key_F4), QKeySequence(Qt::CTRL | Qt::Key_W)});
+  connect(close, &QShortcut::activated, area_, &QMdiArea::closeActiveSubWindow);
 }
 
 MDIForm1::~MDIForm1() {
@@ -161,6 +175,7 @@ void MDIForm1::ShowForm(const char* name) {
     if (QString(entry.name) == name) {
       Form* form = entry.create();
       QMdiSubWindow* frame = area_->addSubWindow(form);
+      TakeCloseKeys(*frame);
       // A frame that was maximized while the language changed has its old size when it comes back.
       connect(
           frame, &QMdiSubWindow::windowStateChanged, form, [form] { RefitFrame(*form); },
@@ -197,11 +212,21 @@ void MDIForm1::ChangePort(int port) {
 
 void MDIForm1::FillWindowList(QMenu& menu) {
   menu.clear();
-  for (QMdiSubWindow* frame : area_->subWindowList()) {
-    QAction* entry = menu.addAction(frame->windowTitle());
+  const QList<QMdiSubWindow*> frames = area_->subWindowList();
+  QStringList titles;
+  for (const QMdiSubWindow* frame : frames) {
+    titles.append(frame->windowTitle());
+  }
+  const QStringList texts = WithMnemonics(titles);
+  for (qsizetype i = 0; i < frames.size(); ++i) {
+    QMdiSubWindow* frame = frames[i];
+    QAction* entry = menu.addAction(texts[i]);
     entry->setCheckable(true);
     entry->setChecked(frame == area_->activeSubWindow());
-    connect(entry, &QAction::triggered, frame, [this, frame] { area_->setActiveSubWindow(frame); });
+    connect(entry, &QAction::triggered, frame, [this, frame] {
+      bar_->HandBackFocus();
+      area_->setActiveSubWindow(frame);
+    });
   }
 }
 

@@ -51,6 +51,7 @@ class MDIForm1 : public QMainWindow, public LoadedForm {
   MdiBackground* area_;
   StatusBar* status_bar_;
   FrmSer* frm_ser_;
+  MenuBar* bar_;
   MainMenu menu_;
   bool ended_ = false;  // the link has been stopped and the program is on its way out
 };

@@ -174,6 +174,28 @@ TEST_F(BarTest, SmallTurnsOfTheWheelAddUp) {
   EXPECT_EQ(changes_, Changes{51});
 }
 
+TEST_F(BarTest, ABarWithoutAValueCannotBeMovedByTheOperator) {
+  bar_->SetKnown(false);
+  QTest::keyClick(bar_, Qt::Key_Right);
+  QTest::mouseClick(bar_, Qt::LeftButton, {}, Part(QStyle::SC_ScrollBarAddLine).center());
+  Wheel(bar_, 120);
+  EXPECT_EQ(bar_->Value(), 50);
+  EXPECT_EQ(changes_, Changes{});
+  bar_->SetValue(50);
+  EXPECT_TRUE(bar_->IsKnown());
+  QTest::keyClick(bar_, Qt::Key_Right);
+  EXPECT_EQ(changes_, Changes{51});
+}
+
+TEST_F(BarTest, ABarWithoutAValueShowsNone) {
+  const QImage shown = bar_->grab().toImage();
+  bar_->SetKnown(false);
+  const QImage unknown = bar_->grab().toImage();
+  EXPECT_NE(shown, unknown);
+  EXPECT_EQ(unknown.pixelColor(Part(QStyle::SC_ScrollBarSlider).left() + 1, bar_->height() / 4),
+            unknown.pixelColor(Part(QStyle::SC_ScrollBarSlider).left() - 3, bar_->height() / 4));
+}
+
 TEST_F(BarTest, CanBeReachedByTabAndNotByTheWheel) { EXPECT_EQ(bar_->focusPolicy(), Qt::StrongFocus); }
 
 TEST_F(BarTest, DoesNotShrinkToNothing) { EXPECT_GE(bar_->minimumWidth(), 100); }

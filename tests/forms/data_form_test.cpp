@@ -2,6 +2,9 @@
 // The mechanics of forms with records, on a small form made for it.
 #include "shell/fields/data_form.h"
 
+#include <QApplication>
+#include <stdexcept>
+
 #include "forms/form_fixture.h"
 #include "shell/fields/bit_rows.h"
 #include "shell/fields/field_helpers.h"
@@ -43,8 +46,9 @@ class TwoRows : public DataForm {
   explicit TwoRows(Gate::WhileLoading while_loading = Gate::WhileLoading::kStored)
       : DataForm({.name = "TwoRows", .title = 47, .opens_after = 2, .also_released = kMirrors}),
         gate{.record = 312, .while_loading = while_loading},
-        rows(NewRows({.caption = {"Label2"}, .value = {"Label1", 1}, .box = {"Text1", 1}, .bar = {"HScroll1", 1}},
-                     kRows)) {
+        rows(NewRows(
+            {.caption = {"Label2"}, .value = {"Label1", 1}, .box = {"Text1", 1}, .bar = {"HScroll1", 1}},
+            kRows)) {
     auto* grid = new QGridLayout(Body());
     rows.PlaceInColumns(*grid, 1);
     Watch(rows);
@@ -85,6 +89,29 @@ TEST_F(DataFormTest, ARowIsTakenFromItsTable) {
   EXPECT_EQ(BarOf("HScroll1(1)").pageStep(), 1);
   EXPECT_EQ(Find<QLineEdit>("Text1(2)").maxLength(), 5);
   EXPECT_EQ(Subscribed(), (std::vector<Subscription>{{0, 312, 1}, {1, 31, 1}, {2, 31, 1}}));
+}
+
+// A form that cannot bear an arrival.
+class ThrowingForm : public Form {
+ public:
+  ThrowingForm() : Form("ThrowingForm") {}
+  void SLabelChange(std::int32_t /*index*/, double /*value*/) override { throw std::runtime_error("cannot"); }
+};
+
+TEST_F(DataFormTest, WhatAFormThrowsEndsItsTest) {
+  FormFixture::Open(new ThrowingForm);
+  EXPECT_THROW(Arrive(1, 31, 25), std::runtime_error);
+}
+
+TEST(GateRecordDeathTest, ABoardWithoutAGateStops) {
+  GTEST_FLAG_SET(death_test_style, "threadsafe");
+  EXPECT_EQ(GateRecord(1), 312);
+  EXPECT_EQ(GateRecord(2), 313);
+  EXPECT_EQ(GateRecord(3), 357);
+  for (const int node : {-1, 0, 4}) {
+    EXPECT_EXIT(GateRecord(node), testing::ExitedWithCode(kStopExitCode), "GateRecord: only the boards")
+        << node;
+  }
 }
 
 TEST_F(DataFormTest, TheNodeTellsEqualRecordsApart) {
@@ -215,6 +242,15 @@ TEST_F(DataFormTest, ClosingReleasesTheMirrorsToo) {
   EXPECT_EQ(Subscribed(), (std::vector<Subscription>{{1, 509, 1}}));
 }
 
+TEST_F(DataFormTest, GivesNoFocusOnceTheOperatorHasBeenIn) {
+  OpenTwoRows();
+  Focus("HScroll1(2)");
+  Arrive(1, 31, 1);
+  Find("HScroll1(2)").clearFocus();
+  for (int i = 0; i < 3; ++i) Arrive(1, 31, 1);
+  EXPECT_EQ(QApplication::focusWidget(), nullptr);
+}
+
 TEST_F(DataFormTest, ABoxWithTheFocusOutlivesNoForm) {
   OpenTwoRows();
   Type("Text1(1)", "9");
@@ -325,20 +361,6 @@ TEST(RecordsTest, BitsOfARecordThatIsTooWideAreItsLowOnes) {
   EXPECT_EQ(LowBits(4294967295.0), 2147483647);
   EXPECT_EQ(LowBits(4294967300.0), 4);
   EXPECT_EQ(LowBits(18446744073709551616.0), 0);
-}
-
-TEST_F(DataFormTest, ABitByteKeepsItsOtherBits) {
-  BitByte byte({.node = 2, .record = 59, .mirror = 274});
-  Arrive(2, 59, 0b10100001);
-  byte.Take(0b10100001);
-  EXPECT_TRUE(byte.Has(1));
-  EXPECT_FALSE(byte.Has(2));
-  EXPECT_TRUE(byte.Write(2, 2));
-  EXPECT_EQ(Written(), (Writes{{2, 59, 0b10100011}, {2, 274, 0b10100011}}));
-  EXPECT_TRUE(byte.Write(1, 0));
-  EXPECT_EQ(Written(), (Writes{{2, 59, 0b10100010}, {2, 274, 0b10100010}}));
-  EXPECT_TRUE(byte.Write(1, 0));
-  EXPECT_EQ(Written(), (Writes{{2, 59, 0b10100010}, {2, 274, 0b10100010}}));
 }
 
 }  // namespace

@@ -137,6 +137,23 @@ TEST(ParseTenths, OfAWholeNumberRowIsAsOddAsItHasToBe) {
   Expect(ParseTenths, 0, 10, {{u"1", 10}, {u"1.1", kBad}});
 }
 
+TEST(ParseTenthsFrom, LooksAtTheMinimumToo) {
+  Expect(ParseTenthsFrom, 20, 250,
+         {{u"2", 20},
+          {u"25", 250},
+          {u"26", kBad},
+          {u"1", kBad},
+          {u"1,9", kBad},
+          {u"2,0", 20},
+          {u"2.5", 25},
+          {u"2,55", 25},
+          {u"25,1", kBad},
+          {u"0020x", 200},
+          {u"", kBad},
+          {u"2,", kBad},
+          {u"x", kBad}});
+}
+
 TEST(ParseDelta, IsADigitOrADigitAndATenth) {
   Expect(ParseDelta, 10, 50,
          {{u"3", 30},
@@ -181,6 +198,92 @@ TEST(ParseOffset, RefusesEverythingElse) {
           {u"+12", kBad},
           {u"--1", kBad},
           {u"x", kBad}});
+}
+
+// `entries` with that many decimals of money.
+void ExpectMoney(int decimals, int max, const std::vector<Entry>& entries) {
+  for (const Entry& entry : entries) {
+    EXPECT_EQ(ParseMoney(entry.text, 0, max, decimals), entry.result)
+        << '"' << QStringView(entry.text).toUtf8().toStdString() << "\" with " << decimals << " decimals";
+  }
+}
+
+TEST(ParseMoney, ReadsTheDecimalsBehindASeparator) {
+  ExpectMoney(2, 65535,
+              {{u"1,5", 150}, {u"1,55", 155}, {u"1.5", 150}, {u"1.55", 155}, {u"0,01", 1}, {u"12,34", 1234}});
+  ExpectMoney(1, 65535, {{u"1,5", 15}, {u"1.0", 10}, {u"6553,5", 65535}});
+  ExpectMoney(3, 65535, {{u"1,5", 1500}, {u"1,55", 1550}, {u"1,555", 1555}, {u"65.535", 65535}});
+}
+
+TEST(ParseMoney, DoesNotLookBehindTheLastDecimal) {
+  ExpectMoney(2, 65535, {{u"1,555", 155}, {u"1,55x", 155}, {u"1,55,5", 155}, {u"1,55 ", 155}});
+  ExpectMoney(1, 65535, {{u"1,5x", 15}, {u"1,55", 15}});
+  ExpectMoney(3, 65535, {{u"1,555x", 1555}});
+}
+
+TEST(ParseMoney, ATextWithoutASeparatorIsInWholes) {
+  ExpectMoney(0, 65535, {{u"15", 15}, {u"0", 0}, {u"65535", 65535}});
+  ExpectMoney(1, 65535, {{u"1", 10}, {u"0", 0}, {u"6553", 65530}, {u"6554", kBad}});
+  ExpectMoney(2, 65535, {{u"1", 100}, {u"655", 65500}, {u"656", kBad}});
+  ExpectMoney(3, 65535, {{u"1", 1000}, {u"65", 65000}, {u"66", kBad}});
+}
+
+TEST(ParseMoney, EitherPartMayBeMissingButNotBoth) {
+  ExpectMoney(2, 65535, {{u",5", 50}, {u".05", 5}, {u"1,", 100}, {u"1.", 100}, {u",", kBad}, {u".", kBad}});
+  ExpectMoney(3, 65535, {{u",5", 500}, {u"1,", 1000}, {u",", kBad}});
+}
+
+TEST(ParseMoney, WithoutDecimalsASeparatorIsBad) {
+  ExpectMoney(0, 65535, {{u"1,5", kBad}, {u"1.", kBad}, {u",5", kBad}, {u",", kBad}, {u"1,0", kBad}});
+}
+
+TEST(ParseMoney, ReadsSixCharactersOfTheWholePart) {
+  ExpectMoney(0, 65535, {{u"1234567", kBad}, {u"0000159", 15}, {u"000015x", 15}, {u"000015,5", 15}});
+  ExpectMoney(0, 999999, {{u"1234567", 123456}, {u"999999", 999999}});
+  ExpectMoney(2, 65535, {{u"000001,5", 100}, {u"00001,5", 150}, {u"00001,55", 155}, {u"00001,5x", kBad}});
+  ExpectMoney(3, 65535, {{u"00065,535", 65535}, {u"00065,5359", 65535}});
+}
+
+TEST(ParseMoney, RefusesEverythingElse) {
+  for (const int decimals : {0, 2}) {
+    ExpectMoney(decimals, 65535,
+                {{u"", kBad},
+                 {u"x", kBad},
+                 {u"1x", kBad},
+                 {u"x1", kBad},
+                 {u"-1", kBad},
+                 {u"+1", kBad},
+                 {u" 1", kBad},
+                 {u"1 ", kBad},
+                 {u"1e3", kBad},
+                 {u"OFF", kBad},
+                 {u"1'000", kBad},
+                 {u"\u0661", kBad},
+                 {u"\uff11", kBad}});
+  }
+  ExpectMoney(2, 65535,
+              {{u"1,x", kBad},
+               {u"1,5x", kBad},
+               {u"1,,5", kBad},
+               {u"1,5,", kBad},
+               {u"x,5", kBad},
+               {u"1,-5", kBad},
+               {u"1, 5", kBad},
+               {u",x", kBad},
+               {u"1,\u0661", kBad}});
+}
+
+TEST(ParseMoney, AResultAboveTheLimitIsRefusedAndThereIsNoLowerOne) {
+  ExpectMoney(2, 65535, {{u"655,35", 65535}, {u"655,36", kBad}, {u"999999", kBad}, {u"0", 0}, {u"0,0", 0}});
+  ExpectMoney(0, 9999, {{u"9999", 9999}, {u"10000", kBad}});
+  ExpectMoney(2, 9999, {{u"99,99", 9999}, {u"100", kBad}, {u"100,00", kBad}});
+  ExpectMoney(3, 65535, {{u"99999,999", kBad}, {u"999999", kBad}});
+  EXPECT_EQ(ParseMoney(u"1", 50, 65535, 0), 1);
+}
+
+TEST(ParseMoney, AVeryLongTextIsReadToItsSixthCharacter) {
+  EXPECT_EQ(ParseMoney(QString(5000, '0'), 0, 65535, 3), 0);
+  EXPECT_EQ(ParseMoney(QString(5000, '9'), 0, 65535, 3), kBad);
 }
 
 }  // namespace

@@ -5,6 +5,8 @@
 
 #include <QLocale>
 
+#include "shell/fields/entry_parsers.h"
+
 namespace dosmara {
 namespace {
 
@@ -53,6 +55,42 @@ TEST_F(FieldHelpers, NoughtHasNoSign) { EXPECT_EQ(Format(-0.04, 1), "0.0"); }
 TEST_F(FieldHelpers, TheSeparatorIsTheLocales) {
   QLocale::setDefault(QLocale(QLocale::Italian, QLocale::Italy));
   EXPECT_EQ(Format(1234.5, 1), "1234,5");
+}
+
+TEST_F(FieldHelpers, ATextOfAWholeNumberHasAllItsDigits) {
+  EXPECT_EQ(WholeText(0).toStdString(), "0");
+  EXPECT_EQ(WholeText(1234567).toStdString(), "1234567");
+  EXPECT_EQ(WholeText(4294967295.0).toStdString(), "4294967295");
+  EXPECT_EQ(WholeText(-5).toStdString(), "-5");
+  EXPECT_EQ(WholeText(1000, 2).toStdString(), "1000") << "decimals are for money";
+}
+
+TEST_F(FieldHelpers, ATextOfTenthsHasOneDecimalWhateverMoneyHas) {
+  EXPECT_EQ(TenthsText(0).toStdString(), "0.0");
+  EXPECT_EQ(TenthsText(5).toStdString(), "0.5");
+  EXPECT_EQ(TenthsText(125).toStdString(), "12.5");
+  EXPECT_EQ(TenthsText(125, 3).toStdString(), "12.5");
+}
+
+TEST_F(FieldHelpers, ATextOfMoneyHasTheDecimalsOfMoney) {
+  const char* const texts[] = {"65535", "6553.5", "655.35", "65.535"};
+  const char* const small[] = {"7", "0.7", "0.07", "0.007"};
+  for (const int decimals : {0, 1, 2, 3}) {
+    EXPECT_EQ(MoneyText(65535, decimals).toStdString(), texts[decimals]);
+    EXPECT_EQ(MoneyText(7, decimals).toStdString(), small[decimals]);
+  }
+  EXPECT_EQ(MoneyText(7, 255).toStdString(), "");
+  QLocale::setDefault(QLocale(QLocale::Italian, QLocale::Italy));
+  EXPECT_EQ(MoneyText(65535, 2).toStdString(), "655,35");
+  EXPECT_EQ(TenthsText(125).toStdString(), "12,5");
+}
+
+TEST_F(FieldHelpers, EveryAmountReadsBackAsItself) {
+  for (const int decimals : {0, 1, 2, 3}) {
+    for (int amount = 0; amount <= 65535; amount += amount < 2000 ? 1 : 37) {
+      ASSERT_EQ(ParseMoney(MoneyText(amount, decimals), 0, 65535, decimals), amount) << decimals;
+    }
+  }
 }
 
 TEST_F(FieldHelpers, BindsAWholeNumber) {

@@ -119,6 +119,24 @@ std::vector<Subscription> FormFixture::Subscribed() const {
   return subscriptions;
 }
 
+EchoMark::State FormFixture::MarkBehind(const std::string& name) {
+  const QRect control = Find(name).geometry();
+  const EchoMark* nearest = nullptr;
+  for (const EchoMark* mark :
+       Find(name).parentWidget()->findChildren<EchoMark*>(Qt::FindDirectChildrenOnly)) {
+    const QRect place = mark->geometry();
+    const bool behind =
+        place.left() > control.right() && control.contains(control.center().x(), place.center().y());
+    if (behind && (nearest == nullptr || place.left() < nearest->x())) {
+      nearest = mark;
+    }
+  }
+  if (nearest == nullptr) {
+    throw std::runtime_error("no mark behind " + name);
+  }
+  return nearest->state();
+}
+
 void FormFixture::Focus(const std::string& name) { Find(name).setFocus(Qt::TabFocusReason); }
 
 void FormFixture::Type(const std::string& box, const std::string& text) {

@@ -15,6 +15,7 @@
 #include <vector>
 
 #include "controls/bar.h"
+#include "controls/echo_mark.h"
 #include "controls/two_position_switch.h"
 #include "shell/form.h"
 
@@ -78,6 +79,8 @@ class FormFixture : public testing::Test {
   std::string LabelText(const std::string& name) { return Find<QLabel>(name).text().toStdString(); }
   std::string BoxText(const std::string& name) { return Find<QLineEdit>(name).text().toStdString(); }
   int Position(const std::string& name) { return Find<TwoPositionSwitch>(name).Position(); }
+  // The nearest mark on the right of a control.
+  EchoMark::State MarkBehind(const std::string& name);
   bool Enabled(const std::string& name) { return Find(name).isEnabled(); }
   // Whether the control shows once its form does.
   bool Shown(const std::string& name) { return Find(name).isVisibleTo(form_); }

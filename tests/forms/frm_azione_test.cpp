@@ -1,6 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "forms/row_cases.h"
-#include "store/parameter_table.h"
 
 namespace dosmara {
 namespace {
@@ -83,14 +82,6 @@ TEST_F(FrmAzioneTest, SubscribesTheGateAndTheCounts) {
   const std::vector<Subscription> expected = {{0, 312, 1}, {1, 48, 1},  {1, 49, 1},  {1, 50, 1},
                                               {1, 553, 1}, {1, 554, 1}, {1, 555, 1}, {1, 556, 1}};
   EXPECT_EQ(Subscribed(), expected);
-}
-
-TEST_F(FrmAzioneTest, ReleasesTheMirrorsThatItNeverSubscribed) {
-  for (const Count& count : kCounts) ParamTable[1][count.mirror].Subscribers = 1;
-  ParamTable[1][525].Subscribers = ParamTable[1][529].Subscribers = 1;
-  ParamTable[1][561].Subscribers = ParamTable[0][526].Subscribers = 1;
-  Close();
-  EXPECT_EQ(Subscribed(), (std::vector<Subscription>{{0, 526, 1}, {1, 525, 1}, {1, 529, 1}, {1, 561, 1}}));
 }
 
 TEST_F(FrmAzioneTest, TakesItsTitleFromTheLanguage) { EXPECT_EQ(form().windowTitle(), "#43"); }

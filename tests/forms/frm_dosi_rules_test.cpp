@@ -7,7 +7,6 @@
 #include "controls/echo_mark.h"
 #include "forms/form_fixture.h"
 #include "link/identification.h"
-#include "store/parameter_table.h"
 
 namespace dosmara {
 namespace {
@@ -82,6 +81,21 @@ TEST_F(FrmDosiTest, UnlocksAtTheTwentyFourthArrival) {
   Arrive(1, 148, 7);
   EXPECT_TRUE(Enabled("Command1(0)"));
   EXPECT_TRUE(RowOpen(0));
+}
+
+TEST_F(FrmDosiTest, EveryRowAndEveryByteOfAPropertyCounts) {
+  std::vector<int> records(std::begin(kRowRecords), std::end(kRowRecords));
+  records.insert(records.end(), std::begin(kBitRecords), std::end(kBitRecords));
+  for (const int record : records) {
+    SCOPED_TRACE(record);
+    Open();
+    Arrive(0, 312, 4);
+    for (int i = 0; i < 22; ++i) Arrive(1, record, 7);
+    EXPECT_FALSE(Enabled("Command1(0)"));
+    Arrive(1, record, 7);
+    EXPECT_TRUE(Enabled("Command1(0)"));
+    Close();
+  }
 }
 
 TEST_F(FrmDosiTest, ForeignArrivalsDoNotCount) {
@@ -163,8 +177,11 @@ TEST_F(FrmDosiTest, AChangeOfSelectionMovesTheSubscriptions) {
 TEST_F(FrmDosiTest, OnlyTheSelectionShownIsHeard) {
   OpenLoaded();
   Click("Label11(5)");
+  EXPECT_EQ(LabelText("lblVal(0)"), "") << "the dose of this selection is not known yet";
+  EXPECT_EQ(BoxText("txtVal(0)"), "");
+  EXPECT_FALSE(BarOf("scrDosi(0)").IsKnown());
   Arrive(1, 148, 99);
-  EXPECT_EQ(LabelText("lblVal(0)"), "7");
+  EXPECT_EQ(LabelText("lblVal(0)"), "");
   Arrive(1, 153, 88);
   EXPECT_EQ(LabelText("lblVal(0)"), "88");
 }
@@ -376,6 +393,56 @@ TEST_F(FrmDosiTest, AStartThatWasSeenEndsWithItsTest) {
   }
 }
 
+TEST_F(FrmDosiTest, TheStatusEndsADrinkThatIsTestedAfterAPart) {
+  OpenLoaded();
+  Click("cmdProva(4)");
+  Fire("Timer3");
+  Click("Command1(2)");
+  Arrive(0, 317, 2);
+  Fire("Timer1");
+  ExpectAllGrey();
+  Arrive(0, 317, 0);
+  EXPECT_TRUE(Enabled("Command1(2)"));
+  EXPECT_TRUE(RowOpen(0));
+}
+
+TEST_F(FrmDosiTest, ABoxThatIsLeftForTheKeypadShowsWhatItsLabelShows) {
+  OpenLoaded();
+  for (const bool typed : {false, true}) {
+    Click("txtVal(0)");
+    EXPECT_EQ(BoxText("txtVal(0)"), "");
+    if (typed) Type("txtVal(0)", "12");
+    Click("Label11(5)");
+    Focus("HScroll7");
+    EXPECT_EQ(BoxText("txtVal(0)"), LabelText("lblVal(0)"));
+    Click("txtVal(0)");
+    Arrive(1, 153, 88);
+    Click("Label11(0)");
+    Focus("HScroll7");
+    EXPECT_EQ(BoxText("txtVal(0)"), LabelText("lblVal(0)"));
+    Arrive(1, 148, 7);
+    EXPECT_EQ(BoxText("txtVal(0)"), "7");
+  }
+  EXPECT_EQ(Written(), Writes{});
+}
+
+TEST_F(FrmDosiTest, ASwitchThatTheMachineDoesNotTakeSaysSoUntilItIsChangedAgain) {
+  OpenLoaded();
+  const auto mark = [this] { return MarkBehind("SwitchX1(1)"); };
+  EXPECT_EQ(mark(), EchoMark::State::kNone);
+  Click("SwitchX1(1)");
+  EXPECT_EQ(mark(), EchoMark::State::kOnItsWay);
+  Arrive(1, 34, 0);
+  EXPECT_EQ(mark(), EchoMark::State::kNotTaken);
+  EXPECT_EQ(Position("SwitchX1(1)"), 0);
+  Arrive(1, 34, 1);
+  EXPECT_EQ(mark(), EchoMark::State::kNotTaken);
+  Click("SwitchX1(1)");
+  EXPECT_EQ(mark(), EchoMark::State::kOnItsWay);
+  Arrive(1, 34, 0);
+  EXPECT_EQ(mark(), EchoMark::State::kTaken);
+}
+
 TEST_F(FrmDosiTest, APartWithoutTimeIsTestedForATenthOfASecond) {
   OpenLoaded();
   Arrive(1, 280, 0);
@@ -413,21 +480,25 @@ TEST_F(FrmDosiTest, TheTabKeyFollowsTheRows) {
   }
 }
 
+TEST_F(FrmDosiTest, TheValuesOfAnotherSelectionAreEmptyUntilTheyArrive) {
+  OpenLoaded();
+  Click("Label11(2)");
+  for (int n = 0; n < 14; ++n) {
+    EXPECT_EQ(LabelText(Element("lblVal", n)), "") << n;
+    EXPECT_EQ(BoxText(Element("txtVal", n)), "") << n;
+  }
+  Arrive(1, 148 + 2, 55);
+  EXPECT_EQ(LabelText("lblVal(0)"), "55");
+  EXPECT_EQ(BoxText("txtVal(0)"), "55");
+  EXPECT_EQ(LabelText("lblVal(1)"), "");
+  EXPECT_EQ(Written(), Writes{});
+}
+
 TEST_F(FrmDosiTest, AClosedFormReleasesTheSelectionShown) {
   OpenLoaded();
   Click("Label11(9)");
   Close();
   EXPECT_EQ(Subscribed(), std::vector<Subscription>{});
-}
-
-TEST_F(FrmDosiTest, ClosingReleasesMirrorsThatItNeverSubscribed) {
-  const std::vector<int> released = {512, 513, 514, 516, 517, 518, 520, 521, 522, 593, 594, 595, 596};
-  for (const int record : released) ParamTable[1][record].Subscribers = 2;
-  ParamTable[1][515].Subscribers = 2;
-  Open();
-  Close();
-  for (const int record : released) EXPECT_EQ(ParamTable[1][record].Subscribers, 1) << record;
-  EXPECT_EQ(ParamTable[1][515].Subscribers, 2);
 }
 
 }  // namespace

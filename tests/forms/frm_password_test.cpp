@@ -49,12 +49,6 @@ TEST_F(FrmPasswordTest, SubscribesTheThreeCodesOfTheMainBoard) {
   EXPECT_EQ(Subscribed(), (std::vector<Subscription>{{0, 1, 1}, {0, 2, 1}, {0, 3, 1}}));
 }
 
-TEST_F(FrmPasswordTest, ReleasesTheMirrorsThatItNeverSubscribed) {
-  for (int record = 202; record <= 206; ++record) ParamTable[0][record].Subscribers = 1;
-  Close();
-  EXPECT_EQ(Subscribed(), (std::vector<Subscription>{{0, 202, 1}, {0, 206, 1}}));
-}
-
 TEST_F(FrmPasswordTest, CaptionsComeFromTheLanguage) {
   EXPECT_EQ(form().windowTitle(), "#25");
   for (const Code& code : kCodes) {
@@ -70,6 +64,76 @@ TEST_F(FrmPasswordTest, IsOpenFromTheStartAndKnowsNoGate) {
   for (const Code& code : kCodes) {
     EXPECT_TRUE(Enabled(code.box));
     EXPECT_TRUE(Shown(code.box));
+  }
+}
+
+// The form as it is before the machine has sent anything, with other numbers from the index file.
+class FrmPasswordFirst : public FormFixture {
+ protected:
+  FrmPasswordFirst() {
+    for (const Code& code : kCodes) {
+      ParamTable[0][code.record].Control = 2;
+      ParamTable[0][code.record].Value[0] = 77;
+    }
+    Open("FrmPassword");
+  }
+};
+
+TEST_F(FrmPasswordFirst, WalkingOverTheBoxesShowsAndWritesNothing) {
+  for (int round = 0; round < 2; ++round) {
+    for (const Code& code : kCodes) {
+      Focus(code.box);
+      EXPECT_EQ(BoxText(code.box), "");
+    }
+  }
+  Focus("Text1(0)");
+  TabThrough(6);
+  EXPECT_EQ(Written(), std::vector<Write>{});
+}
+
+TEST_F(FrmPasswordFirst, ANumberThatWillNotDoWritesNothing) {
+  for (const Code& code : kCodes) {
+    for (const char* bad : {"-5", "    7", "x", ""}) {
+      SCOPED_TRACE(std::string(code.box) + " " + bad);
+      if (code.record != 2 && std::string(bad) == "    7") continue;
+      Enter(code.box, bad);
+      EXPECT_EQ(BoxText(code.box), "");
+      Find(code.box).clearFocus();
+      EXPECT_EQ(BoxText(code.box), "");
+      EXPECT_EQ(Written(), std::vector<Write>{});
+    }
+  }
+}
+
+TEST_F(FrmPasswordFirst, ATypedNumberIsWrittenAndInForceFromThenOn) {
+  for (const Code& code : kCodes) {
+    SCOPED_TRACE(code.box);
+    Enter(code.box, "4321");
+    EXPECT_EQ(Written(), (std::vector<Write>{{0, code.record, 4321}, {0, code.mirror, 4321}}));
+    Find<QLineEdit>(code.box).setText("x");
+    PressEnter();
+    EXPECT_EQ(BoxText(code.box), "4321");
+    Find(code.box).clearFocus();
+    Written();
+  }
+}
+
+TEST_F(FrmPasswordTest, ACodeThatTheMachineDoesNotTakeSaysSoUntilItIsChangedAgain) {
+  using State = EchoMark::State;
+  for (const Code& code : kCodes) {
+    SCOPED_TRACE(code.box);
+    EXPECT_EQ(MarkBehind(code.box), State::kNone);
+    Replace(code.box, "4321");
+    EXPECT_EQ(MarkBehind(code.box), State::kOnItsWay);
+    Arrive(0, code.record, 77);
+    EXPECT_EQ(MarkBehind(code.box), State::kNotTaken);
+    EXPECT_EQ(BoxText(code.box), "77");
+    Arrive(0, code.record, 4321);
+    EXPECT_EQ(MarkBehind(code.box), State::kNotTaken);
+    Replace(code.box, "5");
+    EXPECT_EQ(MarkBehind(code.box), State::kOnItsWay);
+    Arrive(0, code.record, 5);
+    EXPECT_EQ(MarkBehind(code.box), State::kTaken);
   }
 }
 

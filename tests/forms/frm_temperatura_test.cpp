@@ -5,7 +5,6 @@
 
 #include "forms/row_cases.h"
 #include "link/identification.h"
-#include "store/parameter_table.h"
 
 namespace dosmara {
 namespace {
@@ -197,19 +196,6 @@ TEST_F(FrmTemperaturaTest, SubscribesItsRecordsAndTheGates) {
     for (int record = 51; record <= 57; ++record) expected.push_back({node, record, 1});
   }
   EXPECT_EQ(Subscribed(), expected);
-}
-
-TEST_F(FrmTemperaturaTest, ClosingReleasesTheMirrorsOfTheFirstTankTwiceAndOfTheSecondNever) {
-  Open();
-  ParamTable[1][502].Subscribers = 3;
-  for (const int node : {2, 3}) {
-    for (int mirror = 266; mirror <= 272; ++mirror) ParamTable[node][mirror].Subscribers = 3;
-  }
-  Close();
-  std::vector<Subscription> left = {{1, 502, 2}};
-  for (int mirror = 266; mirror <= 272; ++mirror) left.push_back({2, mirror, 1});
-  for (int mirror = 266; mirror <= 272; ++mirror) left.push_back({3, mirror, 3});
-  EXPECT_EQ(Subscribed(), left);
 }
 
 TEST_F(FrmTemperaturaTest, UnlocksAtTheSixteenthArrivalOfARow) {

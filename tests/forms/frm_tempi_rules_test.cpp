@@ -114,19 +114,6 @@ TEST_F(FrmTempiTest, SubscribesItsRecordsAndTheGates) {
   EXPECT_EQ(Subscribed(), expected);
 }
 
-TEST_F(FrmTempiTest, ClosingReleasesTheMirrorsToo) {
-  Open();
-  std::vector<Subscription> left;
-  for (const int record : {503, 504, 508, 509, 510, 562, 586, 588}) left.push_back({1, record, 1});
-  for (const int node : {2, 3}) {
-    left.push_back({node, 273, 1});
-    for (int record = 310; record <= 327; ++record) left.push_back({node, record, 1});
-  }
-  for (const Subscription& mirror : left) ParamTable[mirror.node][mirror.record].Subscribers = 2;
-  Close();
-  EXPECT_EQ(Subscribed(), left);
-}
-
 TEST_F(FrmTempiTest, UnlocksAtTheTwentyFirstArrival) {
   Open();
   for (const int gate : {312, 313, 357}) Arrive(0, gate, 4);
@@ -294,6 +281,17 @@ TEST_F(FrmTempiTest, TheBoxesOfAUnitStandInLineInEveryLanguage) {
       }
     }
   }
+}
+
+TEST_F(FrmTempiTest, OpensOnItsFirstTimeAndNotOnTheTabs) {
+  Open();
+  ASSERT_TRUE(Tabs().tabBar()->hasFocus());
+  form().TakeFocus();
+  for (const int gate : {312, 313, 357}) Arrive(0, gate, 4);
+  ArriveMain();
+  ArriveZeth(2);
+  ArriveZeth(3);
+  EXPECT_TRUE(Find("txtTempi(0)").hasFocus());
 }
 
 TEST_F(FrmTempiTest, TheTabKeyFollowsTheRows) {

@@ -305,8 +305,16 @@ TEST_P(EachRow, AHeldRowIsHeldByAChangeAloneAndUntilTheMachineAnswers) {
     for (const RowCase& other : rows()) {
       EXPECT_EQ(Enabled(other.bar), &other != &row) << other.bar;
     }
+    // A second one is held on its own.
+    const RowCase& second = rows()[&row == &rows()[1] ? 2 : 1];
+    EnterBox(second);
+    Enter(second.box, second.good.front().text);
+    Leave();
     Arrive(row, rest);
     EXPECT_TRUE(Enabled(row.bar)) << "whatever the answer";
+    EXPECT_FALSE(Enabled(second.bar));
+    Rest(second);
+    EXPECT_TRUE(Enabled(second.bar));
     Written();
   }
 }

@@ -71,6 +71,30 @@ TEST_F(LinkGuard, ALineIsQuietTwentyMillisecondsAfterAStrayByte) {
   EXPECT_EQ(host_.frames.size(), 1U);
 }
 
+TEST_F(LinkGuard, BytesThatWaitAsARequestLeavesAreNoPartOfItsReply) {
+  host_.board = nullptr;
+  host_.chunk = 2;
+  Noise({57});
+  host_.Send({57}, milliseconds(30));
+  host_.RunFor(milliseconds(1));
+  ASSERT_EQ(host_.InputCount(), 1U);
+  SendNow();
+  host_.RunFor(milliseconds(100));
+  EXPECT_TRUE(Arrivals().empty());
+}
+
+TEST_F(LinkGuard, AReplyBehindBytesThatWaitedAsTheRequestLeftCountsAsBad) {
+  host_.board = nullptr;
+  host_.chunk = 2;
+  Noise({0, 0, 0});
+  host_.RunFor(microseconds(600));
+  ASSERT_EQ(host_.InputCount(), 1U);
+  SendNow();
+  host_.RunFor(milliseconds(10));
+  EXPECT_TRUE(Arrivals().empty());
+  EXPECT_EQ(host_.frames.size(), 2U);
+}
+
 TEST_F(LinkGuard, AnEventWithoutBytesIsNoByteOnAnIdleLine) {
   ReceiveEvent();
   SendNow();
@@ -198,6 +222,170 @@ TEST_F(LinkGuard, ARepeatedForwardedWriteLeavesInItsOwnTime) {
   EXPECT_EQ(host_.InputCount(), 0U);
   EXPECT_EQ(RetryCount, retries);  // dropped, not judged
   EXPECT_EQ(host_.frames.size(), 2U);
+}
+
+// A port that is faster than 19200 bit/s; the board's second reply comes before a request could have left.
+class EarlyReply : public LinkGuard {
+ protected:
+  EarlyReply() {
+    host_.at_wire_pace = false;
+    host_.board = &script_;
+    script_.latency = microseconds(1000);
+    Ask();
+    StartScan();
+    Records(0, 10, {.period = 1});
+  }
+  // Runs ticks until the line has been asked so many times.
+  bool Asked(std::size_t requests) {
+    return host_.RunUntil([&] { return host_.frames.size() == requests; }, milliseconds(3000));
+  }
+
+  ScriptedBoard script_;
+};
+
+TEST_F(EarlyReply, CostsNoSecond) {
+  script_.replies = {{9, 8}, {57, 57}, {57, 57}};
+  ASSERT_TRUE(host_.RunUntil([&] { return !Arrivals().empty(); }, milliseconds(3000)));
+  EXPECT_EQ(Values(), (std::vector<double>{57}));
+  EXPECT_EQ(host_.frames.size(), 3U);
+  EXPECT_EQ(host_.Now(), milliseconds(40 + 120 + 1));  // asked anew at the first tick after 100 ms of silence
+  EXPECT_EQ(host_.reopens, 0);
+}
+
+TEST_F(EarlyReply, IsNotTrusted) {
+  script_.replies = {{9, 8}, {33, 33}};
+  host_.RunFor(milliseconds(1100));
+  EXPECT_TRUE(Arrivals().empty());
+}
+
+TEST_F(EarlyReply, CostsNoSecondWhenPartOfItComesInTime) {
+  script_.replies = {{9, 8}};
+  ASSERT_TRUE(Asked(2));
+  host_.Send({57}, microseconds(2000));
+  host_.At(host_.Now() + milliseconds(30), [&] { host_.Send({57}); });
+  script_.replies = {{}, {57, 57}};
+  ASSERT_TRUE(host_.RunUntil([&] { return !Arrivals().empty(); }, milliseconds(3000)));
+  EXPECT_LT(host_.Now(), milliseconds(300));
+  EXPECT_EQ(Values(), (std::vector<double>{57}));
+}
+
+TEST_F(EarlyReply, IsNotOverWhileBytesTrickleIn) {
+  script_.replies = {{9, 8}, {57, 57}};
+  ASSERT_TRUE(Asked(2));
+  const microseconds repeated = host_.Now();
+  host_.At(repeated + milliseconds(95), [&] { host_.Send({57}); });
+  ASSERT_TRUE(Asked(3));
+  EXPECT_GE(host_.Now() - repeated, milliseconds(195));
+}
+
+TEST_F(EarlyReply, IsForgottenWhenTheRequestIsRepeatedForAnotherReason) {
+  script_.replies = {{9, 8}, {57, 57}};
+  ASSERT_TRUE(Asked(2));
+  host_.At(host_.Now() + milliseconds(50), [&] { host_.Send({1, 2}); });
+  ASSERT_TRUE(Asked(3));
+  host_.Send({57, 57}, milliseconds(200));
+  ASSERT_TRUE(host_.RunUntil([&] { return !Arrivals().empty(); }, milliseconds(3000)));
+  EXPECT_EQ(host_.frames.size(), 3U);
+}
+
+TEST_F(EarlyReply, LeavesTheRequestAskedAnewAWholeSecond) {
+  script_.replies = {{9, 8}, {57, 57}};
+  ASSERT_TRUE(Asked(3));
+  host_.Send({57, 57}, milliseconds(990));
+  ASSERT_TRUE(host_.RunUntil([&] { return !Arrivals().empty(); }, milliseconds(3000)));
+  EXPECT_EQ(host_.reopens, 0);
+}
+
+TEST_F(EarlyReply, IsAskedAnewOnItsOwnNode) {
+  Unsubscribe(0, 4);
+  Records(1, 10);
+  Subscribe(1, 4);
+  script_.replies = {{9, 8}, {57, 57}};
+  ASSERT_TRUE(Asked(2));
+  host_.RunFor(milliseconds(5));
+  NodeIndex = 0;  // as a form leaves it
+  ASSERT_TRUE(Asked(3));
+  EXPECT_EQ(host_.frames[2].bytes, host_.frames[0].bytes);
+}
+
+TEST_F(EarlyReply, HoldsUpNothingAfterATimeOut) {
+  Subscribe(0, 5);
+  script_.replies = {{9, 8}, {57, 57}};
+  ASSERT_TRUE(host_.RunUntil([&] { return host_.reopens == 1; }, milliseconds(3000)));
+  host_.frames.clear();
+  script_.replies.assign(9, {57, 57});
+  host_.RunFor(milliseconds(40 * 12));
+  ASSERT_GE(host_.frames.size(), 3U);
+}
+
+TEST_F(EarlyReply, HoldsUpOnlyTheNextRequest) {
+  At(0, 5).Period = 0;
+  At(0, 6).Period = 0;
+  At(0, 7).Period = 0;
+  for (const int index : {5, 6, 7}) Subscribe(0, index);
+  script_.replies = {{9, 8}, {57, 57}, {57, 57}, {5, 5}, {6, 6}, {7, 7}};
+  ASSERT_TRUE(Asked(6));
+  EXPECT_EQ(host_.frames[4].time - host_.frames[3].time, milliseconds(40));
+  EXPECT_EQ(host_.frames[5].time - host_.frames[4].time, milliseconds(40));
+}
+
+TEST_F(EarlyReply, ThatComesTwiceHoldsUpTheNextRequestFromTheFirstTimeOn) {
+  At(0, 5).Period = 0;
+  Subscribe(0, 5);
+  script_.replies = {{9, 8}, {57, 57}, {9, 8}, {57, 57}, {57, 57}, {5, 5}};
+  ASSERT_TRUE(Asked(2));
+  const microseconds repeated = host_.Now();
+  ASSERT_TRUE(host_.RunUntil([] { return LinkIdle; }, milliseconds(3000)));
+  const microseconds answered = host_.Now();
+  ASSERT_TRUE(Asked(6));
+  EXPECT_GE(host_.Now() - answered, answered - repeated);
+}
+
+TEST_F(EarlyReply, CountsAsABadReply) {
+  script_.replies = {{9, 8}, {57, 57}, {9, 8}, {57, 57}, {57, 57}};
+  ASSERT_TRUE(Asked(5));
+  EXPECT_EQ(RetryCount, 4);
+  host_.RunFor(milliseconds(20));  // the fifth reply ends the exchange, good as it is
+  EXPECT_TRUE(Arrivals().empty());
+  EXPECT_TRUE(LinkIdle);
+  EXPECT_EQ(RetryCount, 0);
+}
+
+TEST_F(EarlyReply, AsAFifthReplyEndsTheExchange) {
+  script_.replies = {{9, 8}, {9, 8}, {9, 8}, {9, 8}, {57, 57}};
+  script_.latency = microseconds(2700);
+  ASSERT_TRUE(Asked(5));
+  script_.latency = microseconds(1000);
+  host_.Send({57, 57}, microseconds(500));
+  host_.RunFor(milliseconds(150));
+  EXPECT_TRUE(LinkIdle);
+  EXPECT_EQ(RetryCount, 0);
+  EXPECT_TRUE(Arrivals().empty());
+  EXPECT_EQ(host_.reopens, 0);
+}
+
+TEST_F(EarlyReply, ASlowBoardIsWaitedForAsLongAsItMayAnswerTwice) {
+  // The broken reply leaves two bytes behind; the board needs 150 ms, and so answers the request that was
+  // asked anew after the one that was repeated.
+  At(0, 5).Period = 0;
+  Subscribe(0, 5);
+  host_.board = nullptr;
+  ASSERT_TRUE(Asked(1));
+  host_.Send({9, 8, 33, 33}, milliseconds(5));
+  host_.RunFor(milliseconds(6));
+  ASSERT_EQ(host_.frames.size(), 2U);
+  const microseconds repeated = host_.Now();
+  host_.Send({57, 57}, milliseconds(149));
+  ASSERT_TRUE(Asked(3));
+  host_.Send({57, 57}, milliseconds(150));
+  ASSERT_TRUE(host_.RunUntil([&] { return !Arrivals().empty(); }, milliseconds(500)));
+  const microseconds answered = host_.Now();
+  ASSERT_TRUE(Asked(4));
+  EXPECT_EQ(host_.frames[3].bytes, (Bytes{0, 0, 0, 5, 5}));
+  EXPECT_GE(host_.Now() - answered, answered - repeated);
+  EXPECT_EQ(Values(), (std::vector<double>{57}));
+  host_.RunFor(milliseconds(39));
+  EXPECT_EQ(Arrivals().size(), 1U);
 }
 
 TEST_F(LinkGuard, ABoardThatAnswersAtOnceIsBelievedOnAQuietLine) {

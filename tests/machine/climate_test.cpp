@@ -121,6 +121,19 @@ TEST_F(ClimateTest, ATankIsCooledFromItsHysteresisDownToTheTemperatureWanted) {
   EXPECT_NEAR(Raw(2), 7.0, 0.05);
 }
 
+TEST_F(ClimateTest, TheSecondTankCoolsAndWarmsFaster) {
+  const auto cycle = [this](int node) {
+    SetTank(node, 7.0);
+    Pass(1s);
+    const int cooling = SecondsUntil([&] { return !Compressor(node); });
+    return std::pair(cooling, SecondsUntil([&] { return Compressor(node); }));
+  };
+  const auto [cooling, warming] = cycle(2);
+  const auto [faster_cooling, faster_warming] = cycle(3);
+  EXPECT_LT(faster_cooling, cooling * 2 / 3);
+  EXPECT_LT(faster_warming, warming * 2 / 3);
+}
+
 TEST_F(ClimateTest, TheUnitGoesByRawPlusOffset) {
   Set(2, 52, 8);
   SetTank(2, 4.1);

@@ -165,6 +165,14 @@ TEST(Day, MirrorsBeginAlike) {
   }
 }
 
+TEST(Day, TheTwoTanksNeverMeet) {
+  Day day;
+  for (int minute = 0; minute < 180; ++minute) {
+    day.Pass(1min);
+    EXPECT_GT(day.Get(3, 287), day.Get(2, 287) + 128u) << minute;
+  }
+}
+
 TEST(Day, AWeekOfCustomersAddsUp) {
   Day day;
   day.machine.sales().SetCustomers(20);

@@ -118,12 +118,14 @@ class ProgramTest : public testing::Test {
     return reply;
   }
 
-  // The exit code, once the program has ended by itself.
+  // The exit code, once the program has ended by itself; -1 if it does not.
   int ExitCode() {
-    while (Readable(replies_, 10s)) {
+    bool ended = false;
+    while (!ended && Readable(replies_, 10s)) {
       char rest[256];
-      if (read(replies_, rest, sizeof rest) <= 0) break;
+      ended = read(replies_, rest, sizeof rest) <= 0;
     }
+    if (!ended) kill(child_, SIGKILL);
     int status = 0;
     EXPECT_EQ(waitpid(child_, &status, 0), child_);
     child_ = -1;

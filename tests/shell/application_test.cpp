@@ -24,11 +24,25 @@ double Contrast(const QColor& a, const QColor& b) {
 
 TEST(ReadablePalette, KeepsGreyedMenusReadableInLightAndDark) {
   for (const QColor window : {QColor(239, 239, 239), QColor(42, 46, 50)}) {
-    const QPalette palette = ReadablePalette(QPalette(window, window));
+    QPalette faint(window, window);
+    faint.setColor(QPalette::Disabled, QPalette::ButtonText, window.lighter(110));
+    faint.setColor(QPalette::Disabled, QPalette::Window, window.darker(110));
+    const QPalette palette = ReadablePalette(faint);
     const auto color = [&](QPalette::ColorRole role) { return palette.color(QPalette::Disabled, role); };
     EXPECT_GE(Contrast(color(QPalette::ButtonText), color(QPalette::Window)), 3);
     EXPECT_GE(Contrast(color(QPalette::Text), color(QPalette::Base).lighter(108)), 3);
     EXPECT_EQ(color(QPalette::Window), window);
+  }
+}
+
+TEST(ReadablePalette, KeepsTheValueBehindAnEntryReadableInLightAndDark) {
+  for (const QColor window : {QColor(239, 239, 239), QColor(42, 46, 50)}) {
+    QPalette faint(window, window);
+    faint.setColor(QPalette::PlaceholderText, QColor(0, 0, 0, 128));
+    const QPalette palette = ReadablePalette(faint);
+    EXPECT_GE(Contrast(palette.color(QPalette::PlaceholderText), palette.color(QPalette::Base)), 4.5);
+    EXPECT_EQ(palette.color(QPalette::PlaceholderText).alpha(), 255);
+    EXPECT_NE(palette.color(QPalette::PlaceholderText), palette.color(QPalette::Text));
   }
 }
 

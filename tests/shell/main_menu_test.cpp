@@ -5,8 +5,10 @@
 
 #include <QMenu>
 #include <algorithm>
+#include <set>
 
 #include "shell/caption_table.h"
+#include "shell/language.h"
 
 namespace dosmara {
 namespace {
@@ -94,7 +96,10 @@ class MainMenuTest : public testing::Test {
     }
   }
 
-  QMenuBar bar_;
+  // What an entry shows, without its mnemonic.
+  static QString Shown(const QAction& entry) { return entry.iconText(); }
+
+  MenuBar bar_;
   std::vector<MenuRow> clicks_;
   MainMenu menu_{bar_, [this](const MenuRow& row) { clicks_.push_back(row); },
                  [](QMenu& windows) { windows.addAction("filled"); }};
@@ -107,7 +112,7 @@ TEST_F(MainMenuTest, HasTheWholeTreeInItsOrder) {
   for (std::size_t i = 0; i < entries.size(); ++i) {
     EXPECT_EQ(entries[i].first->objectName(), kTree[i].name);
     EXPECT_EQ(entries[i].second, kTree[i].level) << kTree[i].name;
-    EXPECT_EQ(entries[i].first->text(), kTree[i].caption) << kTree[i].name;
+    EXPECT_EQ(Shown(*entries[i].first), kTree[i].caption) << kTree[i].name;
   }
 }
 
@@ -118,15 +123,37 @@ TEST_F(MainMenuTest, TakesEachCaptionFromItsLine) {
   menu_.InitMessaggi();
   for (const Entry& entry : kTree) {
     const QString expected = entry.line == 0 ? QString(entry.caption) : QString("line %1").arg(entry.line);
-    EXPECT_EQ(Action(entry.name)->text(), expected) << entry.name;
+    EXPECT_EQ(Shown(*Action(entry.name)), expected) << entry.name;
   }
 }
 
 TEST_F(MainMenuTest, KeepsItsOwnCaptionWhereTheLanguageHasAnEmptyLine) {
   CaptionTable[1] = "Archivio";
   menu_.InitMessaggi();
-  EXPECT_EQ(Action("mnuFile")->text(), "Archivio");
-  EXPECT_EQ(Action("mnuLingue")->text(), "Lingue");
+  EXPECT_EQ(Shown(*Action("mnuFile")), "Archivio");
+  EXPECT_EQ(Shown(*Action("mnuLingue")), "Lingue");
+}
+
+TEST_F(MainMenuTest, GivesEachEntryAMnemonicOfItsOwnInEitherLanguage) {
+  for (const char* language : {"Italiano.lng", "English.lng"}) {
+    LoadLanguage(DOSMARA_PROGRAM_DATA, language);
+    menu_.InitMessaggi();
+    std::set<std::pair<QObject*, QKeySequence>> taken;
+    for (const Entry& entry : kTree) {
+      const QAction& action = *Action(entry.name);
+      const QKeySequence mnemonic = QKeySequence::mnemonic(action.text());
+      EXPECT_EQ(mnemonic.isEmpty(), Shown(action).isEmpty()) << entry.name;
+      if (!mnemonic.isEmpty()) {
+        EXPECT_TRUE(taken.emplace(action.associatedObjects().constFirst(), mnemonic).second) << entry.name;
+      }
+    }
+  }
+}
+
+TEST_F(MainMenuTest, ShowsAnAmpersandOfTheLanguageFile) {
+  CaptionTable[3] = "Tempi & Dosi";
+  menu_.InitMessaggi();
+  EXPECT_EQ(Action("mnuTempiDosi")->text(), "&Tempi && Dosi");
 }
 
 TEST_F(MainMenuTest, NamesTheFormOfEachClick) {
@@ -182,8 +209,8 @@ TEST_F(MainMenuTest, ShowsTheLanguagesAndTheTicks) {
   settings.smnuLingue[1] = {.caption = "R&D", .shown = true, .ticked = true};
   settings.mnuCox[4] = true;
   menu_.ShowTicks(settings);
-  EXPECT_EQ(Action("smnuLingue(0)")->text(), "Italiano");
-  EXPECT_EQ(Action("smnuLingue(1)")->text(), "R&&D");
+  EXPECT_EQ(Action("smnuLingue(0)")->text(), "&Italiano");
+  EXPECT_EQ(Action("smnuLingue(1)")->text(), "&R&&D");
   EXPECT_FALSE(Action("smnuLingue(0)")->isChecked());
   EXPECT_TRUE(Action("smnuLingue(1)")->isChecked());
   EXPECT_TRUE(Action("smnuLingue(1)")->isVisible());

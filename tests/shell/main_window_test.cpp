@@ -128,10 +128,10 @@ TEST_F(MainWindowStart, ConnectsAndNamesItself) {
   EXPECT_EQ(window_->windowTitle(), "Dosmara");
   EXPECT_EQ(window_->objectName(), "MDIForm1");
   EXPECT_EQ(QDir::currentPath(), QDir(folder_.path()).canonicalPath());
-  EXPECT_EQ(Action("smnuExit")->text(), "Esci");
+  EXPECT_EQ(Action("smnuExit")->iconText(), "Esci");
   EXPECT_TRUE(Action("mnuCox(1)")->isChecked());
   EXPECT_TRUE(Action("smnuLingue(1)")->isChecked());
-  EXPECT_EQ(Action("smnuLingue(1)")->text(), "Italiano");
+  EXPECT_EQ(Action("smnuLingue(1)")->iconText(), "Italiano");
   EXPECT_FALSE(Action("smnuLingue(2)")->isVisible());
   EXPECT_TRUE(NodePresent[0]);
   EXPECT_GT(NodeRecordCount[0], 300);
@@ -221,7 +221,7 @@ TEST_F(MainWindowStart, HidesByTheModelOfTheBoardThatAnswers) {
 TEST_F(MainWindowStart, ShowsItselfWithItsMenusBeforeThePortIsSearched) {
   bool shown = false;
   const MsgBoxHandler recorder = SetMsgBoxHandler([&](const QString&, const QString&, BoxStyle) {
-    shown = window_->isVisible() && Action("smnuExit")->text() == "Esci";
+    shown = window_->isVisible() && Action("smnuExit")->iconText() == "Esci";
     return BoxAnswer::kOk;
   });
   EXPECT_THROW(window_->Load(), ProgramEnds);
@@ -281,7 +281,8 @@ TEST_F(MainWindowForms, StandInTheListOfWindows) {
   auto* windows = window_->findChild<QMenu*>("mnuWL");
   emit windows->aboutToShow();
   ASSERT_EQ(windows->actions().size(), 2);
-  EXPECT_EQ(windows->actions()[0]->text(), "FrmDosi");
+  EXPECT_EQ(windows->actions()[0]->text(), "&FrmDosi");
+  EXPECT_EQ(windows->actions()[1]->text(), "F&rmTempi");
   EXPECT_FALSE(windows->actions()[0]->isChecked());
   EXPECT_TRUE(windows->actions()[1]->isChecked());
   windows->actions()[0]->trigger();
@@ -302,6 +303,24 @@ TEST_F(MainWindowForms, AreReachedByKeyboard) {
   window_->activateWindow();
   QTest::keyClick(window_.get(), Qt::Key_F10);
   EXPECT_EQ(window_->menuBar()->activeAction(), Action("mnuFile"));
+  EXPECT_TRUE(window_->menuBar()->hasFocus());
+}
+
+TEST_F(MainWindowForms, CloseByTheirKeysWithAndWithoutTheFocus) {
+  StartOnAMachine();
+  for (const auto& [key, modifier] :
+       {std::pair(Qt::Key_F4, Qt::ControlModifier), {Qt::Key_W, Qt::ControlModifier}}) {
+    for (const bool focused : {false, true}) {
+      Click("smnuDosi");
+      if (focused) {
+        Area()->activeSubWindow()->setFocus();
+      } else {
+        QApplication::focusWidget()->clearFocus();
+      }
+      QTest::keyClick(focused ? QApplication::focusWidget() : window_.get(), key, modifier);
+      EXPECT_EQ(FindForm("FrmDosi"), nullptr) << key << focused;
+    }
+  }
 }
 
 TEST_F(MainWindowForms, FollowTheirWordsWhenTheLanguageChanges) {
@@ -334,7 +353,7 @@ TEST_F(MainWindowLanguage, ChangesMenusAndOpenFormsAtOnce) {
   const qsizetype dosi = history["FrmDosi"].count("captions");
   const qsizetype tempi = history["FrmTempi"].count("captions");
   Click("smnuLingue(0)");
-  EXPECT_EQ(Action("smnuExit")->text(), "Exit");
+  EXPECT_EQ(Action("smnuExit")->iconText(), "Exit");
   EXPECT_TRUE(Action("smnuLingue(0)")->isChecked());
   EXPECT_FALSE(Action("smnuLingue(1)")->isChecked());
   EXPECT_GT(history["FrmDosi"].count("captions"), dosi);
@@ -356,7 +375,7 @@ TEST_F(MainWindowLanguage, StaysWhenTheFileDoesNotFit) {
   Click("smnuLingue(0)");
   const Box expected = {"Check file message !!!", "Wrong file", BoxStyle::kExclamation};
   EXPECT_EQ(screen_.boxes, std::vector<Box>{expected});
-  EXPECT_EQ(Action("smnuExit")->text(), "Esci");
+  EXPECT_EQ(Action("smnuExit")->iconText(), "Esci");
   EXPECT_TRUE(Action("smnuLingue(1)")->isChecked());
   EXPECT_FALSE(Action("smnuLingue(0)")->isChecked());
   EXPECT_EQ(folder_.Read("dosmara.ini"), "Com=1\nLingua=Italiano\n");

@@ -79,7 +79,7 @@ void FaultyBoard::Receive(const Bytes& frame, VirtualHost& line) {
   const Bytes reply = machine_.Answer(frame);
   if (reply.empty()) return;
 
-  const microseconds latency(200 + Below(12000));
+  const microseconds latency = least_latency + microseconds(Below(further_microseconds));
   const Fault fault = PickFault();
   ++counts[Number(fault)];
   switch (fault) {

@@ -30,6 +30,9 @@ class FaultyBoard : public LineBoard {
 
   // Whether replies are spoiled.
   bool faulty = true;
+  // From the last byte of a request to the first of its reply: at least so long, and up to so much longer.
+  microseconds least_latency{200};
+  unsigned further_microseconds = 12000;
   // How often each fault has happened.
   std::array<int, kFaults> counts{};
 

@@ -2,8 +2,11 @@
 // What has become of each tick of the scan: for benchmarks.
 #pragma once
 
+#include <QElapsedTimer>
 #include <QEvent>
 #include <QTimer>
+#include <algorithm>
+#include <limits>
 
 #include "link/link_engine.h"
 
@@ -29,6 +32,7 @@ class ScanTicks : public QObject {
   int sent = 0;
   int end_of_node = 0;  // the scan has moved to the next node, which takes a tick
   int waiting = 0;      // the exchange before was still under way
+  double smallest_gap_ms = std::numeric_limits<double>::infinity();  // between two requests
 
  private:
   void After() {
@@ -37,12 +41,17 @@ class ScanTicks : public QObject {
       ++waiting;
     } else if (!LinkIdle) {
       ++sent;
+      if (since_request_.isValid()) {
+        smallest_gap_ms = std::min(smallest_gap_ms, static_cast<double>(since_request_.nsecsElapsed()) / 1e6);
+      }
+      since_request_.start();
     } else if (ScanCursor == 0) {
       ++end_of_node;
     }
   }
 
   bool idle_before_ = false;
+  QElapsedTimer since_request_;
 };
 
 }  // namespace dosmara

@@ -18,7 +18,7 @@ microseconds WireTime(std::size_t count) {
 void VirtualHost::Send(const Bytes& bytes, microseconds delay) {
   microseconds start = now_ + delay;
   if (!to_tool_.empty()) start = std::max(start, to_tool_.back().time);
-  for (std::size_t i = 0; i < bytes.size(); ++i) to_tool_.push_back({start + WireTime(i + 1), bytes[i]});
+  for (std::size_t i = 0; i < bytes.size(); ++i) to_tool_.push_back({start + TimeOf(i + 1), bytes[i]});
 }
 
 void VirtualHost::At(microseconds when, std::function<void()> what) { calls_.emplace(when, std::move(what)); }
@@ -73,7 +73,7 @@ void VirtualHost::ReopenPort() {
 void VirtualHost::Output(std::span<const std::uint8_t> frame) {
   frames.push_back({now_, Bytes(frame.begin(), frame.end())});
   if (!Connected() || board == nullptr) return;
-  to_board_free_ = std::max(to_board_free_, now_) + WireTime(frame.size());
+  to_board_free_ = std::max(to_board_free_, now_) + TimeOf(frame.size());
   to_board_.push_back({to_board_free_, frames.back().bytes});
   board->FrameBegins(frames.back().bytes, *this);
 }

@@ -60,6 +60,8 @@ class VirtualHost : public LinkHost {
   std::map<int, int> open_errors;
   // Whether the cable is in. Without it frames and replies are lost.
   bool plugged = true;
+  // Whether bytes take the time of 19200 bit/s. A virtual or network port takes none.
+  bool at_wire_pace = true;
   // Bytes that collect before one receive event tells of all of them. 1: each byte its own event.
   std::size_t chunk = 1;
   // Port of the settings file, or the number of the error that reading it gives.
@@ -136,6 +138,7 @@ class VirtualHost : public LinkHost {
     std::size_t timer = 0;
   };
 
+  microseconds TimeOf(std::size_t count) const { return at_wire_pace ? WireTime(count) : microseconds(0); }
   Timer& TimerOf(LinkTimer timer) { return timers_[static_cast<std::size_t>(timer)]; }
   const Timer& TimerOf(LinkTimer timer) const { return timers_[static_cast<std::size_t>(timer)]; }
   bool Connected() const { return plugged && open_port_ == board_port; }

@@ -111,5 +111,24 @@ TEST_F(Assignment, TheChoiceOfManagementKeepsTheOtherOptionsAndLeavesTheMirror) 
   Await([&] { return On<QWidget>("Text5(0)").isEnabled(); }, "the groups to open");
 }
 
+TEST_F(Assignment, TwoFormsOnOneByteNeverUndoEachOthersChanges) {
+  Connect();
+  ASSERT_TRUE(machine().Set(0, 84, 4));
+  ASSERT_EQ(machine().Get(0, 361), 12);
+  Click("smnuPagamento");
+  auto& exact_change = *window().findChild<QAbstractButton*>("swslExact");
+  Click("mnuConf");
+  form_ = window().findChild<QWidget*>("FrmConf");
+  auto& off = On<QAbstractButton>("Option1(1)");
+  Await([&] { return off.isEnabled() && exact_change.isEnabled(); }, "both forms to unlock");
+  off.click();
+  exact_change.click();
+  AwaitHeld(0, 361, 10);
+  Await([&] { return !On<QWidget>("Text5(0)").isEnabled() && exact_change.isChecked(); }, "both to follow");
+  exact_change.click();
+  On<QAbstractButton>("Option1(0)").click();
+  AwaitHeld(0, 361, 12);
+}
+
 }  // namespace
 }  // namespace dosmara

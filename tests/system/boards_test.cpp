@@ -124,10 +124,11 @@ class Temperatures : public BoardsTest {
 TEST_F(Temperatures, AreShownAsTheMachineHoldsThem) {
   ConnectAndUnlock();
   EXPECT_EQ(Text("Label1"), "92");
-  const char* const tank[] = {"5", "2.0", "10", "3", "6", "15", "0"};
+  const char* const first[] = {"5", "2.0", "10", "3", "6", "15", "0"};
+  const char* const second[] = {"8", "3.0", "10", "3", "4", "10", "0"};
   for (int n = 0; n < 7; ++n) {
-    EXPECT_EQ(Text(QString("Label2(%1)").arg(n)), tank[n]);
-    EXPECT_EQ(Text(QString("Label3(%1)").arg(n)), tank[n]);
+    EXPECT_EQ(Text(QString("Label2(%1)").arg(n)), first[n]);
+    EXPECT_EQ(Text(QString("Label3(%1)").arg(n)), second[n]);
   }
 }
 
@@ -143,7 +144,7 @@ TEST_F(Temperatures, OneOfEachKindReachesTheMachineAndItsMirror) {
   AwaitTaken(2, 57, 272, 30, "Label2(5)", "30");
   Enter(On<QLineEdit>("Text3(6)"), "-5");
   AwaitTaken(3, 52, 267, 0, "Label3(6)", "-5");
-  EXPECT_EQ(machine().Get(3, 51), 5) << "the other tank";
+  EXPECT_EQ(machine().Get(3, 51), 8) << "the other tank";
 }
 
 TEST_F(Temperatures, EachBoardOpensAndClosesItsFrame) {

@@ -58,6 +58,9 @@ int main(int argc, char** argv) {
     VisitTemperatures(tour);
     VisitPreventiveActions(tour);
     VisitMachineCodes(tour);
+    VisitPrices(tour);
+    VisitDiscounts(tour);
+    VisitSelectionCounters(tour);
     VisitInformation(tour);
   }
   std::printf("%d failed, pictures in %s\n", tour.failures(), qPrintable(pictures));

@@ -9,6 +9,7 @@
 #include <algorithm>
 
 #include "store/parameter_table.h"
+#include "tour/left_subscribed.h"
 
 namespace dosmara {
 
@@ -23,9 +24,13 @@ constexpr int kGrinderBlades = 49;
 constexpr int kCoffeeWater = 148;  // record of the first selection
 constexpr int kMilkTime = 280;
 constexpr int kMilkySelection = 3;  // index of a selection with milk in it
+constexpr int kSellingOptions = 83;
+constexpr int kSelections = 22;
+constexpr int kPositions = 48;
 
 constexpr int kUnlockMs = 20000;
 constexpr int kDrinkMs = 90000;
+constexpr int kRefreshMs = 25000;  // a refresh of the counters, and the reading of them
 
 // The entries of the language menu that have a file.
 std::vector<QAction*> Languages(Tour& tour) {
@@ -66,7 +71,8 @@ QWidget* OpenAndUnlock(Tour& tour, const QString& entry, const QString& name, co
   QWidget* form = nullptr;
   tour.Step(name + " opens and unlocks", [&] {
     form = &tour.Open(entry, name);
-    tour.Await([&] { return tour.Control<QWidget>(*form, box).isVisible(); }, "it stays locked", kUnlockMs);
+    const auto& first = tour.Control<QWidget>(*form, box);
+    tour.Await([&] { return first.isVisible() && first.isEnabled(); }, "it stays locked", kUnlockMs);
   });
   return form;
 }
@@ -77,7 +83,7 @@ struct Entry {
   const char* text;
   int node;
   int record;
-  int mirror;
+  int mirror;  // 0: none
   int value;
   const char* label;
   const char* shown;
@@ -87,20 +93,74 @@ void TypeValue(Tour& tour, QWidget& form, const Entry& entry) {
   tour.Type(form, entry.box, entry.text);
   tour.Await([&] { return tour.machine().Get(entry.node, entry.record) == entry.value; },
              "the machine does not hold the value");
-  tour.Await([&] { return tour.machine().Get(entry.node, entry.mirror) == entry.value; },
+  tour.Await([&] { return entry.mirror == 0 || tour.machine().Get(entry.node, entry.mirror) == entry.value; },
              "the mirror does not hold the value");
   tour.Await([&] { return tour.Control<QLabel>(form, entry.label).text() == entry.shown; },
              "the label does not follow");
 }
 
+// Types an amount: its bar is closed until the machine has answered.
+void TypeAmount(Tour& tour, QWidget& form, const Entry& entry, const QString& bar_name) {
+  const auto& bar = tour.Control<QWidget>(form, bar_name);
+  tour.Expect(bar.isEnabled(), "the bar is closed");
+  TypeValue(tour, form, entry);
+  tour.Await([&] { return bar.isEnabled(); }, "the bar does not open again");
+}
+
+bool MayStaySubscribed(int node, int record) {
+  return std::ranges::any_of(kLeftSubscribed, [&](const LeftSubscribed& left) {
+    return left.node == node && left.record == record;
+  });
+}
+
 void CloseForm(Tour& tour, QWidget& form) {
-  tour.Step(form.objectName() + " closes and leaves no record subscribed", [&] {
+  const QString name = form.objectName();
+  tour.Step(name + " closes and leaves no record subscribed", [&] {
     tour.Close(form);
-    for (const auto& node : ParamTable) {
-      tour.Expect(std::ranges::all_of(node, [](const ParamRec& record) { return record.Subscribers == 0; }),
-                  "a record stays subscribed");
+    for (int node = 0; node < kNodeCount; ++node) {
+      for (int record = 1; record <= NodeRecordCount[node]; ++record) {
+        tour.Expect(ParamTable[node][record].Subscribers == 0 || MayStaySubscribed(node, record),
+                    QStringLiteral("record %1 of node %2 stays subscribed").arg(record).arg(node));
+      }
+    }
+    for (const LeftSubscribed& left : kLeftSubscribed) {
+      tour.Expect(name != left.form || ParamTable[left.node][left.record].Subscribers == 1,
+                  QStringLiteral("record %1 does not stay subscribed").arg(left.record));
     }
   });
+}
+
+// One of the windows of counters.
+struct Counters {
+  const char* entry;
+  const char* form;
+  const char* picture;
+  int first_selection;  // record
+  int first_position;   // record
+};
+
+// The machine has counted something everywhere; the window shows the last counter of each board.
+QWidget* OpenCounters(Tour& tour, const Counters& counters) {
+  QWidget* form = nullptr;
+  tour.Step(QString(counters.form) + " opens and shows what the machine has counted", [&] {
+    for (int n = 0; n < kSelections; ++n) {
+      tour.machine().Set(kHotDrinks, counters.first_selection + n, n * n * 37 % 1900);
+    }
+    for (int n = 0; n < kPositions; ++n) {
+      tour.machine().Set(kZeth, counters.first_position + n, n * 29 % 150);
+      tour.machine().Set(kZeth2, counters.first_position + n, n * 53 % 70);
+    }
+    form = &tour.Open(counters.entry, counters.form);
+    tour.Await(
+        [&] {
+          return tour.Control<QLabel>(*form, "Label3(21)").text() == "1117" &&
+                 tour.Control<QLabel>(*form, "Label4(47)").text() == "13" &&
+                 tour.Control<QLabel>(*form, "Label4(95)").text() == "41";
+        },
+        "the counters do not show", kUnlockMs);
+    tour.Picture(counters.picture);
+  });
+  return form;
 }
 
 }  // namespace
@@ -139,7 +199,7 @@ void VisitDoses(Tour& tour) {
     const QString title = form->windowTitle();
     other->trigger();
     tour.Expect(form->windowTitle() != title, "the form keeps its words");
-    tour.Picture("doses_" + other->text().toLower());
+    tour.Picture("doses_" + other->iconText().toLower());
     (*ticked)->trigger();
     tour.Expect(form->windowTitle() == title, "the first language does not come back");
   });
@@ -213,6 +273,62 @@ void VisitMachineCodes(Tour& tour) {
                "the machine does not hold the code");
   });
   CloseForm(tour, *form);
+}
+
+void VisitPrices(Tour& tour) {
+  QWidget* form = OpenAndUnlock(tour, "ssmnuImposta", "FrmPrezzi", "Text1(0)");
+  if (form == nullptr) {
+    return;
+  }
+  tour.Step("prices are typed and held, with a mirror and without", [&] {
+    TypeAmount(tour, *form, {"Text1(4)", "0,99", kMainBoard, 16, 218, 99, "Label1(4)", "0.99"},
+               "HScroll1(4)");
+    TypeAmount(tour, *form, {"Text1(34)", "2.55", kMainBoard, 371, 0, 255, "Label1(34)", "2.55"},
+               "HScroll1(34)");
+    tour.Picture("prices");
+  });
+  tour.Step("all is sold at price 1, and again at its own", [&] {
+    auto& all_at_price_1 = tour.Control<QAbstractButton>(*form, "Switch1");
+    const int options = static_cast<int>(tour.machine().Get(kMainBoard, kSellingOptions));
+    for (const int wanted : {options ^ 1, options}) {
+      all_at_price_1.click();
+      tour.Await([&] { return tour.machine().Get(kMainBoard, kSellingOptions) == wanted; },
+                 "the machine does not hold the options");
+    }
+  });
+  CloseForm(tour, *form);
+}
+
+void VisitDiscounts(Tour& tour) {
+  QWidget* form = OpenAndUnlock(tour, "ssmnuSconti", "FrmSconti", "Text1(0)");
+  if (form == nullptr) {
+    return;
+  }
+  tour.Step("discounts are typed and held, the labels follow", [&] {
+    TypeAmount(tour, *form, {"Text1(2)", ",15", kMainBoard, 46, 248, 15, "Label1(2)", "0.15"}, "HScroll1(2)");
+    TypeAmount(tour, *form, {"Text1(30)", "0.2", kMainBoard, 74, 276, 20, "Label1(30)", "0.20"},
+               "HScroll1(30)");
+    tour.Picture("discounts");
+  });
+  CloseForm(tour, *form);
+}
+
+void VisitSelectionCounters(Tour& tour) {
+  QWidget* paid = OpenCounters(tour, {"ssmnuBattute", "FrmBattute", "paid_vends", 60, 71});
+  if (paid != nullptr) {
+    tour.Step("a sale shows with the next refresh", [&] {
+      tour.Expect(tour.machine().Command("vend 2:68 paid").has_value(), "the machine does not sell");
+      tour.Await([&] { return tour.Control<QLabel>(*paid, "Label4(47)").text() == "14"; },
+                 "the counter does not rise", kRefreshMs);
+    });
+    CloseForm(tour, *paid);
+  }
+  for (const Counters& counters : {Counters{"ssmnuGratis", "FrmGratis", "free_vends", 82, 119},
+                                   Counters{"ssmnuProva", "FrmProva", "test_vends", 126, 167}}) {
+    if (QWidget* form = OpenCounters(tour, counters); form != nullptr) {
+      CloseForm(tour, *form);
+    }
+  }
 }
 
 void VisitInformation(Tour& tour) {

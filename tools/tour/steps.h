@@ -24,6 +24,15 @@ void VisitPreventiveActions(Tour& tour);
 // Machine codes: shown as the machine holds them, one changed and held.
 void VisitMachineCodes(Tour& tour);
 
+// Prices: unlocks, one of each run changed and held, the switch for all at price 1.
+void VisitPrices(Tour& tour);
+
+// Discounts: unlocks, one of a price and the one without a cup changed and held.
+void VisitDiscounts(Tour& tour);
+
+// Paid, free and test vends: shown as the machine has counted them; a sale shows with the next refresh.
+void VisitSelectionCounters(Tour& tour);
+
 // The information window.
 void VisitInformation(Tour& tour);
 

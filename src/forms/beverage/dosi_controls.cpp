@@ -24,9 +24,7 @@ constexpr int kGap = 16;         // between the panels
 constexpr int kRowDistance = 3;  // between rows
 
 // "Selezione 21"
-QString SelectionText(int selection) {
-  return Numbered(Caption(58), SelectionNumber(selection));
-}
+QString SelectionText(int selection) { return Numbered(Caption(58), SelectionNumber(selection)); }
 
 // How far captions of dependent rows stand in from those of their heads.
 void IndentDependants(FieldRows& rows) {
@@ -50,6 +48,7 @@ DosiControls::DosiControls(QWidget* body, FieldRows& dose_rows, BitRows& propert
   label7->setObjectName("Label7");
   selection->setObjectName("HScroll7");
   selection->SetSpan(0, kSelections - 1, 3);
+  selection->SetValue(0);
   for (int n = 0; n < kSelections; ++n) {
     keypad->Key(n).setObjectName(ControlArray{"Label11"}[n]);
   }

@@ -10,8 +10,7 @@ namespace {
 // The mirrors are only ever written.
 constexpr Records kMirrors[] = {{kHotDrinks, 557, 4}, {kHotDrinks, 526, 3}};
 
-constexpr FormSetup kSetup = {
-    .name = "FrmAzione", .title = 43, .opens_after = 7, .also_released = kMirrors};
+constexpr FormSetup kSetup = {.name = "FrmAzione", .title = 43, .opens_after = 7, .also_released = kMirrors};
 
 // Where a bar stands until its count arrives.
 constexpr int kFirstPosition = -32767;
@@ -37,12 +36,13 @@ constexpr FieldRow kRows[] = {
 }  // namespace
 
 FrmAzione::FrmAzione()
-    : DataForm(kSetup), rows_(NewRows({.caption = {"Label6"},
-                                       .value = {"Label10"},
-                                       .box = {"Text1"},
-                                       .bar = {"HScroll1"},
-                                       .opening_fills_box = true},
-                                      kRows)) {
+    : DataForm(kSetup),
+      rows_(NewRows({.caption = {"Label6"},
+                     .value = {"Label10"},
+                     .box = {"Text1"},
+                     .bar = {"HScroll1"},
+                     .opening_fills_box = true},
+                    kRows)) {
   auto* grid = new QGridLayout(Body());
   rows_.PlaceInColumns(*grid, 1);
   grid->setRowStretch(rows_.size(), 1);
@@ -52,6 +52,7 @@ FrmAzione::FrmAzione()
   const QScopedValueRollback guard(InArrival, true);
   for (int n = 0; n < rows_.size(); ++n) {
     rows_[n].bar().SetValue(kFirstPosition);
+    rows_[n].bar().SetKnown(false);
   }
 }
 

@@ -23,7 +23,8 @@ FrmDosi::FrmDosi()
     controls_.rows[kDecaffeinatedDelay].Withdraw();
   }
   Watch(Presenza1, [this] { Presenza1.Open() ? EnableAll() : DisableAll(); });
-  Watch(kMainBoard, kMachineStatus, [this](double value) { TakeStatus(value); }, Counts::kNo);
+  Watch(
+      kMainBoard, kMachineStatus, [this](double value) { TakeStatus(value); }, Counts::kNo);
   Listen(kMainBoard, kTestSelection, [this](double) { PutRecord(kMainBoard, kTestCommand, TestCode); });
   WatchSelection();
   Connect();
@@ -67,7 +68,8 @@ void FrmDosi::WatchSelection() {
       }
     }
   });
-  Watch(kHotDrinks, kUnshownDose + Selection, [](double) {}, Counts::kNo);
+  Watch(
+      kHotDrinks, kUnshownDose + Selection, [](double) {}, Counts::kNo);
   Watch(controls_.properties);
 }
 

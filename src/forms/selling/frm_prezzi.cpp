@@ -20,6 +20,8 @@ constexpr FormSetup kSetup = {.name = "FrmPrezzi",
                               .also_released = kMirror};
 
 constexpr int kColumns = 4;
+// Four columns leave a bar less than its usual length on a small screen; in widths of the letter x.
+constexpr int kLeastBar = 13;
 
 // The prices lie in two runs, of which only the first one has mirrors.
 constexpr Records kFirstPrices = {kMainBoard, 12, 30};
@@ -31,10 +33,11 @@ constexpr std::array<FieldRow, kPrices> PriceRows() {
   std::array<FieldRow, kPrices> rows{};
   for (int n = 0; n < kPrices; ++n) {
     const bool first = n < kFirstPrices.count;
-    rows[n] = MoneyRow({.line = 115,
-                        .number = n + 1,
-                        .record = first ? kFirstPrices.first + n : kFurtherPrices.first + n - kFirstPrices.count,
-                        .mirror = first ? kMirrors + n : 0});
+    rows[n] =
+        MoneyRow({.line = 115,
+                  .number = n + 1,
+                  .record = first ? kFirstPrices.first + n : kFurtherPrices.first + n - kFirstPrices.count,
+                  .mirror = first ? kMirrors + n : 0});
   }
   return rows;
 }
@@ -59,11 +62,14 @@ constexpr int kOpensAbove = 427;
 
 FrmPrezzi::FrmPrezzi()
     : DataForm(kSetup),
-      prices_(NewRows(
-          {.caption = {"Label11"}, .value = {"Label1"}, .box = {"Text1"}, .bar = {"HScroll1"}, .held = true, .closed_box_stays = true},
-          kRows, &money_)),
-      all_at_price_1_(NewBits(kOptions, kSwitches)) {
-  all_at_price_1_.MakeSwitches(Body(), {"Label2", kNoArray}, {"Switch1", kNoArray});
+      all_at_price_1_(NewSwitches()),
+      prices_(NewRows({.caption = {"Label11"},
+                       .value = {"Label1"},
+                       .box = {"Text1"},
+                       .bar = {"HScroll1"},
+                       .held = true,
+                       .closed_box_stays = true},
+                      kRows, &money_)) {
   auto* layout = new QVBoxLayout(Body());
   auto* options = new QGridLayout;
   all_at_price_1_.PlaceIn(*options, 0, 0, 0);
@@ -71,12 +77,21 @@ FrmPrezzi::FrmPrezzi()
   layout->addLayout(options);
   auto* grid = new QGridLayout;
   prices_.PlaceInColumns(*grid, kColumns);
+  for (int n = 0; n < prices_.size(); ++n) {
+    prices_[n].bar().setMinimumWidth(kLeastBar * fontMetrics().horizontalAdvance('x'));
+  }
   layout->addLayout(grid);
   layout->addStretch();
   Watch(money_);
   Watch(all_at_price_1_);
   Watch(prices_);
   SetOpen(false);
+}
+
+BitRows& FrmPrezzi::NewSwitches() {
+  BitRows& switches = NewBits(kOptions, kSwitches);
+  switches.MakeSwitches(Body(), {"Label2", kNoArray}, {"Switch1", kNoArray});
+  return switches;
 }
 
 void FrmPrezzi::AfterArrival() {

@@ -14,11 +14,13 @@ class FrmPrezzi : public DataForm {
 
  private:
   void AfterArrival() override;
+  BitRows& NewSwitches();
   void SetOpen(bool open);
 
+  // In the order in which Tab goes through them: the switch stands at the top.
   Money money_;
-  FieldRows& prices_;
   BitRows& all_at_price_1_;
+  FieldRows& prices_;
 };
 
 }  // namespace dosmara

@@ -13,8 +13,8 @@ constexpr int kMirrors = 246;
 constexpr int kRowCount = kDiscounts.count + kWithoutCup.count;
 constexpr int kColumns = 3;
 
-// The machine goes on being polled for the discount without a cup when the form has closed, once more for each
-// time that it was open.
+// The machine goes on being polled for the discount without a cup when the form has closed, once more for
+// each time that it was open.
 constexpr Records kStaysSubscribed[] = {kWithoutCup};
 
 constexpr FormSetup kSetup = {.name = "FrmSconti",
@@ -26,8 +26,8 @@ constexpr FormSetup kSetup = {.name = "FrmSconti",
 constexpr std::array<FieldRow, kRowCount> DiscountRows() {
   std::array<FieldRow, kRowCount> rows{};
   for (int n = 0; n < kRowCount; ++n) {
-    rows[n] = MoneyRow(
-        {.line = 118, .number = n + 1, .record = kDiscounts.first + n, .mirror = kMirrors + n});
+    rows[n] =
+        MoneyRow({.line = 118, .number = n + 1, .record = kDiscounts.first + n, .mirror = kMirrors + n});
   }
   rows.back().line = 119;
   rows.back().number = 0;
@@ -39,9 +39,13 @@ constexpr auto kRows = DiscountRows();
 
 FrmSconti::FrmSconti()
     : DataForm(kSetup),
-      discounts_(NewRows(
-          {.caption = {"Label11"}, .value = {"Label1"}, .box = {"Text1"}, .bar = {"HScroll1"}, .held = true, .closed_box_stays = true},
-          kRows, &money_)) {
+      discounts_(NewRows({.caption = {"Label11"},
+                          .value = {"Label1"},
+                          .box = {"Text1"},
+                          .bar = {"HScroll1"},
+                          .held = true,
+                          .closed_box_stays = true},
+                         kRows, &money_)) {
   auto* grid = new QGridLayout(Body());
   discounts_.PlaceInColumns(*grid, kColumns);
   grid->setRowStretch(kRowCount, 1);

@@ -9,8 +9,17 @@
 
 namespace dosmara {
 
+namespace {
+
+QString NameOf(const BitRow& bit, const ControlArray& own, const ControlArray& common) {
+  return (own.name != nullptr ? own : common)[bit.index];
+}
+
+}  // namespace
+
 void BitByte::Take(double value) {
   bits_ = LowBits(value);
+  arrived_ = bits_;
   known_ = true;
 }
 
@@ -35,9 +44,9 @@ BitRows::BitRows(std::span<const BitRecord> bytes, std::span<const BitRow> rows,
 void BitRows::MakeSwitches(QWidget* parent, const ControlArray& captions, const ControlArray& switches) {
   for (Row& row : rows_) {
     row.caption = new FieldLabel(parent);
-    row.caption->setObjectName(captions[row.bit.index]);
+    row.caption->setObjectName(NameOf(row.bit, row.bit.caption, captions));
     row.control = new TwoPositionSwitch(parent);
-    row.control->setObjectName(switches[row.bit.index]);
+    row.control->setObjectName(NameOf(row.bit, row.bit.control, switches));
     row.mark = new EchoMark(parent);
     row.show = [&row](bool on) {
       row.control->SetPosition(on ? 1 : 0);
@@ -61,8 +70,16 @@ void BitRows::SetEnabled(bool enabled) {
   }
 }
 
+void BitRows::SetWords(int off, int on) {
+  off_line_ = off;
+  on_line_ = on;
+}
+
 void BitRows::SetCaptions() {
   for (const Row& row : rows_) {
+    if (off_line_ != 0) {
+      row.control->SetPositionTexts(Caption(off_line_) + ',' + Caption(on_line_));
+    }
     if (row.bit.line != 0) {
       row.caption->setText(Caption(row.bit.line));
       row.control->setAccessibleName(Caption(row.bit.line));
@@ -84,6 +101,20 @@ void BitRows::MoveTo(int n, int byte, int mask) {
   rows_[n].bit.mask = mask;
   if (rows_[n].mark != nullptr) {
     rows_[n].mark->Clear();
+  }
+}
+
+void BitRows::MoveWithinByte(int n, int mask) {
+  Row& row = rows_[n];
+  const BitByte& byte = bytes_[row.bit.byte];
+  MoveTo(n, row.bit.byte, mask);
+  if (!byte.known()) {
+    return;
+  }
+  const QScopedValueRollback guard(putting_back_, true);
+  row.show(IsOn(row));
+  if (byte.IsOnItsWay(mask)) {
+    row.mark->Sent(IsOn(row) ? 1 : 0);
   }
 }
 

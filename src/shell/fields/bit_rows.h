@@ -15,7 +15,8 @@
 
 namespace dosmara {
 
-// Where a bit byte lies: its record, which is read and written, and its mirror, which is only written; 0: none.
+// Where a bit byte lies: its record, which is read and written, and its mirror, which is only written. A
+// mirror of 0 is none.
 struct BitRecord {
   int node = 0;
   int record = 0;
@@ -32,8 +33,12 @@ class BitByte {
   // Keeps an arrived value.
   void Take(double value);
 
+  // Whether a value has arrived.
+  bool known() const { return known_; }
   // Whether any bit of `mask` is set in the copy.
   bool Has(int mask) const { return (bits_ & mask) != 0; }
+  // Whether any bit of `mask` has been written and is not back yet.
+  bool IsOnItsWay(int mask) const { return ((bits_ ^ arrived_) & mask) != 0; }
 
   // Sets the bits of `mask` to those of `bits` and writes the whole byte to the record and its mirror.
   // Returns false, and writes nothing, while the other bits are not known yet. Bits that another form has on
@@ -43,16 +48,20 @@ class BitByte {
  private:
   BitRecord where_;
   int bits_ = 0;
+  int arrived_ = 0;  // what came last
   bool known_ = false;
 };
 
 // One bit of a table.
 struct BitRow {
-  int line = 0;   // caption, line of the language file; 0: none
-  int byte = 0;   // index in the table of bytes
-  int mask = 0;   // the bit
-  int index = 0;  // of its controls in their arrays
+  int line = 0;             // caption, line of the language file; 0: none
+  int byte = 0;             // index in the table of bytes
+  int mask = 0;             // the bit
+  int index = 0;            // of its controls in their arrays
   bool active_low = false;  // it shows on while the bit is clear
+  // The arrays of its controls, where they are not those of the other rows.
+  ControlArray caption = {};
+  ControlArray control = {};
 };
 
 // Columns of a grid that a switch takes with its caption and its mark.
@@ -71,8 +80,11 @@ class BitRows {
 
   // Lets row n show its state through `show`.
   void Bind(int n, std::function<void(bool on)> show) { rows_[n].show = std::move(show); }
-  // Gives each row a caption, a switch that writes it, and a mark. They become children of `parent`.
-  void MakeSwitches(QWidget* parent, const ControlArray& captions, const ControlArray& switches);
+  // Gives each row a caption, a switch that writes it, and a mark. They become children of `parent`. The
+  // arrays are those of the rows that name none.
+  void MakeSwitches(QWidget* parent, const ControlArray& captions = {}, const ControlArray& switches = {});
+  // Gives the switches words for off and on: lines of the language file.
+  void SetWords(int off, int on);
   FieldLabel& caption(int n) { return *rows_[n].caption; }
   TwoPositionSwitch& control(int n) { return *rows_[n].control; }
   EchoMark& mark(int n) { return *rows_[n].mark; }
@@ -89,6 +101,9 @@ class BitRows {
 
   // Moves row n to another bit. It goes on showing the old one until the byte arrives.
   void MoveTo(int n, int byte, int mask);
+  // Moves row n to another bit of its byte, which it shows at once if the byte has arrived. A bit that is on
+  // its way keeps its mark.
+  void MoveWithinByte(int n, int mask);
 
  private:
   struct Row {
@@ -105,7 +120,9 @@ class BitRows {
   std::vector<BitByte> bytes_;
   std::vector<Row> rows_;
   const bool& in_arrival_;
-  bool putting_back_ = false;  // a switch goes back to where it was
+  bool putting_back_ = false;  // a switch is set by the rows, not by the operator
+  int off_line_ = 0;           // words of the switches; 0: none
+  int on_line_ = 0;
 };
 
 }  // namespace dosmara

@@ -14,8 +14,8 @@ namespace {
 // Counters are not polled: over a hundred of them would take the link for themselves.
 constexpr std::chrono::milliseconds kRefreshInterval(15000);
 
-constexpr int kDigits = 11;  // room for a counter of four bytes
-constexpr int kGap = 12;     // between a value and the next caption
+constexpr int kDigits = 8;  // room for seven digits; a larger counter widens its column
+constexpr int kGap = 12;    // between a value and the next caption
 constexpr int kCounterColumns = 2;  // of the grid that a counter takes: caption and value
 
 // A counter that has counted nothing stands back behind the others.
@@ -44,8 +44,8 @@ void CountersForm::InitMessaggi() {
   DataForm::InitMessaggi();
   for (std::size_t run = 0; run < shown_.size(); ++run) {
     for (int n = 0; n < runs_[run].records.count; ++n) {
-      shown_[run][n].caption->setText(Numbered(Caption(runs_[run].line + n * runs_[run].line_step),
-                                               NumberOf(runs_[run].numbering, n)));
+      shown_[run][n].caption->setText(
+          Numbered(Caption(runs_[run].line + n * runs_[run].line_step), NumberOf(runs_[run].numbering, n)));
     }
   }
 }
@@ -63,13 +63,13 @@ void CountersForm::Add(const CounterRun& run, QVBoxLayout& layout) {
     Shown& counter = shown.emplace_back(Shown{new FieldLabel(parent), new FieldLabel(parent, true)});
     counter.caption->setObjectName(run.caption[n]);
     counter.value->setObjectName(run.value[n]);
-    counter.value->setFixedSize(kDigits * counter.value->fontMetrics().horizontalAdvance('0'),
-                                counter.value->fontMetrics().height() + 4);
+    counter.value->setFixedHeight(counter.value->fontMetrics().height() + 4);
     const int line = n / run.columns + (headed ? 1 : 0);
     const int column = n % run.columns * kCounterColumns + (headed ? 1 : 0);
     grid->addWidget(counter.caption, line, column, Qt::AlignRight | Qt::AlignVCenter);
     grid->addWidget(counter.value, line, column + 1);
     grid->setColumnStretch(column, 1);
+    grid->setColumnMinimumWidth(column + 1, kDigits * fontMetrics().horizontalAdvance('0'));
     counter.caption->setContentsMargins(kGap, 0, 0, 0);
   }
   if (headed) {

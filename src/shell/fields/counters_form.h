@@ -18,7 +18,7 @@ struct CounterRun {
   int frame_line = 0;           // its title; 0: it has none
   Records records;
   ControlArray caption;
-  int line = 0;      // caption, line of the language file
+  int line = 0;       // caption, line of the language file
   int line_step = 0;  // how many lines further the next caption stands: 0 where all have the same
   Numbering numbering = Numbering::kNone;  // what follows the caption
   ControlArray value;

@@ -83,6 +83,7 @@ void DataForm::Unload() {
   for (const Records& records : setup_.also_released) {
     Unsubscribe(records);
   }
+  open_ = false;
 }
 
 void DataForm::SLabelChange(std::int32_t index, double value) {
@@ -102,19 +103,23 @@ void DataForm::SLabelChange(std::int32_t index, double value) {
 
 void DataForm::TakeFocus() {
   const QWidget* const focus = QApplication::focusWidget();
-  if (focus != nullptr && body_->isAncestorOf(focus)) {
+  const bool inside = focus != nullptr && body_->isAncestorOf(focus);
+  // While all rows are grey the window system finds nothing but the tabs to give the focus to.
+  const bool on_tabs = inside && focus->inherits("QTabBar");
+  if (inside && !on_tabs) {
     focus_to_give_ = false;
   }
   const auto* frame = qobject_cast<const QMdiSubWindow*>(parentWidget());
   const bool in_front = frame != nullptr && frame->mdiArea() != nullptr &&
                         frame->mdiArea()->currentSubWindow() == frame && isVisible();
   // Nobody has the focus, or a frame around this form has it.
-  const bool free = focus == nullptr || focus == this || focus->isAncestorOf(this);
+  const bool free = focus == nullptr || focus == this || on_tabs || focus->isAncestorOf(this);
   if (!focus_to_give_ || Loading || !in_front || !free) {
     return;
   }
   for (QWidget* next = body_->nextInFocusChain(); next != body_; next = next->nextInFocusChain()) {
-    const bool changes_something = (next->focusPolicy() & Qt::TabFocus) != 0 && !next->inherits("QTabBar");
+    const bool changes_something = (next->focusPolicy() & Qt::TabFocus) != 0 && !next->inherits("QTabBar") &&
+                                   !next->inherits("QTabWidget");
     if (changes_something && body_->isAncestorOf(next) && next->isVisible() && next->isEnabled()) {
       focus_to_give_ = false;
       next->setFocus(Qt::OtherFocusReason);
@@ -178,7 +183,8 @@ void DataForm::Hear(const Records& records, Take take, bool subscribed, Counts c
 
 // Lets a record that is heard already run what `more` wants as well.
 void DataForm::HearTwice(Heard& heard, const Heard& more) {
-  const auto both = [first = heard.take, first_n = heard.n, second = more.take, second_n = more.n](int, double value) {
+  const auto both = [first = heard.take, first_n = heard.n, second = more.take, second_n = more.n](
+                        int, double value) {
     (*first)(first_n, value);
     (*second)(second_n, value);
   };
@@ -195,11 +201,13 @@ void DataForm::Watch(const Records& records, std::function<void(int, double)> ta
 }
 
 void DataForm::Watch(int node, int record, std::function<void(double)> take, Counts counts) {
-  Hear({node, record}, [take = std::move(take)](int, double value) { take(value); }, true, counts);
+  Hear(
+      {node, record}, [take = std::move(take)](int, double value) { take(value); }, true, counts);
 }
 
 void DataForm::Listen(int node, int record, std::function<void(double)> take) {
-  Hear({node, record}, [take = std::move(take)](int, double value) { take(value); }, false, Counts::kNo);
+  Hear(
+      {node, record}, [take = std::move(take)](int, double value) { take(value); }, false, Counts::kNo);
 }
 
 void DataForm::Watch(FieldRows& rows, Counts counts, std::function<void(int, double)> after) {
@@ -219,19 +227,22 @@ void DataForm::Watch(FieldRows& rows, Counts counts, std::function<void(int, dou
 void DataForm::Watch(BitRows& rows, Counts counts) {
   for (int byte = 0; byte < static_cast<int>(rows.bytes().size()); ++byte) {
     const BitRecord& where = rows.bytes()[byte].where();
-    Watch(where.node, where.record, [&rows, byte](double value) { rows.Take(byte, value); }, counts);
+    Watch(
+        where.node, where.record, [&rows, byte](double value) { rows.Take(byte, value); }, counts);
   }
 }
 
 void DataForm::Watch(ChoiceRows& rows, Counts counts) {
   for (int n = 0; n < rows.size(); ++n) {
-    Watch(rows.Node(n), rows.Record(n), [&rows, n](double value) { rows.Show(n, value); }, counts);
+    Watch(
+        rows.Node(n), rows.Record(n), [&rows, n](double value) { rows.Show(n, value); }, counts);
   }
 }
 
 void DataForm::Watch(NumberBoxes& boxes, Counts counts) {
   for (int n = 0; n < boxes.size(); ++n) {
-    Watch(kMainBoard, boxes.Field(n).record, [&boxes, n](double value) { boxes.Show(n, value); }, counts);
+    Watch(
+        kMainBoard, boxes.Field(n).record, [&boxes, n](double value) { boxes.Show(n, value); }, counts);
   }
 }
 
@@ -282,7 +293,12 @@ void DataForm::Forget(int node) {
   MapArrivals();
 }
 
+// A form that has closed lives on until the event loop is back where it was closed: its timers may still
+// fire.
 void DataForm::Refresh() {
+  if (!open_) {
+    return;
+  }
   for (const Heard& heard : heard_) {
     Release(heard);
   }

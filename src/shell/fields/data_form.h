@@ -23,17 +23,17 @@
 
 namespace dosmara {
 
-// In place of a number of arrivals: the form counts none. It is open from the start, or calls Open by a rule of
-// its own.
+// In place of a number of arrivals: the form counts none. It is open from the start, or calls Open by a rule
+// of its own.
 inline constexpr int kNeverLocked = -1;
 inline constexpr int kOpensByItself = -2;
 
 // What tells one form from another before its controls.
 struct FormSetup {
-  const char* name = nullptr;       // class and objectName
-  int title = 0;                    // line of the language file
+  const char* name = nullptr;      // class and objectName
+  int title = 0;                   // line of the language file
   int opens_after = kNeverLocked;  // so many counted arrivals do not open the form yet, the next one does
-  bool hears_all = false;  // AfterArrival runs behind the arrivals of other forms' records too
+  bool hears_all = false;          // AfterArrival runs behind the arrivals of other forms' records too
   // What the close treats unlike the open: released without ever having been subscribed, which does nothing
   // unless another form has; and left subscribed. The tables of the forms say why.
   std::span<const Records> also_released = {};
@@ -43,8 +43,8 @@ struct FormSetup {
 // Whether an arrival adds to the count of those after which the form opens.
 enum class Counts { kYes, kNo };
 
-// A form that shows records. Its constructor makes the controls and says with Watch which records it wants and
-// what their arrivals do; the base subscribes, releases, captions, places and counts.
+// A form that shows records. Its constructor makes the controls and says with Watch which records it wants
+// and what their arrivals do; the base subscribes, releases, captions, places and counts.
 class DataForm : public Form {
  public:
   explicit DataForm(const FormSetup& setup);
@@ -72,7 +72,8 @@ class DataForm : public Form {
   // The records are subscribed while the form is open, from now on if it is open already. The arrival of the
   // n-th of them runs `take` with n and the value. A record that is watched twice is subscribed and counted
   // once, and its arrival runs both in the order of the calls.
-  void Watch(const Records& records, std::function<void(int n, double value)> take, Counts counts = Counts::kYes);
+  void Watch(const Records& records, std::function<void(int n, double value)> take,
+             Counts counts = Counts::kYes);
   void Watch(int node, int record, std::function<void(double value)> take, Counts counts = Counts::kYes);
   // An arrival of a row's record is shown, and then runs `after` with the row and the value.
   void Watch(FieldRows& rows, Counts counts = Counts::kYes,
@@ -107,7 +108,8 @@ class DataForm : public Form {
   void Open();
   // Runs once, when the form opens.
   virtual void Loaded() {}
-  // Runs at the end of each arrival that the form has taken, or of each arrival at all where the setup says so.
+  // Runs at the end of each arrival that the form has taken, or of each arrival at all where the setup says
+  // so.
   virtual void AfterArrival() {}
 
   bool InArrival = false;  // an arrival is being shown: change events write nothing
@@ -145,8 +147,8 @@ class DataForm : public Form {
   FormSetup setup_;
   QWidget* body_;
   ProgressLine* progress_;
-  bool open_ = false;           // subscribed
-  bool focus_to_give_ = true;   // the operator has not been in the form yet
+  bool open_ = false;          // subscribed
+  bool focus_to_give_ = true;  // the operator has not been in the form yet
   ArrivalMap arrivals_;
   std::vector<Heard> heard_;
   std::vector<Captioned> captioned_;

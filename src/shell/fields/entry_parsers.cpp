@@ -94,6 +94,11 @@ std::optional<int> ParseTenths(QStringView text, int /*min*/, int max, int /*dec
   return number;
 }
 
+std::optional<int> ParseTenthsFrom(QStringView text, int min, int max, int /*decimals*/) {
+  const std::optional<int> number = ParseTenths(text, min, max);
+  return number && *number >= min ? number : std::nullopt;
+}
+
 std::optional<int> ParseDelta(QStringView text, int min, int max, int /*decimals*/) {
   const bool whole = text.size() == 1 && IsDigit(text[0]);
   const bool tenths = text.size() == 3 && IsDigit(text[0]) && IsSeparator(text[1]) && IsDigit(text[2]);

@@ -2,17 +2,18 @@
 // What a typed text means. Pure functions from the text to the number to write, or to nothing when the text
 // is bad. "," and "." are both the decimal separator, whatever the locale. Digits are 0 to 9 only.
 //
-//   Parser        Accepts                              Gives           Example
-//   ParseNumeric  what a technician types as a number  the number      "-12,5" is -12.5
-//   ParseWhole    a numeric text from min to max       rounded         "90" is 90
-//   ParseRounded  a numeric text that rounds to one    rounded         "2,5" is 3
-//                 from min to max
-//   ParseInt      as ParseWhole, and OFF               the number      "off" is 0
-//   ParseTenths   up to two digits, or with a tenth    tenths          "12,5" is 125, "12" is 120
-//   ParseDelta    a digit, or with a tenth             tenths          "3" is 30, "3.5" is 35
-//   ParseOffset   a digit up to 5 with or without sign offset + 5      "-5" is 0, "5" is 10
-//   ParseMoney    an amount, with decimals if there    smallest units  with 2 decimals "1,5" is 150
-//                 are any
+//   Parser           Accepts                              Gives           Example
+//   ParseNumeric     what a technician types as a number  the number      "-12,5" is -12.5
+//   ParseWhole       a numeric text from min to max       rounded         "90" is 90
+//   ParseRounded     a numeric text that rounds to one    rounded         "2,5" is 3
+//                    from min to max
+//   ParseInt         as ParseWhole, and OFF               the number      "off" is 0
+//   ParseTenths      up to two digits, or with a tenth    tenths          "12,5" is 125, "12" is 120
+//   ParseTenthsFrom  as ParseTenths, and not below min    tenths          from 20 on "2" is 20, "1,9" is bad
+//   ParseDelta       a digit, or with a tenth             tenths          "3" is 30, "3.5" is 35
+//   ParseOffset      a digit up to 5 with or without sign offset + 5      "-5" is 0, "5" is 10
+//   ParseMoney       an amount, with decimals if there    smallest units  of 2 decimals: 1,5 is 150, 1 is 100
+//                    are any
 #pragma once
 
 #include <QStringView>
@@ -42,6 +43,9 @@ std::optional<int> ParseInt(QStringView text, int min, int max, int decimals = 0
 // Reads up to four characters. A separator must be followed by one digit, which ends the reading; without a
 // separator the number counts in whole units. `max` is in tenths; the minimum is not looked at.
 std::optional<int> ParseTenths(QStringView text, int min, int max, int decimals = 0);
+
+// As ParseTenths, with `min` in tenths looked at as well.
+std::optional<int> ParseTenthsFrom(QStringView text, int min, int max, int decimals = 0);
 
 // One digit in whole units, or digit, separator and digit. `min` and `max` are in tenths.
 std::optional<int> ParseDelta(QStringView text, int min, int max, int decimals = 0);

@@ -40,6 +40,9 @@ void FieldRows::SetShift(int shift) {
   shift_ = shift;
   for (Row& row : rows_) {
     row.view->echo().Clear();
+    row.view->bar().SetKnown(false);
+    row.view->value().clear();
+    row.view->TakeValueText();
     row.arrived.reset();
   }
 }

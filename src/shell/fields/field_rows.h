@@ -34,7 +34,7 @@ class FieldRows {
   // The record that row n shows.
   int Record(int n) const { return fields_[n].record + shift_; }
   // Moves every row to the record `shift` behind the one in its table, for tables of one element of several.
-  // The marks of the old records vanish.
+  // The values of the old records vanish with their marks.
   void SetShift(int shift);
 
   // Lays rows `first` to `last` under each other, from `line` of the grid on, from its column `column` on.

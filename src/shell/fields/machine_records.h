@@ -33,6 +33,17 @@ inline constexpr int kSellingOptions = 83;
 inline constexpr int kSellingOptionsMirror = 285;
 inline constexpr int kAllAtPrice1 = 1;
 
+// The payment system and options of the main board, of which the same holds. No system is one for tokens.
+inline constexpr int kPaymentOptions = 84;
+inline constexpr int kPaymentOptionsMirror = 286;
+inline constexpr int kG13 = 1;
+inline constexpr int kExecutive = 2;
+inline constexpr int kMdb = 4;
+
+// Its options of change and credit, of which the same holds.
+inline constexpr int kCreditOptions = 361;
+inline constexpr int kCreditOptionsMirror = 362;
+
 // How many decimals money is shown with: the low two bits, as the machine reports them.
 inline constexpr int kMoneyDecimals = 311;
 

@@ -23,8 +23,8 @@ struct NumberBox {
   int largest = 0;     // a number above it writes the one in force again
 };
 
-// A box that tells when it is left for another control. One that lends the focus to its own menu or to another
-// program is not left.
+// A box that tells when it is left for another control. One that lends the focus to its own menu or to
+// another program is not left.
 class NumberEdit : public QLineEdit {
   Q_OBJECT
 
