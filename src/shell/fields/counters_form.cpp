@@ -14,8 +14,8 @@ namespace {
 // Counters are not polled: over a hundred of them would take the link for themselves.
 constexpr std::chrono::milliseconds kRefreshInterval(15000);
 
-constexpr int kDigits = 8;  // room for seven digits; a larger counter widens its column
-constexpr int kGap = 12;    // between a value and the next caption
+constexpr int kDigits = 8;          // room for seven digits; a larger counter widens its column
+constexpr int kGap = 12;            // between a value and the next caption
 constexpr int kCounterColumns = 2;  // of the grid that a counter takes: caption and value
 
 // A counter that has counted nothing stands back behind the others.
