@@ -6,6 +6,9 @@
 #include "forms/beverage/frm_dosi.h"
 #include "forms/beverage/frm_temperatura.h"
 #include "forms/beverage/frm_tempi.h"
+#include "forms/selling/frm_ass_sel.h"
+#include "forms/selling/frm_ass_set.h"
+#include "forms/selling/frm_conf.h"
 #include "forms/selling/frm_opzioni.h"
 #include "forms/selling/frm_pagamento.h"
 #include "forms/selling/frm_prezzi.h"
@@ -18,8 +21,12 @@ namespace dosmara {
 namespace {
 
 constexpr FormEntry kForms[] = {
+    {"FrmAssSel", CreateForm<FrmAssSel>},
+    {"FrmAssSet", [] { return NewSetAssignment(kZeth); }},
+    {"FrmAssSet2", [] { return NewSetAssignment(kZeth2); }},
     {"FrmAzione", CreateForm<FrmAzione>},
     {"FrmBattute", [] { return NewSelectionCounters(SoldAs::kPaid); }},
+    {"FrmConf", CreateForm<FrmConf>},
     {"FrmDosi", CreateForm<FrmDosi>},
     {"FrmGratis", [] { return NewSelectionCounters(SoldAs::kFree); }},
     {"FrmInfo", CreateForm<FrmInfo>},

@@ -65,6 +65,17 @@ TEST(ParseWhole, JudgesTheNumberBeforeItIsRounded) {
   Expect(ParseWhole, 1, 15, {{u"0.6", kBad}, {u".6", kBad}, {u"15.4", kBad}, {u"14,6", 15}});
 }
 
+TEST(ParseRounded, JudgesTheNumberAfterItIsRounded) {
+  Expect(ParseRounded, 1, 30,
+         {{u"0.4", kBad}, {u"0.5", 1}, {u"2,5", 3}, {u"2.5", 3}, {u"30.4", 30}, {u"30,5", kBad}, {u"31", kBad}});
+  Expect(ParseRounded, 0, 99, {{u"-0.4", 0}, {u"-0.5", kBad}, {u"-1", kBad}, {u"99.4", 99}, {u"99.5", kBad}});
+}
+
+TEST(ParseRounded, TakesOnlyWhatIsNumeric) {
+  Expect(ParseRounded, 0, 99, {{u"", kBad}, {u"OFF", kBad}, {u"1x", kBad}, {u"1e1", kBad}, {u" 7 ", 7}});
+  EXPECT_EQ(ParseRounded(QString(5000, '9'), 0, 65535), kBad);
+}
+
 TEST(ParseInt, KnowsFourSpellingsOfOff) {
   Expect(ParseInt, 0, 999,
          {{u"OFF", 0},

@@ -25,6 +25,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   const QString text = QString::fromUtf8(reinterpret_cast<const char*>(data), static_cast<qsizetype>(size));
   for (const int max : {3, 100, 255, 999, 65535}) {
     RequireWithin(ParseWhole(text, 1, max), 1, max);
+    RequireWithin(ParseRounded(text, 1, max), 1, max);
     RequireWithin(ParseInt(text, 0, max), 0, max);
     RequireWithin(ParseTenths(text, 29, max), 0, max);
     for (const int decimals : {0, 1, 2, 3}) {

@@ -56,11 +56,4 @@ FrmAzione::FrmAzione()
   }
 }
 
-void FrmAzione::SetLumenoEnabled(bool enabled) {
-  rows_.SetOpen(enabled);
-  for (int n = 0; n < rows_.size(); ++n) {
-    rows_[n].SetLabelsEnabled(enabled);
-  }
-}
-
 }  // namespace dosmara

@@ -13,7 +13,7 @@ class FrmAzione : public DataForm {
 
  private:
   void Loaded() override { SetLumenoEnabled(Presenza1.Open()); }
-  void SetLumenoEnabled(bool enabled);
+  void SetLumenoEnabled(bool enabled) { rows_.SetEnabled(enabled); }
 
   Gate Presenza1{.record = GateRecord(kHotDrinks), .while_loading = Gate::WhileLoading::kCountsChanges};
   FieldRows& rows_;

@@ -5,6 +5,7 @@
 #include <chrono>
 
 #include "shell/caption_table.h"
+#include "shell/fields/position_grid.h"
 
 namespace dosmara {
 
@@ -13,24 +14,9 @@ namespace {
 // Counters are not polled: over a hundred of them would take the link for themselves.
 constexpr std::chrono::milliseconds kRefreshInterval(15000);
 
-constexpr int kDigits = 8;  // room for seven digits; a larger counter widens its column
-constexpr int kGap = 12;    // between a value and the next caption
-
-// The digits of the columns above a grid of positions, and those of the rows beside it.
-void AddHeadings(QGridLayout& grid, QWidget& parent) {
-  const auto heading = [&parent](int digit) {
-    auto* label = new FieldLabel(&parent);
-    label->setText(QString::number(digit));
-    label->SetQuiet(true);
-    return label;
-  };
-  for (int column = 1; column <= kPositionColumns; ++column) {
-    grid.addWidget(heading(column), 0, 2 * column, Qt::AlignRight);
-  }
-  for (int row = 1; row <= kPositionRows; ++row) {
-    grid.addWidget(heading(row), row, 0);
-  }
-}
+constexpr int kDigits = 8;          // room for seven digits; a larger counter widens its column
+constexpr int kGap = 12;            // between a value and the next caption
+constexpr int kCounterColumns = 2;  // of the grid that a counter takes: caption and value
 
 // A counter that has counted nothing stands back behind the others.
 void ShowCount(FieldLabel& label, double value) {
@@ -79,7 +65,7 @@ void CountersForm::Add(const CounterRun& run, QVBoxLayout& layout) {
     counter.value->setObjectName(run.value[n]);
     counter.value->setFixedHeight(counter.value->fontMetrics().height() + 4);
     const int line = n / run.columns + (headed ? 1 : 0);
-    const int column = n % run.columns * 2 + (headed ? 1 : 0);
+    const int column = n % run.columns * kCounterColumns + (headed ? 1 : 0);
     grid->addWidget(counter.caption, line, column, Qt::AlignRight | Qt::AlignVCenter);
     grid->addWidget(counter.value, line, column + 1);
     grid->setColumnStretch(column, 1);
@@ -87,7 +73,7 @@ void CountersForm::Add(const CounterRun& run, QVBoxLayout& layout) {
     counter.caption->setContentsMargins(kGap, 0, 0, 0);
   }
   if (headed) {
-    AddHeadings(*grid, *parent);
+    AddPositionHeadings(*grid, *parent, kCounterColumns, Qt::AlignRight);
   }
   if (frame != nullptr) {
     layout.addWidget(frame);

@@ -56,6 +56,11 @@ std::optional<int> ParseWhole(QStringView text, int min, int max, int /*decimals
   return static_cast<int>(std::round(*number));
 }
 
+std::optional<int> ParseRounded(QStringView text, int min, int max, int /*decimals*/) {
+  const double number = std::round(ParseNumeric(text).value_or(std::nan("")));
+  return number >= min && number <= max ? std::optional(static_cast<int>(number)) : std::nullopt;
+}
+
 std::optional<int> ParseInt(QStringView text, int min, int max, int /*decimals*/) {
   for (const QStringView off : {u"OFF", u"Off", u"off", u"oFF"}) {
     if (text == off) {

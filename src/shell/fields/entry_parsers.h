@@ -5,6 +5,8 @@
 //   Parser           Accepts                              Gives           Example
 //   ParseNumeric     what a technician types as a number  the number      "-12,5" is -12.5
 //   ParseWhole       a numeric text from min to max       rounded         "90" is 90
+//   ParseRounded     a numeric text that rounds to one    rounded         "2,5" is 3
+//                    from min to max
 //   ParseInt         as ParseWhole, and OFF               the number      "off" is 0
 //   ParseTenths      up to two digits, or with a tenth    tenths          "12,5" is 125, "12" is 120
 //   ParseTenthsFrom  as ParseTenths, and not below min    tenths          from 20 on "2" is 20, "1,9" is bad
@@ -30,6 +32,10 @@ std::optional<double> ParseNumeric(QStringView text);
 // A numeric text within min and max, rounded to the nearest whole number, halves away from zero. The limits
 // are those of the number as typed: "0.6" is not within 1 and 15.
 std::optional<int> ParseWhole(QStringView text, int min, int max, int decimals = 0);
+
+// A numeric text, rounded to the nearest whole number, halves away from zero. The limits are those of the
+// rounded number: "0.6" is within 1 and 15.
+std::optional<int> ParseRounded(QStringView text, int min, int max, int decimals = 0);
 
 // As ParseWhole; "OFF", "Off", "off" and "oFF" give 0, and no other spelling does.
 std::optional<int> ParseInt(QStringView text, int min, int max, int decimals = 0);

@@ -9,8 +9,7 @@ namespace dosmara {
 
 namespace {
 
-// Columns of a grid that a row takes; the one of its bar takes what width there is.
-constexpr int kRowColumns = 4;
+// The column of the bar takes what width there is.
 constexpr int kBarColumn = 2;
 
 }  // namespace
@@ -73,6 +72,13 @@ void FieldRows::SetOpen(int node, bool open) {
 void FieldRows::SetOpen(bool open) {
   for (const Row& row : rows_) {
     row.view->SetOpen(open);
+  }
+}
+
+void FieldRows::SetEnabled(bool enabled) {
+  SetOpen(enabled);
+  for (const Row& row : rows_) {
+    row.view->SetLabelsEnabled(enabled);
   }
 }
 

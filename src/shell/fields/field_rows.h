@@ -13,6 +13,9 @@
 
 namespace dosmara {
 
+// Columns of a grid that a row takes.
+inline constexpr int kRowColumns = 4;
+
 // The rows of one table. Writes when a bar changes outside an arrival; the display is left until the value
 // comes back.
 class FieldRows {
@@ -42,6 +45,8 @@ class FieldRows {
   // Opens or closes the rows of one node, or all.
   void SetOpen(int node, bool open);
   void SetOpen(bool open);
+  // Opens or closes all rows, their captions and values with them.
+  void SetEnabled(bool enabled);
 
   // Sets the captions from the language.
   void SetCaptions();

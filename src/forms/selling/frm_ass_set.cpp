@@ -1,0 +1,112 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "forms/selling/frm_ass_set.h"
+
+#include <array>
+
+#include "forms/selling/price_number.h"
+#include "shell/fields/data_form.h"
+#include "shell/fields/position_grid.h"
+
+namespace dosmara {
+
+namespace {
+
+using PositionRows = std::array<FieldRow, kPositions>;
+
+// What tells the two windows apart.
+struct Window {
+  FormSetup setup;
+  int node;
+  PositionRows rows;
+};
+
+constexpr Records PricesOf(int node) { return {node, 1, kPositions}; }
+constexpr int kMirrors = 216;
+
+constexpr PositionRows RowsOf(int node) {
+  PositionRows rows{};
+  for (int n = 0; n < kPositions; ++n) {
+    rows[n] = PriceNumberRow({.line = 127,
+                              .number = NumberOf(Numbering::kPosition, n),
+                              .node = node,
+                              .record = PricesOf(node).first + n,
+                              .mirror = kMirrors + n});
+  }
+  return rows;
+}
+
+// Arrivals for other forms can tell too that everything is there.
+constexpr Window WindowOf(const char* name, int title, int node) {
+  return {
+      {.name = name, .title = title, .opens_after = kOpensByItself, .hears_all = true}, node, RowsOf(node)};
+}
+
+constexpr Window kWindows[] = {WindowOf("FrmAssSet", 12, kZeth), WindowOf("FrmAssSet2", 13, kZeth2)};
+
+class FrmAssSet : public DataForm {
+ public:
+  explicit FrmAssSet(const Window& window);
+
+ private:
+  void AfterArrival() override;
+  void Loaded() override { SetOpen(!all_at_price_1_); }
+
+  // Opens the rows, unless the form is locked, or closes them.
+  void SetOpen(bool open);
+
+  int node_;
+  Gate set_in_use_;
+  bool all_at_price_1_ = false;
+  FieldRows& prices_;
+};
+
+FrmAssSet::FrmAssSet(const Window& window)
+    : DataForm(window.setup),
+      node_(window.node),
+      set_in_use_{.record = GateRecord(window.node), .while_loading = Gate::WhileLoading::kFollowed},
+      prices_(NewRows({.caption = {"Label11"},
+                       .value = {"Label1"},
+                       .box = {"Text1"},
+                       .bar = {"HScroll1"},
+                       .held = true,
+                       .closed_box_stays = true},
+                      window.rows)) {
+  auto* grid = new QGridLayout(Body());
+  for (int n = 0; n < kPositions; ++n) {
+    prices_[n].PlaceCellIn(*grid, PositionLine(n), PositionColumn(n, 1));
+  }
+  AddPositionHeadings(*grid, *Body(), 1, Qt::AlignLeft);
+  grid->setRowStretch(kPositionRows + 1, 1);
+  Watch(prices_);
+  Watch(kMainBoard, kSellingOptions, [this](double value) {
+    all_at_price_1_ = (LowBits(value) & kAllAtPrice1) != 0;
+    SetOpen(!all_at_price_1_ && set_in_use_.Open());
+  });
+  Watch(set_in_use_, [this] { SetOpen(set_in_use_.Open()); });
+  SetOpen(false);
+}
+
+// While the set is not in use, the form stays locked.
+void FrmAssSet::AfterArrival() {
+  if (!Loading) {
+    return;
+  }
+  if (!AllFresh(PricesOf(node_))) {
+    prices_.SetOpen(false);
+  } else if (set_in_use_.Open()) {
+    Open();
+  }
+}
+
+void FrmAssSet::SetOpen(bool open) {
+  if (!open || !Loading) {
+    prices_.SetEnabled(open);
+    prices_.LetEchoOpen(open);
+  }
+}
+
+}  // namespace
+
+Form* NewSetAssignment(int node) { return new FrmAssSet(kWindows[node - kZeth]); }
+
+}  // namespace dosmara

@@ -1,0 +1,161 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "forms/selling/group_boxes.h"
+
+#include <QCoreApplication>
+#include <QFocusEvent>
+#include <QKeyEvent>
+#include <chrono>
+
+#include "controls/field_label.h"
+#include "shell/fields/entry_parsers.h"
+#include "shell/fields/position_grid.h"
+#include "shell/msg_box.h"
+#include "store/parameter_table.h"
+
+namespace dosmara {
+
+namespace {
+
+constexpr std::chrono::milliseconds kSeenTime(200);
+
+constexpr int kGroupMask = 127;  // the bit above is not the group's
+constexpr int kLargestGroup = 99;
+
+constexpr int kDigits = 3;         // width of a box
+constexpr int kFrame = 20;         // and what lies around them, in pixels
+constexpr int kPositionWidth = 3;  // columns of the grid that a position takes: number, box, mark
+
+const char* const kRefusal = "Error Value or Value out of range";
+
+QString GroupText(double value) {
+  const int group = LowBits(value) & kGroupMask;
+  return group > kLargestGroup ? QStringLiteral("?") : QString::number(group);
+}
+
+QString PositionText(int n) { return QString::number(NumberOf(Numbering::kPosition, n)); }
+
+}  // namespace
+
+GroupEdit::GroupEdit(QWidget* parent, std::function<void(const QString& text)> confirm,
+                     std::function<void()> leave)
+    : QLineEdit(parent), leave_(std::move(leave)) {
+  setAlignment(Qt::AlignRight);
+  setFixedWidth(kDigits * fontMetrics().horizontalAdvance('0') + kFrame);
+  seen_.setSingleShot(true);
+  seen_.setInterval(kSeenTime);
+  connect(this, &QLineEdit::returnPressed, this, [this] {
+    entry_ = text();
+    SetGround(Ground::kSeen);
+    seen_.start();
+  });
+  connect(&seen_, &QTimer::timeout, this, [this, confirm = std::move(confirm)] { confirm(entry_); });
+}
+
+// Black is read well on either colour, in the light and in the dark.
+void GroupEdit::SetGround(Ground ground) {
+  QPalette colours;
+  if (ground != Ground::kPlain) {
+    colours.setColor(QPalette::Base, ground == Ground::kSeen ? QColor(0, 255, 0) : QColor(255, 0, 0));
+    colours.setColor(QPalette::Text, Qt::black);
+  }
+  setPalette(colours);
+  const QString words = ground == Ground::kRefused ? QString(kRefusal) : QString();
+  setToolTip(words);
+  setAccessibleDescription(words);
+}
+
+void GroupEdit::Put(const QString& text) {
+  if (text != this->text()) {
+    setText(text);
+    if (hasFocus()) {
+      selectAll();
+    }
+  }
+}
+
+// A box that lends the focus to its own menu or to another window is not left.
+void GroupEdit::focusOutEvent(QFocusEvent* event) {
+  if (isActiveWindow() && event->reason() != Qt::PopupFocusReason) {
+    leave_();
+  }
+  QLineEdit::focusOutEvent(event);
+}
+
+void GroupEdit::keyPressEvent(QKeyEvent* event) {
+  if (event->key() == Qt::Key_Escape) {
+    leave_();
+  } else {
+    QLineEdit::keyPressEvent(event);
+  }
+}
+
+GroupBoxes::GroupBoxes(QWidget* parent, const Records& records, const ControlArray& boxes)
+    : QObject(parent), parent_(parent), records_(records) {
+  for (int n = 0; n < records_.count; ++n) {
+    auto* box = new GroupEdit(
+        parent, [this, n](const QString& text) { Judge(n, text); }, [this, n] { ShowInForce(n); });
+    box->setObjectName(boxes[n]);
+    rows_.push_back({box, new EchoMark(parent)});
+  }
+}
+
+void GroupBoxes::PlaceIn(QGridLayout& grid, const std::function<QString(int n)>& number_name) {
+  for (int n = 0; n < records_.count; ++n) {
+    auto* number = new FieldLabel(parent_);
+    number->setObjectName(number_name(n));
+    number->setText(PositionText(n));
+    const int line = PositionLine(n);
+    const int column = PositionColumn(n, kPositionWidth);
+    grid.addWidget(number, line, column, Qt::AlignRight | Qt::AlignVCenter);
+    grid.addWidget(rows_[n].box, line, column + 1);
+    grid.addWidget(rows_[n].mark, line, column + 2);
+  }
+  AddPositionHeadings(grid, *parent_, kPositionWidth, Qt::AlignHCenter);
+}
+
+void GroupBoxes::SetEnabled(bool enabled) {
+  for (const Row& row : rows_) {
+    row.box->setEnabled(enabled);
+  }
+}
+
+void GroupBoxes::SetAccessibleNames(const QString& name) {
+  for (int n = 0; n < records_.count; ++n) {
+    rows_[n].box->setAccessibleName(name + ' ' + PositionText(n));
+  }
+}
+
+void GroupBoxes::Show(int n, double value) {
+  Row& row = rows_[n];
+  row.known = true;
+  row.mark->Came(LowBits(value) & kGroupMask);
+  row.box->Put(GroupText(value));
+}
+
+void GroupBoxes::Write(int n, int group) {
+  rows_[n].mark->Sent(group);
+  PutRecord(records_.node, records_.first + n, group);
+}
+
+void GroupBoxes::Judge(int n, const QString& text) {
+  GroupEdit& box = *rows_[n].box;
+  const bool negative = ParseNumeric(text).value_or(0) < 0;
+  const std::optional<int> group = negative ? std::nullopt : ParseRounded(text, 0, kLargestGroup);
+  if (group) {
+    Write(n, *group);
+    box.SetGround(GroupEdit::Ground::kPlain);
+  } else {
+    // Nothing is touched behind the message: the form may close while it stands.
+    box.SetGround(GroupEdit::Ground::kRefused);
+    MsgBox(kRefusal, QCoreApplication::applicationName(), BoxStyle::kCritical);
+  }
+}
+
+// The table holds what came last or is on its way; before that, what an index file says, which is not the
+// machine's.
+void GroupBoxes::ShowInForce(int n) {
+  const Row& row = rows_[n];
+  row.box->Put(row.known ? GroupText(ParamGet(records_.first + n, records_.node)) : QString());
+}
+
+}  // namespace dosmara
