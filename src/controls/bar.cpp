@@ -14,8 +14,10 @@ namespace dosmara {
 
 namespace {
 
-// Smallest usable length, in widths of the letter x: both arrows, a handle and room to drag it.
-constexpr int kLeastLength = 24;
+// Lengths in widths of the letter x: the usual one, and the smallest that a small screen may press it to,
+// with both arrows, a handle and room to drag it.
+constexpr int kUsualLength = 24;
+constexpr int kLeastLength = 13;
 // What the wheel reports for one notch.
 constexpr int kWheelNotch = 120;
 constexpr int kFocusRoom = 3;
@@ -34,7 +36,7 @@ QPolygonF Arrow(const QRectF& end, int direction) {
 Bar::Bar(QWidget* parent) : QScrollBar(Qt::Horizontal, parent) {
   setFocusPolicy(Qt::StrongFocus);
   setTracking(false);
-  setMinimumSize(sizeHint());
+  setMinimumSize(kLeastLength * fontMetrics().horizontalAdvance('x'), sizeHint().height());
   connect(this, &QScrollBar::valueChanged, this, &Bar::Take);
   connect(this, &QScrollBar::sliderReleased, this, &Bar::EndDrag);
 }
@@ -130,7 +132,7 @@ void Bar::wheelEvent(QWheelEvent* event) {
 }
 
 QSize Bar::sizeHint() const {
-  return {kLeastLength * fontMetrics().horizontalAdvance('x'), fontMetrics().height() + 2 * kFocusRoom};
+  return {kUsualLength * fontMetrics().horizontalAdvance('x'), fontMetrics().height() + 2 * kFocusRoom};
 }
 
 // The groove is filled up to the handle, so that the value can be read off from afar.

@@ -198,7 +198,12 @@ TEST_F(BarTest, ABarWithoutAValueShowsNone) {
 
 TEST_F(BarTest, CanBeReachedByTabAndNotByTheWheel) { EXPECT_EQ(bar_->focusPolicy(), Qt::StrongFocus); }
 
-TEST_F(BarTest, DoesNotShrinkToNothing) { EXPECT_GE(bar_->minimumWidth(), 100); }
+TEST_F(BarTest, ShrinksWhereThereIsLittleRoomButNotToNothing) {
+  window_.resize(10, 100);
+  QApplication::processEvents();
+  EXPECT_LT(bar_->width(), bar_->sizeHint().width());
+  EXPECT_GE(bar_->width(), 80);
+}
 
 TEST_F(BarTest, ItsGrooveShowsOnAnyGround) {
   const QPalette dark(QColor(60, 60, 64), QColor(45, 45, 48));

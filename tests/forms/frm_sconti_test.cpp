@@ -1,8 +1,12 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // FrmSconti: a discount for each of thirty prices, and one for a sale without a cup.
+#include <QApplication>
 #include <QLocale>
+#include <QScrollArea>
+#include <QScrollBar>
 
 #include "forms/row_cases.h"
+#include "shell/caption_table.h"
 #include "store/parameter_table.h"
 
 namespace dosmara {
@@ -218,6 +222,15 @@ TEST_F(FrmScontiTest, TheSameDecimalsAndTheOtherBitsRedrawNothing) {
   Find<QLabel>("Label1(7)").setText("as it was");
   for (const int value : {2, 6, 254}) Arrive(0, 311, value);
   EXPECT_EQ(LabelText("Label1(7)"), "as it was");
+}
+
+TEST_F(FrmScontiTest, FitsIntoTwoThirdsOfASmallScreen) {
+  CaptionTable[118] = "Prezzo";
+  CaptionTable[119] = "Sconto senza bicchiere";
+  form().InitMessaggi();
+  form().resize(900, 420);
+  QApplication::processEvents();
+  EXPECT_FALSE(form().findChild<QScrollArea*>()->horizontalScrollBar()->isVisible());
 }
 
 TEST_F(FrmScontiTest, TheTabKeyGoesDownTheColumns) {

@@ -1,8 +1,12 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // FrmBattute, FrmGratis and FrmProva: how often each selection and position was sold, given away, tested.
+#include <QApplication>
+#include <QScrollArea>
+#include <QScrollBar>
 #include <QTest>
 
 #include "forms/form_fixture.h"
+#include "shell/caption_table.h"
 #include "store/parameter_table.h"
 
 namespace dosmara {
@@ -167,6 +171,20 @@ TEST_P(SelectionCounters, AFormThatHasClosedReadsNothingAnew) {
   form().parentWidget()->close();
   Fire("Timer1");
   EXPECT_EQ(Subscribed(), std::vector<Subscription>{});
+}
+
+TEST_P(SelectionCounters, TheWindowWidensForACounterOfTenDigits) {
+  for (int line = 142; line <= 161; ++line) CaptionTable[line] = "Sel.";
+  form().InitMessaggi();
+  RefitFrame(form());
+  QApplication::processEvents();
+  const int before = form().parentWidget()->width();
+  Arrive(2, window().positions, 9999999);
+  EXPECT_EQ(form().parentWidget()->width(), before);
+  Arrive(2, window().positions, 4294967295.0);
+  QApplication::processEvents();
+  EXPECT_GT(form().parentWidget()->width(), before);
+  EXPECT_FALSE(form().findChild<QScrollArea*>()->horizontalScrollBar()->isVisible());
 }
 
 TEST_P(SelectionCounters, TakesNoEntry) {

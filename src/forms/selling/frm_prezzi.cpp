@@ -20,8 +20,6 @@ constexpr FormSetup kSetup = {.name = "FrmPrezzi",
                               .also_released = kMirror};
 
 constexpr int kColumns = 4;
-// Four columns leave a bar less than its usual length on a small screen; in widths of the letter x.
-constexpr int kLeastBar = 13;
 
 // The prices lie in two runs, of which only the first one has mirrors.
 constexpr Records kFirstPrices = {kMainBoard, 12, 30};
@@ -77,9 +75,6 @@ FrmPrezzi::FrmPrezzi()
   layout->addLayout(options);
   auto* grid = new QGridLayout;
   prices_.PlaceInColumns(*grid, kColumns);
-  for (int n = 0; n < prices_.size(); ++n) {
-    prices_[n].bar().setMinimumWidth(kLeastBar * fontMetrics().horizontalAdvance('x'));
-  }
   layout->addLayout(grid);
   layout->addStretch();
   Watch(money_);

@@ -82,7 +82,13 @@ void CountersForm::Add(const CounterRun& run, QVBoxLayout& layout) {
   }
   shown_.push_back(std::move(shown));
   const std::size_t index = shown_.size() - 1;
-  Watch(run.records, [this, index](int n, double value) { ShowCount(*shown_[index][n].value, value); });
+  Watch(run.records, [this, index](int n, double value) {
+    FieldLabel& label = *shown_[index][n].value;
+    ShowCount(label, value);
+    if (label.sizeHint().width() > label.width()) {
+      RefitFrame(*this);  // the counter widens its column
+    }
+  });
 }
 
 }  // namespace dosmara
