@@ -306,7 +306,7 @@ TEST_P(EachRow, AHeldRowIsHeldByAChangeAloneAndUntilTheMachineAnswers) {
       EXPECT_EQ(Enabled(other.bar), &other != &row) << other.bar;
     }
     // A second one is held on its own.
-    const RowCase& second = rows()[&row == &rows()[1] ? 2 : 1];
+    const RowCase& second = rows()[&row == &rows()[1] ? 0 : 1];
     EnterBox(second);
     Enter(second.box, second.good.front().text);
     Leave();
