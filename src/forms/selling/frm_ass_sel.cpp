@@ -3,6 +3,7 @@
 
 #include <array>
 
+#include "forms/selling/held_rows.h"
 #include "forms/selling/price_number.h"
 #include "shell/fields/numbering.h"
 
@@ -43,22 +44,12 @@ constexpr FieldRow kExtraRows[] = {
     MoneyRow({.line = 123, .record = 43, .mirror = 245}),  // milk
 };
 
-// The controls of the rows from `first` on, whose boxes are an array of their own.
-constexpr RowStyle Style(int first, ControlArray box) {
-  return {.caption = {"Label11", first},
-          .value = {"Label1", first},
-          .box = box,
-          .bar = {"HScroll1", first},
-          .held = true,
-          .closed_box_stays = true};
-}
-
 }  // namespace
 
 FrmAssSel::FrmAssSel()
     : DataForm(kSetup),
-      selections_(NewRows(Style(0, {"Text1"}), kSelectionRows)),
-      extras_(NewRows(Style(30, {"Text2"}), kExtraRows, &money_)) {
+      selections_(NewRows(HeldRows(0, {"Text1"}), kSelectionRows)),
+      extras_(NewRows(HeldRows(30, {"Text2"}), kExtraRows, &money_)) {
   auto* grid = new QGridLayout(Body());
   selections_.PlaceInColumns(*grid, kColumns);
   auto* line = new QFrame(Body());
@@ -69,7 +60,7 @@ FrmAssSel::FrmAssSel()
     extras_.PlaceIn(*grid, n, n, last, n * kRowColumns);
   }
   grid->setRowStretch(grid->rowCount(), 1);
-  FieldRows& spare = NewRows(Style(kSelections, {"Text1", kSelections}), kSpareRows);
+  FieldRows& spare = NewRows(HeldRows(kSelections, {"Text1", kSelections}), kSpareRows);
   for (int n = 0; n < spare.size(); ++n) {
     spare[n].Withdraw();
   }

@@ -3,6 +3,7 @@
 
 #include <array>
 
+#include "forms/selling/held_rows.h"
 #include "forms/selling/price_number.h"
 #include "shell/fields/data_form.h"
 #include "shell/fields/position_grid.h"
@@ -64,13 +65,7 @@ FrmAssSet::FrmAssSet(const Window& window)
     : DataForm(window.setup),
       node_(window.node),
       set_in_use_{.record = GateRecord(window.node), .while_loading = Gate::WhileLoading::kFollowed},
-      prices_(NewRows({.caption = {"Label11"},
-                       .value = {"Label1"},
-                       .box = {"Text1"},
-                       .bar = {"HScroll1"},
-                       .held = true,
-                       .closed_box_stays = true},
-                      window.rows)) {
+      prices_(NewRows(HeldRows(), window.rows)) {
   auto* grid = new QGridLayout(Body());
   for (int n = 0; n < kPositions; ++n) {
     prices_[n].PlaceCellIn(*grid, PositionLine(n), PositionColumn(n, 1));

@@ -3,6 +3,7 @@
 
 #include <array>
 
+#include "forms/selling/held_rows.h"
 #include "store/parameter_table.h"
 
 namespace dosmara {
@@ -59,15 +60,7 @@ constexpr int kOpensAbove = 427;
 }  // namespace
 
 FrmPrezzi::FrmPrezzi()
-    : DataForm(kSetup),
-      all_at_price_1_(NewSwitches()),
-      prices_(NewRows({.caption = {"Label11"},
-                       .value = {"Label1"},
-                       .box = {"Text1"},
-                       .bar = {"HScroll1"},
-                       .held = true,
-                       .closed_box_stays = true},
-                      kRows, &money_)) {
+    : DataForm(kSetup), all_at_price_1_(NewSwitches()), prices_(NewRows(HeldRows(), kRows, &money_)) {
   auto* layout = new QVBoxLayout(Body());
   auto* options = new QGridLayout;
   all_at_price_1_.PlaceIn(*options, 0, 0, 0);

@@ -3,6 +3,8 @@
 
 #include <array>
 
+#include "forms/selling/held_rows.h"
+
 namespace dosmara {
 
 namespace {
@@ -37,15 +39,7 @@ constexpr auto kRows = DiscountRows();
 
 }  // namespace
 
-FrmSconti::FrmSconti()
-    : DataForm(kSetup),
-      discounts_(NewRows({.caption = {"Label11"},
-                          .value = {"Label1"},
-                          .box = {"Text1"},
-                          .bar = {"HScroll1"},
-                          .held = true,
-                          .closed_box_stays = true},
-                         kRows, &money_)) {
+FrmSconti::FrmSconti() : DataForm(kSetup), discounts_(NewRows(HeldRows(), kRows, &money_)) {
   auto* grid = new QGridLayout(Body());
   discounts_.PlaceInColumns(*grid, kColumns);
   grid->setRowStretch(kRowCount, 1);
