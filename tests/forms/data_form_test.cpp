@@ -318,7 +318,8 @@ TEST_F(FieldRowsTest, ANumberFollowsTheCaptionBehindABlank) {
 
 TEST_F(FieldRowsTest, ARowWithoutALineKeepsTheCaptionThatItWasGiven) {
   constexpr FieldRow kOne[] = {{.record = 28, .max = 9, .text = WholeText}};
-  FieldRows rows(&form(), {.caption = {"Label6"}, .value = {"Label10"}, .box = {}, .bar = {"HScroll9"}}, kOne, in_arrival_);
+  FieldRows rows(&form(), {.caption = {"Label6"}, .value = {"Label10"}, .box = {}, .bar = {"HScroll9"}}, kOne,
+                 in_arrival_);
   rows[0].SetCaption("Bricco 1");
   rows.SetCaptions();
   EXPECT_EQ(LabelText("Label6(0)"), "Bricco 1");

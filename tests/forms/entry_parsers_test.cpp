@@ -66,8 +66,9 @@ TEST(ParseWhole, JudgesTheNumberBeforeItIsRounded) {
 }
 
 TEST(ParseRounded, JudgesTheNumberAfterItIsRounded) {
-  Expect(ParseRounded, 1, 30,
-         {{u"0.4", kBad}, {u"0.5", 1}, {u"2,5", 3}, {u"2.5", 3}, {u"30.4", 30}, {u"30,5", kBad}, {u"31", kBad}});
+  Expect(
+      ParseRounded, 1, 30,
+      {{u"0.4", kBad}, {u"0.5", 1}, {u"2,5", 3}, {u"2.5", 3}, {u"30.4", 30}, {u"30,5", kBad}, {u"31", kBad}});
   Expect(ParseRounded, 0, 99, {{u"-0.4", 0}, {u"-0.5", kBad}, {u"-1", kBad}, {u"99.4", 99}, {u"99.5", kBad}});
 }
 

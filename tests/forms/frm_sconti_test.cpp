@@ -178,31 +178,6 @@ TEST_F(FrmScontiTest, TheDiscountWithoutACupHasItsMirrorBehindTheOthers) {
   EXPECT_EQ(Written(), (Writes{{0, 74, 20}, {0, 276, 20}}));
 }
 
-TEST_F(FrmScontiTest, ATypedDiscountIsHeldUntilTheMachineAnswers) {
-  Fill();
-  for (const int n : {0, 29, 30}) {
-    SCOPED_TRACE(n);
-    const std::string before = Label(n);
-    Enter(Element("Text1", n), "0.05");
-    EXPECT_EQ(Written(), (Writes{{0, 44 + n, 5}, {0, 246 + n, 5}}));
-    EXPECT_FALSE(BarOpen(n));
-    EXPECT_TRUE(Enabled(Element("Text1", n)));
-    EXPECT_EQ(Label(n), before);
-    Arrive(0, 45, 11);
-    Arrive(0, 317, 0);
-    EXPECT_FALSE(BarOpen(n));
-    Arrive(0, 44 + n, 5);
-    EXPECT_TRUE(BarOpen(n));
-    EXPECT_EQ(Label(n), "0.05");
-  }
-}
-
-TEST_F(FrmScontiTest, TheDecimalSeparatorIsTheLocales) {
-  QLocale::setDefault(QLocale(QLocale::Italian, QLocale::Italy));
-  Fill();
-  EXPECT_EQ(Shows(30), "0,40");
-}
-
 TEST_F(FrmScontiTest, OtherDecimalsRedrawAllDiscountsAtOnce) {
   Fill();
   const char* const first[] = {"10", "1.0", "0.10", "0.010"};

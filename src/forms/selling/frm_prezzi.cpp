@@ -20,8 +20,6 @@ constexpr FormSetup kSetup = {.name = "FrmPrezzi",
                               .hears_all = true,
                               .also_released = kMirror};
 
-constexpr int kColumns = 4;
-
 // The prices lie in two runs, of which only the first one has mirrors.
 constexpr Records kFirstPrices = {kMainBoard, 12, 30};
 constexpr Records kFurtherPrices = {kMainBoard, 367, 20};
@@ -67,7 +65,7 @@ FrmPrezzi::FrmPrezzi()
   options->setColumnStretch(kSwitchColumns, 1);
   layout->addLayout(options);
   auto* grid = new QGridLayout;
-  prices_.PlaceInColumns(*grid, kColumns);
+  prices_.PlaceInColumns(*grid, 4);
   layout->addLayout(grid);
   layout->addStretch();
   Watch(money_);

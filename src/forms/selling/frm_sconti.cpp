@@ -13,7 +13,6 @@ constexpr Records kDiscounts = {kMainBoard, 44, 30};
 constexpr Records kWithoutCup = {kMainBoard, 74};
 constexpr int kMirrors = 246;
 constexpr int kRowCount = kDiscounts.count + kWithoutCup.count;
-constexpr int kColumns = 3;
 
 // The machine goes on being polled for the discount without a cup when the form has closed, once more for
 // each time that it was open.
@@ -41,7 +40,7 @@ constexpr auto kRows = DiscountRows();
 
 FrmSconti::FrmSconti() : DataForm(kSetup), discounts_(NewRows(HeldRows(), kRows, &money_)) {
   auto* grid = new QGridLayout(Body());
-  discounts_.PlaceInColumns(*grid, kColumns);
+  discounts_.PlaceInColumns(*grid, 3);
   grid->setRowStretch(kRowCount, 1);
   Watch(money_);
   Watch(discounts_);

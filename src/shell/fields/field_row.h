@@ -11,17 +11,17 @@ namespace dosmara {
 // Everything that a row is. Read by the layout, the captions, the subscription, the arrival, the entry and
 // the write. What does not apply is left out.
 struct FieldRow {
-  int line = 0;              // caption, line of the language file; 0: none, or what the form gives it
-  int number = 0;            // follows the caption behind a blank; 0: none
-  int node = 0;              // where the record lies
-  int record = 0;            // read and written
-  int mirror = 0;            // written behind the record with the same value, never read; 0: none
-  int min = 0;               // what the bar can hold
-  int max = 0;               //
-  int large_change = 1;      // step of the bar for a click beside its handle
-  int offset = 0;            // the record's value less the bar's
-  ValueText text = nullptr;  // what is shown of the record's value; MoneyText waits for the decimals
-  bool clamped = false;      // a value that the bar cannot hold is shown as the nearest that it can
+  int line = 0;                 // caption, line of the language file; 0: none, or what the form gives it
+  int number = 0;               // follows the caption behind a blank; 0: none
+  int node = 0;                 // where the record lies
+  int record = 0;               // read and written
+  int mirror = 0;               // written behind the record with the same value, never read; 0: none
+  int min = 0;                  // what the bar can hold
+  int max = 0;                  //
+  int large_change = 1;         // step of the bar for a click beside its handle
+  int offset = 0;               // the record's value less the bar's
+  ValueText text = nullptr;     // what is shown of the record's value; MoneyText waits for the decimals
+  bool clamped = false;         // a value that the bar cannot hold is shown as the nearest that it can
   EntryParser parse = nullptr;  // from the typed text to the record's value
   int low = 0;                  // limits of an entry, in units of the record; not always those of the bar
   int limit = 0;
