@@ -78,7 +78,7 @@ TEST_F(MenuKeys, GiveTheMenuUpInOnePressOnAnEntryWithoutAMenu) {
 }
 
 TEST_F(MenuKeys, GiveTheMenuUpInOnePressFromASubmenu) {
-  Press({"F10", "Right", "Right", "Right"});
+  Press({"F10", "Right", "Right", "Right", "Down", "Right"});
   AwaitPopup("smnuPrezzi");
   Press({"Escape"});
   AwaitFocusBack();
