@@ -14,7 +14,8 @@ MenuBar::MenuBar(QWidget* parent) : QMenuBar(parent) {
     more->setText(QChar(0x00BB));
   }
   connect(qApp, &QApplication::focusChanged, this, [this](QWidget* old, QWidget* now) {
-    if (now == this && old != nullptr) {
+    // A menu that opens another one has had the focus only in between.
+    if (now == this && old != nullptr && qobject_cast<QMenu*>(old) == nullptr) {
       before_ = old;
     }
   });
