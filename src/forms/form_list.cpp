@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "forms/form_list.h"
 
+#include "forms/audit/frm_mdbaudit.h"
 #include "forms/audit/frm_totali.h"
 #include "forms/audit/selection_counters.h"
 #include "forms/beverage/frm_azione.h"
@@ -22,6 +23,7 @@ constexpr FormEntry kForms[] = {
     {"FrmDosi", CreateForm<FrmDosi>},
     {"FrmGratis", [] { return NewSelectionCounters(SoldAs::kFree); }},
     {"FrmInfo", CreateForm<FrmInfo>},
+    {"FrmMDBaudit", CreateForm<FrmMDBaudit>},
     {"FrmPassword", CreateForm<FrmPassword>},
     {"FrmPrezzi", CreateForm<FrmPrezzi>},
     {"FrmProva", [] { return NewSelectionCounters(SoldAs::kTest); }},
