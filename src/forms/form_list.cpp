@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "forms/form_list.h"
 
+#include "forms/audit/coin_and_jug_counters.h"
 #include "forms/audit/frm_mdbaudit.h"
 #include "forms/audit/frm_totali.h"
 #include "forms/audit/selection_counters.h"
@@ -20,10 +21,12 @@ namespace {
 constexpr FormEntry kForms[] = {
     {"FrmAzione", CreateForm<FrmAzione>},
     {"FrmBattute", [] { return NewSelectionCounters(SoldAs::kPaid); }},
+    {"FrmBricco", NewJugCounters},
     {"FrmDosi", CreateForm<FrmDosi>},
     {"FrmGratis", [] { return NewSelectionCounters(SoldAs::kFree); }},
     {"FrmInfo", CreateForm<FrmInfo>},
     {"FrmMDBaudit", CreateForm<FrmMDBaudit>},
+    {"FrmMonete", NewCoinCounters},
     {"FrmPassword", CreateForm<FrmPassword>},
     {"FrmPrezzi", CreateForm<FrmPrezzi>},
     {"FrmProva", [] { return NewSelectionCounters(SoldAs::kTest); }},
