@@ -3,6 +3,8 @@
 #include "shell/fields/counters_form.h"
 
 #include <QCoreApplication>
+#include <QScrollArea>
+#include <QScrollBar>
 
 #include "forms/form_fixture.h"
 #include "shell/caption_table.h"
@@ -140,6 +142,17 @@ TEST_F(CountersFormTest, FewColumnsLeaveRoomForAnyCounterOfFourBytes) {
     EXPECT_EQ(Place(name), before) << name;
     EXPECT_GE(Place(name).width(), Find(name).sizeHint().width()) << name;
   }
+}
+
+TEST_F(CountersFormTest, ACounterThatNeedsMoreRoomWidensItsColumnAndTheWindow) {
+  const QSize before = form().parentWidget()->size();
+  Arrive(1, 90, 7);
+  EXPECT_EQ(form().parentWidget()->size(), before);
+  counters_->Value(2, 0).setFont(QFont(form().font().family(), 3 * form().font().pointSize()));
+  Arrive(1, 90, 4294967295.0);
+  EXPECT_GE(Find("Label6").width(), Find("Label6").sizeHint().width());
+  EXPECT_GT(form().parentWidget()->width(), before.width());
+  EXPECT_FALSE(form().findChild<QScrollArea*>()->horizontalScrollBar()->isVisible());
 }
 
 TEST_F(CountersFormTest, SmallCountersTakeTheRoomOfSevenDigits) {

@@ -63,8 +63,12 @@ void CountersForm::InitMessaggi() {
 void CountersForm::Show(std::size_t run, int n, double value) { ShowText(run, n, value, WholeText(value)); }
 
 void CountersForm::ShowText(std::size_t run, int n, double value, const QString& text) {
-  Value(run, n).setText(text);
-  Value(run, n).SetQuiet(value == 0);
+  FieldLabel& label = Value(run, n);
+  label.setText(text);
+  label.SetQuiet(value == 0);
+  if (label.width() < label.sizeHint().width()) {
+    RefitFrame(*this);  // its column has become wider
+  }
 }
 
 QGridLayout* CountersForm::NewGrid(const CounterRun& run) {
