@@ -1,6 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "forms/form_list.h"
 
+#include "forms/audit/coin_and_jug_counters.h"
+#include "forms/audit/frm_mdbaudit.h"
+#include "forms/audit/frm_totali.h"
 #include "forms/audit/selection_counters.h"
 #include "forms/beverage/frm_azione.h"
 #include "forms/beverage/frm_dosi.h"
@@ -26,18 +29,22 @@ constexpr FormEntry kForms[] = {
     {"FrmAssSet2", [] { return NewSetAssignment(kZeth2); }},
     {"FrmAzione", CreateForm<FrmAzione>},
     {"FrmBattute", [] { return NewSelectionCounters(SoldAs::kPaid); }},
+    {"FrmBricco", NewJugCounters},
     {"FrmConf", CreateForm<FrmConf>},
     {"FrmDosi", CreateForm<FrmDosi>},
     {"FrmGratis", [] { return NewSelectionCounters(SoldAs::kFree); }},
     {"FrmInfo", CreateForm<FrmInfo>},
-    {"FrmPagamento", CreateForm<FrmPagamento>},
+    {"FrmMDBaudit", CreateForm<FrmMDBaudit>},
+    {"FrmMonete", NewCoinCounters},
     {"FrmOpzioni", CreateForm<FrmOpzioni>},
+    {"FrmPagamento", CreateForm<FrmPagamento>},
     {"FrmPassword", CreateForm<FrmPassword>},
     {"FrmPrezzi", CreateForm<FrmPrezzi>},
     {"FrmProva", [] { return NewSelectionCounters(SoldAs::kTest); }},
     {"FrmSconti", CreateForm<FrmSconti>},
     {"FrmTemperatura", CreateForm<FrmTemperatura>},
     {"FrmTempi", CreateForm<FrmTempi>},
+    {"FrmTotali", CreateForm<FrmTotali>},
 };
 
 }  // namespace

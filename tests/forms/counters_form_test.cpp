@@ -3,6 +3,8 @@
 #include "shell/fields/counters_form.h"
 
 #include <QCoreApplication>
+#include <QScrollArea>
+#include <QScrollBar>
 
 #include "forms/form_fixture.h"
 #include "shell/caption_table.h"
@@ -26,12 +28,25 @@ constexpr CounterRun kRuns[] = {
      .caption = {"Label5", kNoArray},
      .line = 310,
      .value = {"Label6", kNoArray}},
+    {.goes_on = true,
+     .records = {1, 100, 2},
+     .caption = {"Label7"},
+     .line = 320,
+     .line_step = 1,
+     .value = {"Label8"}},
+    {.frame = "Frame3",
+     .beside = true,
+     .records = {1, 110},
+     .caption = {"Label9", kNoArray},
+     .line = 330,
+     .value = {"Label10", kNoArray}},
 };
 
 class Counters : public CountersForm {
  public:
   Counters() : CountersForm({.name = "Counters", .title = 47}, kRuns) {}
   using CountersForm::CaptionOf;
+  using CountersForm::Grid;
   using CountersForm::Value;
 };
 
@@ -93,6 +108,53 @@ TEST_F(CountersFormTest, CountersLieRowByRowInTheirColumns) {
   EXPECT_EQ(Place("Label4(7)").left(), Place("Label4(5)").left());
 }
 
+TEST_F(CountersFormTest, ARunGoesOnInTheFrameAndTheColumnsOfTheOneBefore) {
+  QCoreApplication::processEvents();
+  for (const char* name : {"Label7(0)", "Label7(1)", "Label8(0)", "Label8(1)"}) {
+    EXPECT_EQ(Find(name).parentWidget(), &Find("Frame2")) << name;
+  }
+  EXPECT_GT(Place("Label8(0)").top(), Place("Label6").bottom());
+  EXPECT_GT(Place("Label8(1)").top(), Place("Label8(0)").bottom());
+  EXPECT_EQ(Place("Label8(1)").left(), Place("Label6").left());
+  EXPECT_EQ(Place("Label8(1)").right(), Place("Label6").right());
+  EXPECT_EQ(&counters_->Grid(3), &counters_->Grid(2));
+  Arrive(1, 90, 5);
+  Arrive(1, 101, 6);
+  EXPECT_EQ(LabelText("Label6"), "5");
+  EXPECT_EQ(LabelText("Label8(1)"), "6");
+  EXPECT_EQ(LabelText("Label7(1)"), "#321");
+}
+
+TEST_F(CountersFormTest, ARunStandsBelowTheOneBeforeOrBesideIt) {
+  QCoreApplication::processEvents();
+  EXPECT_GT(Place("Frame2").top(), Place("Frame1").bottom());
+  EXPECT_GT(Place("Frame3").left(), Place("Frame2").right());
+  EXPECT_EQ(Place("Frame3").top(), Place("Frame2").top());
+  EXPECT_LT(Place("Frame3").bottom(), Place("Frame2").bottom()) << "no higher than its counters";
+}
+
+TEST_F(CountersFormTest, FewColumnsLeaveRoomForAnyCounterOfFourBytes) {
+  for (const char* name : {"Label2(0)", "Label4(5)", "Label6"}) {
+    QCoreApplication::processEvents();
+    const QRect before = Place(name);
+    Find<QLabel>(name).setText("4294967.295");
+    QCoreApplication::processEvents();
+    EXPECT_EQ(Place(name), before) << name;
+    EXPECT_GE(Place(name).width(), Find(name).sizeHint().width()) << name;
+  }
+}
+
+TEST_F(CountersFormTest, ACounterThatNeedsMoreRoomWidensItsColumnAndTheWindow) {
+  const QSize before = form().parentWidget()->size();
+  Arrive(1, 90, 7);
+  EXPECT_EQ(form().parentWidget()->size(), before);
+  counters_->Value(2, 0).setFont(QFont(form().font().family(), 3 * form().font().pointSize()));
+  Arrive(1, 90, 4294967295.0);
+  EXPECT_GE(Find("Label6").width(), Find("Label6").sizeHint().width());
+  EXPECT_GT(form().parentWidget()->width(), before.width());
+  EXPECT_FALSE(form().findChild<QScrollArea*>()->horizontalScrollBar()->isVisible());
+}
+
 TEST_F(CountersFormTest, SmallCountersTakeTheRoomOfSevenDigits) {
   Arrive(2, 10, 0);
   Arrive(2, 11, 1234567);
@@ -102,8 +164,9 @@ TEST_F(CountersFormTest, SmallCountersTakeTheRoomOfSevenDigits) {
 }
 
 TEST_F(CountersFormTest, TheRefreshReadsAllThatIsWatchedAnew) {
-  const std::vector<Subscription> all = {{0, 10, 1}, {0, 11, 1}, {0, 12, 1}, {1, 90, 1},
-                                         {2, 10, 1}, {2, 11, 1}, {2, 12, 1}, {2, 13, 1}};
+  const std::vector<Subscription> all = {{0, 10, 1},  {0, 11, 1},  {0, 12, 1},  {1, 90, 1},
+                                         {1, 100, 1}, {1, 101, 1}, {1, 110, 1}, {2, 10, 1},
+                                         {2, 11, 1},  {2, 12, 1},  {2, 13, 1}};
   EXPECT_EQ(Subscribed(), all);
   EXPECT_EQ(Find<QTimer>("Timer1").interval(), 15000);
   ParamTable[0][11].Subscribers = 2;  // another form shows it too

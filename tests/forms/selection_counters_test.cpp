@@ -140,39 +140,6 @@ TEST_P(SelectionCounters, ALargeCounterIsShownWhole) {
   }
 }
 
-TEST_P(SelectionCounters, EveryFifteenSecondsAllIsReadAnew) {
-  EXPECT_TRUE(Running("Timer1"));
-  EXPECT_EQ(Find<QTimer>("Timer1").interval(), 15000);
-  EXPECT_FALSE(Find<QTimer>("Timer1").isSingleShot());
-  for (const Subscription& each : All()) {
-    ParamRec& record = ParamTable[each.node][each.record];
-    record.Flags = static_cast<std::uint8_t>(kArrived | kWanted);  // read once, and silent since
-    record.Period = 0x30;
-  }
-  Fire("Timer1");
-  EXPECT_EQ(Subscribed(), All());
-  for (const Subscription& each : All()) {
-    const ParamRec& record = ParamTable[each.node][each.record];
-    EXPECT_EQ(record.Flags & kDue, kDue);
-    EXPECT_EQ(record.Flags & kArrived, 0);
-    EXPECT_EQ(record.Period, 0) << "it was released before it was subscribed";
-  }
-}
-
-TEST_P(SelectionCounters, AValueStandsUntilTheNextReading) {
-  Arrive(1, window().selections, 41);
-  Fire("Timer1");
-  EXPECT_EQ(Selection(0), "41");
-  Arrive(1, window().selections, 42);
-  EXPECT_EQ(Selection(0), "42");
-}
-
-TEST_P(SelectionCounters, AFormThatHasClosedReadsNothingAnew) {
-  form().parentWidget()->close();
-  Fire("Timer1");
-  EXPECT_EQ(Subscribed(), std::vector<Subscription>{});
-}
-
 TEST_P(SelectionCounters, TheWindowWidensForACounterOfTenDigits) {
   for (int line = 142; line <= 161; ++line) CaptionTable[line] = "Sel.";
   form().InitMessaggi();

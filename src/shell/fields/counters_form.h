@@ -2,6 +2,8 @@
 // Windows that only show what the machine counts.
 #pragma once
 
+#include <QBoxLayout>
+#include <QGridLayout>
 #include <QTimer>
 #include <memory>
 #include <span>
@@ -12,10 +14,12 @@
 
 namespace dosmara {
 
-// Counters of one board that lie behind each other: a frame of captions and values.
+// Counters of one board that lie behind each other: a grid of captions and values.
 struct CounterRun {
   const char* frame = nullptr;  // name of the frame around them; null: they stand on the form
   int frame_line = 0;           // its title; 0: it has none
+  bool goes_on = false;         // below the run before, in its frame and its columns
+  bool beside = false;          // its frame is on the right of the one before, not below it
   Records records;
   ControlArray caption;
   int line = 0;       // caption, line of the language file
@@ -38,6 +42,13 @@ class CountersForm : public DataForm {
   // The value and the caption of the n-th counter of a run.
   FieldLabel& Value(std::size_t run, int n) { return *shown_[run][n].value; }
   FieldLabel& CaptionOf(std::size_t run, int n) { return *shown_[run][n].caption; }
+  // Where a run lies: its captions and values, two columns for each of its own.
+  QGridLayout& Grid(std::size_t run) { return *grids_[run]; }
+
+  // Shows an arrival on the n-th counter of a run.
+  virtual void Show(std::size_t run, int n, double value);
+  // Shows a text for a value. A counter that has counted nothing stands back behind the others.
+  void ShowText(std::size_t run, int n, double value, const QString& text);
 
  private:
   struct Shown {
@@ -45,10 +56,14 @@ class CountersForm : public DataForm {
     FieldLabel* value;
   };
 
-  void Add(const CounterRun& run, QVBoxLayout& layout);
+  QGridLayout* NewGrid(const CounterRun& run);
+  QBoxLayout* NewColumnBesideTheLast();
+  void Add(const CounterRun& run);
 
   std::span<const CounterRun> runs_;
   std::vector<std::vector<Shown>> shown_;
+  std::vector<QGridLayout*> grids_;  // of each run
+  QVBoxLayout* layout_;
 };
 
 }  // namespace dosmara
