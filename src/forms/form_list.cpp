@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "forms/form_list.h"
 
+#include "forms/audit/frm_allarmi.h"
 #include "forms/audit/selection_counters.h"
 #include "forms/beverage/frm_azione.h"
 #include "forms/beverage/frm_dosi.h"
@@ -16,11 +17,17 @@ namespace dosmara {
 namespace {
 
 constexpr FormEntry kForms[] = {
-    {"FrmAzione", CreateForm<FrmAzione>}, {"FrmBattute", [] { return NewSelectionCounters(SoldAs::kPaid); }},
-    {"FrmDosi", CreateForm<FrmDosi>},     {"FrmGratis", [] { return NewSelectionCounters(SoldAs::kFree); }},
-    {"FrmInfo", CreateForm<FrmInfo>},     {"FrmPassword", CreateForm<FrmPassword>},
-    {"FrmPrezzi", CreateForm<FrmPrezzi>}, {"FrmProva", [] { return NewSelectionCounters(SoldAs::kTest); }},
-    {"FrmSconti", CreateForm<FrmSconti>}, {"FrmTemperatura", CreateForm<FrmTemperatura>},
+    {"FrmAllarmi", CreateForm<FrmAllarmi>},
+    {"FrmAzione", CreateForm<FrmAzione>},
+    {"FrmBattute", [] { return NewSelectionCounters(SoldAs::kPaid); }},
+    {"FrmDosi", CreateForm<FrmDosi>},
+    {"FrmGratis", [] { return NewSelectionCounters(SoldAs::kFree); }},
+    {"FrmInfo", CreateForm<FrmInfo>},
+    {"FrmPassword", CreateForm<FrmPassword>},
+    {"FrmPrezzi", CreateForm<FrmPrezzi>},
+    {"FrmProva", [] { return NewSelectionCounters(SoldAs::kTest); }},
+    {"FrmSconti", CreateForm<FrmSconti>},
+    {"FrmTemperatura", CreateForm<FrmTemperatura>},
     {"FrmTempi", CreateForm<FrmTempi>},
 };
 
