@@ -2,6 +2,7 @@
 #include "forms/form_list.h"
 
 #include "forms/audit/frm_allarmi.h"
+#include "forms/audit/frm_cancella.h"
 #include "forms/audit/selection_counters.h"
 #include "forms/beverage/frm_azione.h"
 #include "forms/beverage/frm_dosi.h"
@@ -20,6 +21,7 @@ constexpr FormEntry kForms[] = {
     {"FrmAllarmi", CreateForm<FrmAllarmi>},
     {"FrmAzione", CreateForm<FrmAzione>},
     {"FrmBattute", [] { return NewSelectionCounters(SoldAs::kPaid); }},
+    {"FrmCancella", CreateForm<FrmCancella>},
     {"FrmDosi", CreateForm<FrmDosi>},
     {"FrmGratis", [] { return NewSelectionCounters(SoldAs::kFree); }},
     {"FrmInfo", CreateForm<FrmInfo>},
