@@ -2,6 +2,8 @@
 #include "forms/form_list.h"
 
 #include "forms/audit/coin_and_jug_counters.h"
+#include "forms/audit/frm_allarmi.h"
+#include "forms/audit/frm_cancella.h"
 #include "forms/audit/frm_mdbaudit.h"
 #include "forms/audit/frm_totali.h"
 #include "forms/audit/selection_counters.h"
@@ -24,12 +26,14 @@ namespace dosmara {
 namespace {
 
 constexpr FormEntry kForms[] = {
+    {"FrmAllarmi", CreateForm<FrmAllarmi>},
     {"FrmAssSel", CreateForm<FrmAssSel>},
     {"FrmAssSet", [] { return NewSetAssignment(kZeth); }},
     {"FrmAssSet2", [] { return NewSetAssignment(kZeth2); }},
     {"FrmAzione", CreateForm<FrmAzione>},
     {"FrmBattute", [] { return NewSelectionCounters(SoldAs::kPaid); }},
     {"FrmBricco", NewJugCounters},
+    {"FrmCancella", CreateForm<FrmCancella>},
     {"FrmConf", CreateForm<FrmConf>},
     {"FrmDosi", CreateForm<FrmDosi>},
     {"FrmGratis", [] { return NewSelectionCounters(SoldAs::kFree); }},

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "shell/mnemonics.h"
 
+#include <QKeySequence>
 #include <QMap>
 #include <QSet>
 #include <algorithm>
@@ -93,17 +94,34 @@ class Assignment {
 // The text that shows `part` letter by letter.
 QString Literal(QString part) { return part.replace('&', "&&"); }
 
+// The text with the mnemonic at `place`; without one at -1.
+QString TextWith(const QString& caption, qsizetype place) {
+  return place < 0 ? Literal(caption) : Literal(caption.left(place)) + '&' + Literal(caption.mid(place));
+}
+
 }  // namespace
 
 QStringList WithMnemonics(const QStringList& captions) {
   const Assignment assignment(captions);
   QStringList texts;
   for (qsizetype i = 0; i < captions.size(); ++i) {
-    const qsizetype place = assignment.Place(i);
-    texts.append(place < 0 ? Literal(captions[i])
-                           : Literal(captions[i].left(place)) + '&' + Literal(captions[i].mid(place)));
+    texts.append(TextWith(captions[i], assignment.Place(i)));
   }
   return texts;
+}
+
+QString WithMnemonic(const QString& caption, const QStringList& texts) {
+  QSet<QKeySequence> taken;
+  for (const QString& text : texts) {
+    taken.insert(QKeySequence::mnemonic(text));
+  }
+  for (const qsizetype place : Places(caption)) {
+    const QString text = TextWith(caption, place);
+    if (!taken.contains(QKeySequence::mnemonic(text))) {
+      return text;
+    }
+  }
+  return TextWith(caption, -1);
 }
 
 }  // namespace dosmara

@@ -12,4 +12,8 @@ namespace dosmara {
 // characters.
 QStringList WithMnemonics(const QStringList& captions);
 
+// The text of one entry that shows `caption` in the same window as entries of these texts, whose mnemonics
+// are taken.
+QString WithMnemonic(const QString& caption, const QStringList& texts);
+
 }  // namespace dosmara

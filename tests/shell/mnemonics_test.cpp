@@ -38,5 +38,13 @@ TEST(WithMnemonics, LeavesAnEntryWithoutOneWhereNoLetterIsLeft) {
   EXPECT_EQ(WithMnemonics({"a", "A", ""}), QStringList({"&a", "A", ""}));
 }
 
+TEST(WithMnemonic, TakesNoneThatShowsInTheWindowAlready) {
+  EXPECT_EQ(WithMnemonic("Exit", {}), "&Exit");
+  EXPECT_EQ(WithMnemonic("Exit", {"&File", "T&emperature"}), "E&xit");
+  EXPECT_EQ(WithMnemonic("R&D", {"&Read"}), "R&&&D");
+  EXPECT_EQ(WithMnemonic("a", {"&a"}), "a");
+  EXPECT_EQ(WithMnemonic("", {"&a"}), "");
+}
+
 }  // namespace
 }  // namespace dosmara

@@ -109,6 +109,13 @@ TEST_F(MenuKeys, OpenTheInformationWindowByItsMnemonic) {
   AwaitInformationWindow();
 }
 
+TEST_F(MenuKeys, CloseAFormByTheMnemonicOfItsOwnMenu) {
+  Click("ssmnuCancella");
+  const QAction& close = *FindForm("FrmCancella")->findChild<QAction*>("mnuClose");
+  Press({QKeySequence::mnemonic(close.text()).toString().toLower()});
+  Await([] { return FindForm("FrmCancella") == nullptr; }, "the form to close");
+}
+
 TEST_F(MenuKeys, StayWithTheMenuThatTheMouseHasOpened) {
   const QPoint place = Menus().mapToGlobal(Menus().actionGeometry(Menus().actions().constFirst()).center());
   Input({"mousemove", QString::number(place.x()), QString::number(place.y()), "click", "1"});
