@@ -63,18 +63,6 @@ class FrmPagamentoTest : public FormFixture {
     Open("FrmPagamento");
   }
   Selector& Chosen(const char* name) { return Find<Selector>(name); }
-  // The mark behind a control in its layout: the nearest one to its right.
-  EchoMark::State MarkBehind(const char* name) {
-    QApplication::processEvents();
-    const QWidget& control = Find(name);
-    for (const EchoMark* mark : control.parentWidget()->findChildren<EchoMark*>()) {
-      const bool in_line = mark->geometry().center().y() >= control.geometry().top() &&
-                           mark->geometry().center().y() <= control.geometry().bottom();
-      if (in_line && mark->x() > control.x() && mark->x() - control.geometry().right() < 20)
-        return mark->state();
-    }
-    throw std::runtime_error("no mark");
-  }
 };
 
 constexpr std::pair<int, int> kSubscribed[] = {{4, 11},    {79, 79},   {83, 85},   {311, 311},
