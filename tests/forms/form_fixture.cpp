@@ -119,6 +119,11 @@ std::vector<Subscription> FormFixture::Subscribed() const {
   return subscriptions;
 }
 
+std::ptrdiff_t FormFixture::ShownMarks() {
+  const auto marks = form_->findChildren<EchoMark*>();
+  return std::ranges::count_if(marks, [this](const EchoMark* mark) { return mark->isVisibleTo(form_); });
+}
+
 EchoMark::State FormFixture::MarkBehind(const std::string& name) {
   const QRect control = Find(name).geometry();
   const EchoMark* nearest = nullptr;

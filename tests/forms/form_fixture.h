@@ -81,6 +81,8 @@ class FormFixture : public testing::Test {
   int Position(const std::string& name) { return Find<TwoPositionSwitch>(name).Position(); }
   // The nearest mark on the right of a control.
   EchoMark::State MarkBehind(const std::string& name);
+  // How many marks there are, apart from those of hidden controls.
+  std::ptrdiff_t ShownMarks();
   bool Enabled(const std::string& name) { return Find(name).isEnabled(); }
   // Whether the control shows once its form does.
   bool Shown(const std::string& name) { return Find(name).isVisibleTo(form_); }

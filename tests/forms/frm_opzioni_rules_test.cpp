@@ -218,6 +218,7 @@ TEST_F(FrmOpzioniRulesTest, NothingLocksItAgain) {
 }
 
 TEST_F(FrmOpzioniRulesTest, AnOlderModelHasNoPowderFirst) {
+  const auto marks = ShownMarks();
   for (const char* name : {"SwitchX1(25)", "Label1(25)", "Label12", "Label13"})
     EXPECT_TRUE(Shown(name)) << name;
   Close();
@@ -228,6 +229,7 @@ TEST_F(FrmOpzioniRulesTest, AnOlderModelHasNoPowderFirst) {
     EXPECT_FALSE(Shown(name)) << name;
   EXPECT_TRUE(Shown("SwitchX1(19)"));
   EXPECT_TRUE(Shown("Label2"));
+  EXPECT_EQ(ShownMarks(), marks - 1);
 }
 
 TEST_F(FrmOpzioniRulesTest, TheTabKeyFollowsTheFrames) {

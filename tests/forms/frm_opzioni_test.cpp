@@ -70,7 +70,17 @@ constexpr Option kOptions[] = {
     {23, -1, "#198", 3, 59, 274, 1},  {24, -1, "#219", 3, 59, 274, 2},    {20, -1, "#192", 3, 59, 274, 8},
 };
 
-class FrmOpzioniTest : public OpzioniFixture {};
+class FrmOpzioniTest : public OpzioniFixture {
+ protected:
+  void ExpectWords(const char* name, const std::vector<const char*>& words) {
+    auto& selector = Find<Selector>(name);
+    ASSERT_EQ(selector.PositionCount(), static_cast<int>(words.size())) << name;
+    for (int n = 0; n < selector.PositionCount(); ++n) {
+      selector.SetPosition(n);
+      EXPECT_EQ(selector.accessibleDescription(), words[n]) << name;
+    }
+  }
+};
 
 TEST_F(FrmOpzioniTest, SubscribesItsRecordsOnceEach) {
   const std::vector<Subscription> expected = {
@@ -133,6 +143,12 @@ TEST_F(FrmOpzioniTest, TheOtherCaptionsAreThoseOfTheLanguage) {
                                                           {"Label7s(3)", "Ver. zeth 2"}};
   for (const auto& [name, words] : captions) EXPECT_EQ(LabelText(name), words) << name;
   EXPECT_EQ(Find<QGroupBox>("Frame1").title(), "#226");
+  EXPECT_EQ(Find<QGroupBox>("Frame2").title(), "#254");
+  const auto title_around = [this](const char* name) {
+    return qobject_cast<QGroupBox*>(Find(name).parentWidget())->title();
+  };
+  EXPECT_EQ(title_around("SlswitchX5"), "#274");
+  EXPECT_EQ(title_around("HScroll1(0)"), "#244");
 }
 
 TEST_F(FrmOpzioniTest, EachSwitchShowsItsBitOfItsRecordAlone) {
@@ -245,14 +261,9 @@ TEST_F(FrmOpzioniTest, TheSelectorsHaveTheirWords) {
       {"SlswitchX4", {"Snack", "Pan"}},
       {"SlswitchX6", {"Snack", "Pan"}},
       {"SlswitchX1", {"1", "2", "3", "4", "5", "6", "7", "8"}}};
-  for (const auto& [name, all] : words) {
-    auto& selector = Find<Selector>(name);
-    ASSERT_EQ(selector.PositionCount(), static_cast<int>(all.size())) << name;
-    for (int n = 0; n < selector.PositionCount(); ++n) {
-      selector.SetPosition(n);
-      EXPECT_EQ(selector.accessibleDescription(), all[n]);
-    }
-  }
+  for (const auto& [name, all] : words) ExpectWords(name, all);
+  Arrive(0, 317, 0);
+  ExpectWords("SlswitchX1", {"1", "2", "3", "4"});
 }
 
 TEST_F(FrmOpzioniTest, TheLanguageIsOneOfFourOrOfEight) {

@@ -22,6 +22,16 @@ void OneForm::AwaitHeld(int node, int record, double value) {
   Await([&] { return machine().Get(node, record) == value; }, "the machine to hold a value");
 }
 
+void OneForm::AwaitAllArrived() {
+  const auto arrived = [](const ParamRec& r) { return r.Subscribers == 0 || (r.Flags & kArrived) != 0; };
+  Await(
+      [&] {
+        return std::ranges::all_of(ParamTable,
+                                   [&](const auto& node) { return std::ranges::all_of(node, arrived); });
+      },
+      "all values to arrive");
+}
+
 void OneForm::CloseLeavesNothingSubscribed() {
   form_->parentWidget()->close();
   for (const auto& node : ParamTable) {

@@ -27,6 +27,8 @@ class OneForm : public SystemTest {
 
   void AwaitText(const QString& label, const QString& text);
   void AwaitHeld(int node, int record, double value);
+  // Waits until each value that the open forms want has arrived at least once.
+  void AwaitAllArrived();
   // Closes the form; no record of any node has a subscriber then.
   void CloseLeavesNothingSubscribed();
 

@@ -8,7 +8,6 @@
 #include "controls/echo_mark.h"
 #include "controls/selector.h"
 #include "controls/two_position_switch.h"
-#include "store/parameter_table.h"
 #include "system/one_form.h"
 
 namespace dosmara {
@@ -23,15 +22,7 @@ class Opzioni : public OneForm {
     EXPECT_FALSE(Payment().isEnabled());
     Await([&] { return Payment().isEnabled(); }, "the options to unlock");
     RecordProperty("click_to_unlocked_ms", static_cast<int>(since_click.elapsed()));
-    Await(
-        [] {
-          return std::ranges::all_of(ParamTable, [](const auto& node) {
-            return std::ranges::all_of(node, [](const ParamRec& record) {
-              return record.Subscribers == 0 || (record.Flags & kArrived) != 0;
-            });
-          });
-        },
-        "all values to arrive");
+    AwaitAllArrived();
     RecordProperty("click_to_all_shown_ms", static_cast<int>(since_click.elapsed()));
   }
 
