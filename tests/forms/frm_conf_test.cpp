@@ -137,6 +137,17 @@ TEST_F(FrmConfTest, TheChoiceIsNotMadeBeforeItsByteIsKnown) {
   EXPECT_EQ(Written(), (Writes{{0, 361, 12}}));
 }
 
+TEST_F(FrmConfTest, ShowsWhereTheFocusIsWhenItOpens) {
+  Arrive(0, 361, 4);
+  SendUnit(2);
+  SendUnit(3);
+  QWidget& choice = Find("Option1(0)");
+  ASSERT_TRUE(choice.hasFocus());
+  const QImage with_focus = choice.grab().toImage();
+  choice.clearFocus();
+  EXPECT_NE(choice.grab().toImage(), with_focus);
+}
+
 TEST_F(FrmConfTest, ControlsOfEqualWordsHaveNamesThatTellThemApart) {
   EXPECT_EQ(Find("Option1(0)").accessibleName(), "#614 #110");
   EXPECT_EQ(Find("Option1(1)").accessibleName(), "#614 #109");
