@@ -216,6 +216,33 @@ TEST_F(FrmAssSelTest, TheExtraPricesOpenWithoutTheSelectionsWhereThoseAreNotInUs
   ExpectExtras(false);
   Arrive(0, 43, 1);
   ExpectExtras(true);
+  ExpectExtraLabels(false);
+  Arrive(1, 5, 6);
+  ExpectSelections(false);
+}
+
+TEST_F(FrmAssSelTest, TheExtraPricesOpenWithoutTheSelectionsAfterTheLockToo) {
+  Unlock(1);
+  Arrive(0, 312, 0);
+  ExpectExtras(false);
+  ParamTable[1][5].Flags = 0;
+  Arrive(3, 600, 1);
+  ExpectExtras(true);
+}
+
+TEST_F(FrmAssSelTest, WhileAnExtraPriceIsMissingTheSwitchOfPriceOneIsFollowedAndTheGateIsNot) {
+  Arrive(0, 311, 0);
+  Arrive(0, 83, 0);
+  SendSelections();
+  Arrive(0, 312, 0);
+  Arrive(0, 312, 4);
+  ExpectSelections(false);
+  Arrive(0, 83, 0);
+  ExpectSelections(true);
+  ExpectExtras(false);
+  Arrive(0, 312, 0);
+  ExpectSelections(true);
+  Arrive(0, 83, 0);
   ExpectSelections(false);
 }
 
@@ -257,6 +284,7 @@ TEST_F(FrmAssSelTest, WithEverythingAtPriceOneNothingOpensAndTheLockClearsAllThe
   EXPECT_TRUE(Enabled("HScroll1(30)")) << "an arrival opens its row: the form is not locked";
   EXPECT_TRUE(Enabled("Text2(0)"));
   EXPECT_FALSE(Enabled("HScroll1(31)"));
+  ExpectExtraLabels(false);
   Arrive(0, 43, 5);
   Arrive(0, 83, 254);
   ExpectSelections(true);
@@ -294,6 +322,14 @@ TEST_F(FrmAssSelTest, TheSwitchOfPriceOneIsFollowedOnlyOnceTheDecimalsAreThere) 
   Arrive(0, 311, 0);
   Arrive(0, 83, 1);
   ExpectSelections(false);
+}
+
+TEST_F(FrmAssSelTest, TheSwitchOfPriceOneIsKnownBeforeTheDecimalsAre) {
+  Arrive(0, 83, 1);
+  SendExtras();
+  SendSelections();
+  ExpectSelections(false);
+  ExpectExtras(false);
 }
 
 TEST_F(FrmAssSelTest, TheGateClosesAndOpensTheSelectionsAlone) {

@@ -159,6 +159,13 @@ TEST_P(SetAssignment, TheSwitchOfPriceOneClosesTheRowsAndOpensThemInASetInUseOnl
   ExpectOpen(false);
 }
 
+TEST_P(SetAssignment, AChangeOfTheGateOpensTheRowsWithEverythingAtPriceOneToo) {
+  Arrive(0, 83, 1);
+  SendPositions();
+  SendGate(4);
+  ExpectOpen(true);
+}
+
 TEST_P(SetAssignment, TheSwitchOfPriceOneOpensNothingWhileTheFormIsLocked) {
   SendGate(4);
   Arrive(0, 83, 0);

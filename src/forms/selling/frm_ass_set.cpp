@@ -83,12 +83,7 @@ FrmAssSet::FrmAssSet(const Window& window)
 
 // While the set is not in use, the form stays locked.
 void FrmAssSet::AfterArrival() {
-  if (!Loading) {
-    return;
-  }
-  if (!AllFresh(PricesOf(node_))) {
-    prices_.SetOpen(false);
-  } else if (set_in_use_.Open()) {
+  if (Loading && set_in_use_.Open() && AllFresh(PricesOf(node_))) {
     Open();
   }
 }

@@ -17,7 +17,7 @@ namespace {
 constexpr FormSetup kSetup = {.name = "FrmConf", .title = 24, .opens_after = 2 * kPositions};
 
 // The other bits of the byte are options of the payment system. Its mirror is left to the windows of those.
-constexpr BitRecord kOptions = {.node = kMainBoard, .record = 361};
+constexpr BitRecord kOptions = {.node = kMainBoard, .record = kCreditOptions};
 constexpr int kGroupsManaged = 4;
 
 // Button 0 switches on and button 1 off; the words of a switch stand the other way round in the language
@@ -120,14 +120,12 @@ void FrmConf::InitMessaggi() {
     management_[i]->setText(Caption(kManagementLines[i]));
     management_[i]->setAccessibleName(all_->title() + ' ' + management_[i]->text());
   }
+  int width = 0;
   for (int i = 0; i < 3; ++i) {
     panes_[0].captions[i]->setText(kCaptions[i]);
     panes_[1].captions[i]->setText(Caption(kCaptionLine + i));
-  }
-  int width = 0;
-  for (const Pane& pane : panes_) {
-    for (const FieldLabel* caption : pane.captions) {
-      width = std::max(width, caption->sizeHint().width());
+    for (const Pane& pane : panes_) {
+      width = std::max(width, pane.captions[i]->sizeHint().width());
     }
   }
   for (const Pane& pane : panes_) {

@@ -122,6 +122,8 @@ void DataForm::TakeFocus() {
                                    !next->inherits("QTabWidget");
     if (changes_something && body_->isAncestorOf(next) && next->isVisible() && next->isEnabled()) {
       focus_to_give_ = false;
+      // Buttons paint the focus only where the window says that it is moved by keys.
+      window()->setAttribute(Qt::WA_KeyboardFocusChange);
       next->setFocus(Qt::OtherFocusReason);
       return;
     }
