@@ -60,6 +60,10 @@ int main(int argc, char** argv) {
     VisitMachineCodes(tour);
     VisitPrices(tour);
     VisitDiscounts(tour);
+    VisitPayment(tour);
+    VisitAssignment(tour);
+    VisitOptions(tour);
+    VisitConfiguration(tour);
     VisitSelectionCounters(tour);
     VisitInformation(tour);
   }

@@ -9,26 +9,20 @@
 #include <algorithm>
 
 #include "store/parameter_table.h"
-#include "tour/left_subscribed.h"
+#include "tour/visit.h"
 
 namespace dosmara {
 
 namespace {
 
-constexpr int kMainBoard = 0;
-constexpr int kHotDrinks = 1;
-constexpr int kZeth = 2;
-constexpr int kZeth2 = 3;
 constexpr int kSalesCode = 3;
 constexpr int kGrinderBlades = 49;
 constexpr int kCoffeeWater = 148;  // record of the first selection
 constexpr int kMilkTime = 280;
 constexpr int kMilkySelection = 3;  // index of a selection with milk in it
-constexpr int kSellingOptions = 83;
 constexpr int kSelections = 22;
 constexpr int kPositions = 48;
 
-constexpr int kUnlockMs = 20000;
 constexpr int kDrinkMs = 90000;
 constexpr int kRefreshMs = 25000;  // a refresh of the counters, and the reading of them
 
@@ -67,69 +61,6 @@ void Dispense(Tour& tour, QWidget& form, const QString& button) {
 }
 
 // Opens a form and waits until `box` takes entries. Returns nullptr when the form does not come.
-QWidget* OpenAndUnlock(Tour& tour, const QString& entry, const QString& name, const QString& box) {
-  QWidget* form = nullptr;
-  tour.Step(name + " opens and unlocks", [&] {
-    form = &tour.Open(entry, name);
-    const auto& first = tour.Control<QWidget>(*form, box);
-    tour.Await([&] { return first.isVisible() && first.isEnabled(); }, "it stays locked", kUnlockMs);
-  });
-  return form;
-}
-
-// A value that is typed into a form: where, and what the machine and the form make of it.
-struct Entry {
-  const char* box;
-  const char* text;
-  int node;
-  int record;
-  int mirror;  // 0: none
-  int value;
-  const char* label;
-  const char* shown;
-};
-
-void TypeValue(Tour& tour, QWidget& form, const Entry& entry) {
-  tour.Type(form, entry.box, entry.text);
-  tour.Await([&] { return tour.machine().Get(entry.node, entry.record) == entry.value; },
-             "the machine does not hold the value");
-  tour.Await([&] { return entry.mirror == 0 || tour.machine().Get(entry.node, entry.mirror) == entry.value; },
-             "the mirror does not hold the value");
-  tour.Await([&] { return tour.Control<QLabel>(form, entry.label).text() == entry.shown; },
-             "the label does not follow");
-}
-
-// Types an amount: its bar is closed until the machine has answered.
-void TypeAmount(Tour& tour, QWidget& form, const Entry& entry, const QString& bar_name) {
-  const auto& bar = tour.Control<QWidget>(form, bar_name);
-  tour.Expect(bar.isEnabled(), "the bar is closed");
-  TypeValue(tour, form, entry);
-  tour.Await([&] { return bar.isEnabled(); }, "the bar does not open again");
-}
-
-bool MayStaySubscribed(int node, int record) {
-  return std::ranges::any_of(kLeftSubscribed, [&](const LeftSubscribed& left) {
-    return left.node == node && left.record == record;
-  });
-}
-
-void CloseForm(Tour& tour, QWidget& form) {
-  const QString name = form.objectName();
-  tour.Step(name + " closes and leaves no record subscribed", [&] {
-    tour.Close(form);
-    for (int node = 0; node < kNodeCount; ++node) {
-      for (int record = 1; record <= NodeRecordCount[node]; ++record) {
-        tour.Expect(ParamTable[node][record].Subscribers == 0 || MayStaySubscribed(node, record),
-                    QStringLiteral("record %1 of node %2 stays subscribed").arg(record).arg(node));
-      }
-    }
-    for (const LeftSubscribed& left : kLeftSubscribed) {
-      tour.Expect(name != left.form || ParamTable[left.node][left.record].Subscribers == 1,
-                  QStringLiteral("record %1 does not stay subscribed").arg(left.record));
-    }
-  });
-}
-
 // One of the windows of counters.
 struct Counters {
   const char* entry;
@@ -212,12 +143,12 @@ void VisitTimes(Tour& tour) {
     return;
   }
   tour.Step("a time is typed, the machine holds it, the label follows", [&] {
-    TypeValue(tour, *form, {"txtTempi(0)", "9,9", kHotDrinks, 31, 509, 99, "Label1(0)", "9.9"});
+    TypeValue(tour, *form, {"txtTempi(0)", "9,9", {kHotDrinks, 31, 509}, 99, "Label1(0)", "9.9"});
     tour.Picture("times");
   });
   tour.Step("a drawer's time is typed on its tab, its unit holds it", [&] {
     tour.Control<QTabWidget>(*form, "SSTab1").setCurrentIndex(1);
-    TypeValue(tour, *form, {"txtzeth1(3)", "0.7", kZeth, 294, 312, 7, "Label3(3)", "0.7"});
+    TypeValue(tour, *form, {"txtzeth1(3)", "0.7", {kZeth, 294, 312}, 7, "Label3(3)", "0.7"});
     tour.Picture("times_zeth");
   });
   CloseForm(tour, *form);
@@ -229,9 +160,9 @@ void VisitTemperatures(Tour& tour) {
     return;
   }
   tour.Step("temperatures are typed and held, the labels follow", [&] {
-    TypeValue(tour, *form, {"Text1", "95", kHotDrinks, 24, 502, 95, "Label1", "95"});
-    TypeValue(tour, *form, {"Text2(1)", "3,5", kZeth, 53, 268, 35, "Label2(1)", "3.5"});
-    TypeValue(tour, *form, {"Text3(0)", "OFF", kZeth2, 51, 266, 16, "Label3(0)", "OFF"});
+    TypeValue(tour, *form, {"Text1", "95", {kHotDrinks, 24, 502}, 95, "Label1", "95"});
+    TypeValue(tour, *form, {"Text2(1)", "3,5", {kZeth, 53, 268}, 35, "Label2(1)", "3.5"});
+    TypeValue(tour, *form, {"Text3(0)", "OFF", {kZeth2, 51, 266}, 16, "Label3(0)", "OFF"});
     tour.Picture("temperatures");
   });
   CloseForm(tour, *form);
@@ -271,44 +202,6 @@ void VisitMachineCodes(Tour& tour) {
     tour.Type(*form, "Text1(1)", QString::number(code));
     tour.Await([&] { return tour.machine().Get(kMainBoard, kSalesCode) == code; },
                "the machine does not hold the code");
-  });
-  CloseForm(tour, *form);
-}
-
-void VisitPrices(Tour& tour) {
-  QWidget* form = OpenAndUnlock(tour, "ssmnuImposta", "FrmPrezzi", "Text1(0)");
-  if (form == nullptr) {
-    return;
-  }
-  tour.Step("prices are typed and held, with a mirror and without", [&] {
-    TypeAmount(tour, *form, {"Text1(4)", "0,99", kMainBoard, 16, 218, 99, "Label1(4)", "0.99"},
-               "HScroll1(4)");
-    TypeAmount(tour, *form, {"Text1(34)", "2.55", kMainBoard, 371, 0, 255, "Label1(34)", "2.55"},
-               "HScroll1(34)");
-    tour.Picture("prices");
-  });
-  tour.Step("all is sold at price 1, and again at its own", [&] {
-    auto& all_at_price_1 = tour.Control<QAbstractButton>(*form, "Switch1");
-    const int options = static_cast<int>(tour.machine().Get(kMainBoard, kSellingOptions));
-    for (const int wanted : {options ^ 1, options}) {
-      all_at_price_1.click();
-      tour.Await([&] { return tour.machine().Get(kMainBoard, kSellingOptions) == wanted; },
-                 "the machine does not hold the options");
-    }
-  });
-  CloseForm(tour, *form);
-}
-
-void VisitDiscounts(Tour& tour) {
-  QWidget* form = OpenAndUnlock(tour, "ssmnuSconti", "FrmSconti", "Text1(0)");
-  if (form == nullptr) {
-    return;
-  }
-  tour.Step("discounts are typed and held, the labels follow", [&] {
-    TypeAmount(tour, *form, {"Text1(2)", ",15", kMainBoard, 46, 248, 15, "Label1(2)", "0.15"}, "HScroll1(2)");
-    TypeAmount(tour, *form, {"Text1(30)", "0.2", kMainBoard, 74, 276, 20, "Label1(30)", "0.20"},
-               "HScroll1(30)");
-    tour.Picture("discounts");
   });
   CloseForm(tour, *form);
 }

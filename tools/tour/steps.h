@@ -30,6 +30,18 @@ void VisitPrices(Tour& tour);
 // Discounts: unlocks, one of a price and the one without a cup changed and held.
 void VisitDiscounts(Tour& tour);
 
+// Payment: unlocks with two payment systems, one value of each kind changed and held.
+void VisitPayment(Tour& tour);
+
+// The prices of selections and of the positions of both units: one of each changed and held by its board.
+void VisitAssignment(Tour& tour);
+
+// Options: one of each kind changed and held by its board.
+void VisitOptions(Tour& tour);
+
+// Configuration: a group of each unit changed and held, the groups switched off and on.
+void VisitConfiguration(Tour& tour);
+
 // Paid, free and test vends: shown as the machine has counted them; a sale shows with the next refresh.
 void VisitSelectionCounters(Tour& tour);
 
