@@ -54,7 +54,6 @@ TEST_P(FrmConfUnit, AnEntryIsSeenInGreenAndThenWritten) {
     Find<QLineEdit>(Box(n)).clear();
     Enter(Box(n), "99");
     EXPECT_EQ(Ground(Box(n)), kGreen);
-    EXPECT_EQ(Ink(Box(n)), Qt::black);
     EXPECT_EQ(Find(Box(n)).findChild<QTimer*>()->interval(), 200);
     EXPECT_EQ(Written(), Writes{});
     NodeIndex = 1;
@@ -118,7 +117,6 @@ TEST_P(FrmConfUnit, RefusesWhatIsNoGroupWithAMessageAndInRedUntilTheNextGoodOne)
     EnterGroup(Box(5), text);
     EXPECT_EQ(screen_.boxes, std::vector{message});
     EXPECT_EQ(Ground(Box(5)), kRed);
-    EXPECT_EQ(Ink(Box(5)), Qt::black);
     EXPECT_EQ(BoxText(Box(5)), text);
     EXPECT_EQ(Written(), Writes{});
     EXPECT_EQ(MarkBehind(Box(5)), State::kNone);
@@ -133,6 +131,23 @@ TEST_P(FrmConfUnit, RefusesWhatIsNoGroupWithAMessageAndInRedUntilTheNextGoodOne)
   EnterGroup(Box(5), "9");
   EXPECT_EQ(Ground(Box(5)), Standard());
   EXPECT_EQ(Find(Box(5)).toolTip(), "");
+}
+
+TEST_P(FrmConfUnit, GreenAndRedAreWrittenOnInBlackInTheDarkToo) {
+  const QPalette light = QApplication::palette();
+  QPalette dark = light;
+  dark.setColor(QPalette::Text, Qt::white);
+  QApplication::setPalette(dark);
+  Fill();
+  EXPECT_EQ(Ink(Box(5)), Qt::white);
+  Find<QLineEdit>(Box(5)).clear();
+  Enter(Box(5), "100");
+  EXPECT_EQ(Ink(Box(5)), Qt::black);
+  LetSee(Box(5));
+  EXPECT_EQ(Ink(Box(5)), Qt::black);
+  EnterGroup(Box(5), "9");
+  EXPECT_EQ(Ink(Box(5)), Qt::white);
+  QApplication::setPalette(light);
 }
 
 TEST_P(FrmConfUnit, IsRedAlreadyBehindTheMessage) {
