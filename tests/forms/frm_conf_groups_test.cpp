@@ -88,6 +88,26 @@ TEST_P(FrmConfUnit, OfTwoEntriesWhileTheFirstIsSeenTheSecondCounts) {
   EXPECT_EQ(Written(), (Writes{{GetParam().node, 331, 56}}));
 }
 
+TEST_P(FrmConfUnit, AnEntryGoodOrBadIsTypedOver) {
+  Fill();
+  for (const char* text : {"9", "100"}) {
+    EnterGroup(Box(3), text);
+    EXPECT_EQ(Find<QLineEdit>(Box(3)).selectedText(), text);
+    QTest::keyClicks(&Find(Box(3)), "7");
+    EXPECT_EQ(BoxText(Box(3)), "7");
+  }
+  Enter(Box(3), "1");
+  QTest::keyClicks(&Find(Box(3)), "2");
+  LetSee(Box(3));
+  EXPECT_EQ(Find<QLineEdit>(Box(3)).selectedText(), "") << "typed on while the entry was seen";
+  Find<QLineEdit>(Box(3)).clear();
+  Enter(Box(3), "71");
+  Focus(Box(4));
+  ASSERT_EQ(BoxText(Box(3)), "71");
+  LetSee(Box(3));
+  EXPECT_EQ(Find<QLineEdit>(Box(3)).selectedText(), "") << "left while the entry was seen";
+}
+
 TEST_P(FrmConfUnit, AnAnswerLeavesAnEqualTextAloneAndAnotherIsThereToBeTypedOver) {
   Fill();
   auto& box = Find<QLineEdit>(Box(3));
