@@ -54,7 +54,6 @@ TEST_P(FrmConfUnit, AnEntryIsSeenInGreenAndThenWritten) {
     Find<QLineEdit>(Box(n)).clear();
     Enter(Box(n), "99");
     EXPECT_EQ(Ground(Box(n)), kGreen);
-    EXPECT_EQ(Ink(Box(n)), Qt::black);
     EXPECT_EQ(Find(Box(n)).findChild<QTimer*>()->interval(), 200);
     EXPECT_EQ(Written(), Writes{});
     NodeIndex = 1;
@@ -89,6 +88,26 @@ TEST_P(FrmConfUnit, OfTwoEntriesWhileTheFirstIsSeenTheSecondCounts) {
   EXPECT_EQ(Written(), (Writes{{GetParam().node, 331, 56}}));
 }
 
+TEST_P(FrmConfUnit, AnEntryGoodOrBadIsTypedOver) {
+  Fill();
+  for (const char* text : {"9", "100"}) {
+    EnterGroup(Box(3), text);
+    EXPECT_EQ(Find<QLineEdit>(Box(3)).selectedText(), text);
+    QTest::keyClicks(&Find(Box(3)), "7");
+    EXPECT_EQ(BoxText(Box(3)), "7");
+  }
+  Enter(Box(3), "1");
+  QTest::keyClicks(&Find(Box(3)), "2");
+  LetSee(Box(3));
+  EXPECT_EQ(Find<QLineEdit>(Box(3)).selectedText(), "") << "typed on while the entry was seen";
+  Find<QLineEdit>(Box(3)).clear();
+  Enter(Box(3), "71");
+  Focus(Box(4));
+  ASSERT_EQ(BoxText(Box(3)), "71");
+  LetSee(Box(3));
+  EXPECT_EQ(Find<QLineEdit>(Box(3)).selectedText(), "") << "left while the entry was seen";
+}
+
 TEST_P(FrmConfUnit, AnAnswerLeavesAnEqualTextAloneAndAnotherIsThereToBeTypedOver) {
   Fill();
   auto& box = Find<QLineEdit>(Box(3));
@@ -118,7 +137,6 @@ TEST_P(FrmConfUnit, RefusesWhatIsNoGroupWithAMessageAndInRedUntilTheNextGoodOne)
     EnterGroup(Box(5), text);
     EXPECT_EQ(screen_.boxes, std::vector{message});
     EXPECT_EQ(Ground(Box(5)), kRed);
-    EXPECT_EQ(Ink(Box(5)), Qt::black);
     EXPECT_EQ(BoxText(Box(5)), text);
     EXPECT_EQ(Written(), Writes{});
     EXPECT_EQ(MarkBehind(Box(5)), State::kNone);
@@ -133,6 +151,23 @@ TEST_P(FrmConfUnit, RefusesWhatIsNoGroupWithAMessageAndInRedUntilTheNextGoodOne)
   EnterGroup(Box(5), "9");
   EXPECT_EQ(Ground(Box(5)), Standard());
   EXPECT_EQ(Find(Box(5)).toolTip(), "");
+}
+
+TEST_P(FrmConfUnit, GreenAndRedAreWrittenOnInBlackInTheDarkToo) {
+  const QPalette light = QApplication::palette();
+  QPalette dark = light;
+  dark.setColor(QPalette::Text, Qt::white);
+  QApplication::setPalette(dark);
+  Fill();
+  EXPECT_EQ(Ink(Box(5)), Qt::white);
+  Find<QLineEdit>(Box(5)).clear();
+  Enter(Box(5), "100");
+  EXPECT_EQ(Ink(Box(5)), Qt::black);
+  LetSee(Box(5));
+  EXPECT_EQ(Ink(Box(5)), Qt::black);
+  EnterGroup(Box(5), "9");
+  EXPECT_EQ(Ink(Box(5)), Qt::white);
+  QApplication::setPalette(light);
 }
 
 TEST_P(FrmConfUnit, IsRedAlreadyBehindTheMessage) {

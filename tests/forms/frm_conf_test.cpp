@@ -1,5 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // FrmConf: what holds for the window as a whole, and whether the groups are looked at.
+#include <QTest>
+
 #include "forms/conf_fixture.h"
 #include "shell/caption_table.h"
 #include "store/parameter_table.h"
@@ -146,6 +148,22 @@ TEST_F(FrmConfTest, ShowsWhereTheFocusIsWhenItOpens) {
   const QImage with_focus = choice.grab().toImage();
   choice.clearFocus();
   EXPECT_NE(choice.grab().toImage(), with_focus);
+}
+
+TEST_F(FrmConfTest, OpensOnTheChoiceThatIsMade) {
+  for (const int options : {0, 4}) {
+    Close();
+    Open("FrmConf");
+    Arrive(0, 361, options);
+    SendUnit(2);
+    SendUnit(3);
+    EXPECT_TRUE(Find(options == 0 ? "Option1(1)" : "Option1(0)").hasFocus()) << options;
+    for (const bool on : {true, false, true}) {
+      QTest::keyClick(QApplication::focusWidget(), on ? Qt::Key_Left : Qt::Key_Right);
+      Arrive(0, 361, on ? 4 : 0);
+      EXPECT_TRUE(Find(on ? "Option1(0)" : "Option1(1)").hasFocus());
+    }
+  }
 }
 
 TEST_F(FrmConfTest, ControlsOfEqualWordsHaveNamesThatTellThemApart) {

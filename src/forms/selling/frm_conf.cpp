@@ -136,8 +136,6 @@ void FrmConf::InitMessaggi() {
   }
 }
 
-void FrmConf::Loaded() { SetFramesEnabled(true); }
-
 void FrmConf::SetFramesEnabled(bool enabled) {
   all_->setEnabled(enabled);
   for (const Pane& pane : panes_) {
@@ -149,6 +147,9 @@ void FrmConf::ShowManagement(double value) {
   options_.Take(value);
   const bool on = options_.Has(kGroupsManaged);
   management_[on ? 0 : 1]->setChecked(true);
+  // A form that opens gives the focus to the choice that is made.
+  management_[on ? 0 : 1]->setFocusPolicy(Qt::StrongFocus);
+  management_[on ? 1 : 0]->setFocusPolicy(Qt::ClickFocus);
   mark_->Came(on ? 1 : 0);
   for (const Pane& pane : panes_) {
     pane.frame->setEnabled(on);

@@ -28,7 +28,7 @@ class FrmConf : public DataForm {
     QPushButton* reset;
   };
 
-  void Loaded() override;
+  void Loaded() override { SetFramesEnabled(true); }
   void MakeManagement(QVBoxLayout& layout);
   void MakePane(int unit, QVBoxLayout& layout);
   // Shows whether the groups are looked at: nothing of them can be changed while they are not.

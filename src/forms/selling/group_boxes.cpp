@@ -48,7 +48,13 @@ GroupEdit::GroupEdit(QWidget* parent, std::function<void(const QString& text)> c
     SetGround(Ground::kSeen);
     seen_.start();
   });
-  connect(&seen_, &QTimer::timeout, this, [this, confirm = std::move(confirm)] { confirm(entry_); });
+  connect(&seen_, &QTimer::timeout, this, [this, confirm = std::move(confirm)] {
+    // The next key types over the entry, not behind it.
+    if (hasFocus() && text() == entry_) {
+      selectAll();
+    }
+    confirm(entry_);
+  });
 }
 
 // Black is read well on either colour, in the light and in the dark.
