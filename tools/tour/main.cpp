@@ -65,6 +65,12 @@ int main(int argc, char** argv) {
     VisitOptions(tour);
     VisitConfiguration(tour);
     VisitSelectionCounters(tour);
+    VisitTotals(tour);
+    VisitCoinCounters(tour);
+    VisitJugCounters(tour);
+    VisitMdbAudit(tour);
+    VisitAlarms(tour);
+    VisitClearing(tour);
     VisitInformation(tour);
   }
   std::printf("%d failed, pictures in %s\n", tour.failures(), qPrintable(pictures));

@@ -45,6 +45,18 @@ void VisitConfiguration(Tour& tour);
 // Paid, free and test vends: shown as the machine has counted them; a sale shows with the next refresh.
 void VisitSelectionCounters(Tour& tour);
 
+// Totals, coins, jugs and the flows of money of MDB: shown as the machine has counted them.
+void VisitTotals(Tour& tour);
+void VisitCoinCounters(Tour& tour);
+void VisitJugCounters(Tour& tour);
+void VisitMdbAudit(Tour& tour);
+
+// The alarm log: an alarm that the machine has just raised is its first line.
+void VisitAlarms(Tour& tour);
+
+// The reset of the counters: the machine has cleared them, but those for life.
+void VisitClearing(Tour& tour);
+
 // The information window.
 void VisitInformation(Tour& tour);
 
