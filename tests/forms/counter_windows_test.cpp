@@ -235,6 +235,20 @@ INSTANTIATE_TEST_SUITE_P(Windows, PlainCounters,
                                          Plain{"FrmMDBaudit", 44, 0, 339, 6, 165, true}),
                          [](const auto& each) { return std::string(each.param.name); });
 
+class CountersInColumns : public FormFixture, public testing::WithParamInterface<const char*> {};
+
+TEST_P(CountersInColumns, LieFourToALine) {
+  Open(GetParam());
+  QCoreApplication::processEvents();
+  const auto top = [this](int n) { return Find(Element("Label2", n)).geometry().top(); };
+  EXPECT_EQ(top(3), top(0));
+  EXPECT_GT(top(4), top(3));
+  EXPECT_EQ(top(15), top(12));
+}
+
+INSTANTIATE_TEST_SUITE_P(Windows, CountersInColumns, testing::Values("FrmMonete", "FrmBricco"),
+                         [](const auto& each) { return std::string(each.param); });
+
 class Jugs : public FormFixture {};
 
 TEST_F(Jugs, StandInAFrameOfDrinks) {
