@@ -80,6 +80,15 @@ TEST_F(ReportListTest, HasRoomForAllItsLines) {
   EXPECT_TRUE(list_.viewport()->rect().contains(list_.visualItemRect(list_.topLevelItem(9))));
 }
 
+TEST_F(ReportListTest, ItsLinesStandApartAndFillItsRoomFromTheLeftOn) {
+  Show({1, 2, 3, 4, 5, 6, 7, 8, 9, 10});
+  QApplication::processEvents();
+  const QRect last = list_.visualItemRect(list_.topLevelItem(9));
+  EXPECT_GE(last.height(), list_.fontMetrics().height() * 7 / 5);
+  EXPECT_EQ(last.bottom(), list_.viewport()->rect().bottom());
+  EXPECT_EQ(last.left(), 0);
+}
+
 TEST_F(ReportListTest, IsReadFromFurtherAwayThanTheRest) {
   EXPECT_GE(list_.font().pointSizeF(), 1.3 * QApplication::font().pointSizeF());
 }

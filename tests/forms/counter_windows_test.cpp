@@ -6,7 +6,9 @@
 
 #include "controls/field_label.h"
 #include "controls/progress_line.h"
+#include "data/caption_file.h"
 #include "forms/form_fixture.h"
+#include "shell/caption_table.h"
 #include "store/parameter_table.h"
 
 namespace dosmara {
@@ -232,6 +234,41 @@ INSTANTIATE_TEST_SUITE_P(Windows, PlainCounters,
                          testing::Values(Plain{"FrmMonete", 20, 0, 107, 16, 163, false},
                                          Plain{"FrmBricco", 18, 1, 104, 22, 155, false},
                                          Plain{"FrmMDBaudit", 44, 0, 339, 6, 165, true}),
+                         [](const auto& each) { return std::string(each.param.name); });
+
+struct InColumns {
+  const char* name;
+  int columns;
+};
+void PrintTo(const InColumns& window, std::ostream* out) { *out << window.name; }
+
+class CountersInColumns : public FormFixture, public testing::WithParamInterface<InColumns> {
+ protected:
+  CountersInColumns() { Open(GetParam().name); }
+};
+
+TEST_P(CountersInColumns, LieLineByLine) {
+  QCoreApplication::processEvents();
+  const auto top = [this](int n) { return Find(Element("Label2", n)).geometry().top(); };
+  for (int n = 1; n < 16; ++n) {
+    EXPECT_EQ(top(n) > top(n - 1), n % GetParam().columns == 0) << n;
+  }
+}
+
+// The width of a screen of 1366 pixels at a scale of 200 %.
+TEST_P(CountersInColumns, AllShowOnASmallScreenOfLargeLetters) {
+  for (const Language& language : ReadCaptions(CAPTIONS)) {
+    for (int line = 1; line <= 625; ++line) {
+      CaptionTable[line] = QString::fromStdString(language.lines[static_cast<std::size_t>(line - 1)]);
+    }
+    form().InitMessaggi();
+    RefitFrame(form());
+    EXPECT_LE(form().parentWidget()->width(), 683) << language.name;
+  }
+}
+
+INSTANTIATE_TEST_SUITE_P(Windows, CountersInColumns,
+                         testing::Values(InColumns{"FrmMonete", 2}, InColumns{"FrmBricco", 3}),
                          [](const auto& each) { return std::string(each.param.name); });
 
 class Jugs : public FormFixture {};

@@ -112,7 +112,7 @@ TEST_F(Allarmi, ListsTheLargestCodeAndEndsAtTheNext) {
 
 TEST_F(Allarmi, HasAnEmptyListForAPointerThatPointsAtNoEntry) {
   FillRing();
-  for (const int pointer : {10, 11, 255, 65535}) {
+  for (const int pointer : {10, 11, 255, 65535, 65538}) {
     Arrive(0, 86, 9);
     EXPECT_EQ(Column(0).size(), 10u);
     Arrive(0, 86, pointer);
@@ -125,15 +125,20 @@ TEST_F(Allarmi, ListsNothingUntilAllHasArrived) {
   EXPECT_EQ(Column(0).size(), 0u) << "the pointer is missing";
   Arrive(0, 86, 3);
   EXPECT_EQ(Column(0).size(), 10u);
-  Close();
-  Open("FrmAllarmi");
-  Arrive(0, 86, 3);
-  for (int record = 143; record <= 201; ++record) {
-    Arrive(0, record, 0);
+}
+
+TEST_F(Allarmi, ListsNothingWhileAnyFieldIsMissing) {
+  for (int missing = 142; missing <= 201; ++missing) {
+    Close();
+    Open("FrmAllarmi");
+    Arrive(0, 86, 3);
+    for (int record = 142; record <= 201; ++record) {
+      if (record != missing) Arrive(0, record, 0);
+    }
+    EXPECT_EQ(Column(0).size(), 0u) << missing;
+    Arrive(0, missing, 0);
+    EXPECT_EQ(Column(0).size(), 10u) << missing;
   }
-  EXPECT_EQ(Column(0).size(), 0u) << "one field is missing";
-  Arrive(0, 142, 0);
-  EXPECT_EQ(Column(0).size(), 10u);
 }
 
 struct Moment {
@@ -194,6 +199,8 @@ TEST_F(Allarmi, TellsHowManyArrivalsThereWereUntilItIsSixtyOne) {
   Arrive(0, 86, 0);
   EXPECT_FALSE(Shown("ProgressBar1"));
 }
+
+TEST_F(Allarmi, NamesItsProgressForThoseWhoCannotSeeIt) { EXPECT_EQ(Progress().accessibleName(), "#399"); }
 
 TEST_F(Allarmi, NothingMovesWhenTheProgressVanishes) {
   QApplication::processEvents();

@@ -2,6 +2,7 @@
 #include <QAbstractButton>
 #include <QAction>
 #include <QApplication>
+#include <QLineEdit>
 #include <QMenuBar>
 #include <QTest>
 
@@ -126,6 +127,31 @@ TEST_F(Cancella, HandsTheFocusBackToThePressedButton) {
   EXPECT_FALSE(Find(kNonResettable).hasFocus());
   Pass(20);
   EXPECT_TRUE(Find(kNonResettable).hasFocus());
+}
+
+TEST_F(Cancella, LeavesTheFocusWhereTheOperatorHasTakenItMeanwhile) {
+  QLineEdit elsewhere(form().window());
+  Press(kResettable, BoxAnswer::kYes);
+  elsewhere.show();
+  elsewhere.setFocus();
+  ASSERT_TRUE(elsewhere.hasFocus());
+  Pass(20);
+  EXPECT_TRUE(Enabled(kResettable));
+  EXPECT_TRUE(elsewhere.hasFocus());
+}
+
+TEST_F(Cancella, LeavesTheAltKeyOnItsOwnToTheMenusOfTheMainWindow) {
+  QTest::keyClick(&Find(kResettable), Qt::Key_Alt);
+  EXPECT_EQ(form().findChild<QMenuBar*>()->activeAction(), nullptr);
+}
+
+TEST_F(Cancella, ItsMenuTakesNoLetterOfTheMenusOfTheMainWindow) {
+  CaptionTable[2] = "Exit";
+  form().InitMessaggi();
+  EXPECT_EQ(Find<QAction>("mnuClose").text(), "&Exit");
+  qobject_cast<QMainWindow*>(form().window())->menuBar()->addAction("&Edit");
+  form().InitMessaggi();
+  EXPECT_EQ(Find<QAction>("mnuClose").text(), "E&xit");
 }
 
 TEST_F(Cancella, SpeaksTheNewLanguageOfWhatItTells) {

@@ -253,6 +253,7 @@ TEST_F(Totals, AFrameThatShowsLessHasItsHeight) {
   OpenWith(20);
   EXPECT_EQ(Find("Frame1").height(), 77);
   EXPECT_GE(Find("Frame2").height(), 169);
+  EXPECT_EQ(Find("Frame2").minimumHeight(), 169);
   EXPECT_LT(Find("Frame2").height(), ten_lines);
 }
 

@@ -7,15 +7,16 @@ namespace dosmara {
 
 namespace {
 
-// As many as leave room for the largest counter.
-constexpr int kColumns = 4;
+// As many as show whole, with the largest counters, on a screen of 1366 pixels at a scale of 200 %.
+constexpr int kCoinColumns = 2;
+constexpr int kJugColumns = 3;
 
 constexpr CounterRun kCoins[] = {{.records = {kMainBoard, 107, 16},
                                   .caption = {"Label1"},
                                   .line = 163,
                                   .numbering = Numbering::kFromOne,
                                   .value = {"Label2"},
-                                  .columns = kColumns}};
+                                  .columns = kCoinColumns}};
 
 constexpr CounterRun kJugs[] = {{.frame = "Frame1",
                                  .frame_line = 154,
@@ -24,7 +25,7 @@ constexpr CounterRun kJugs[] = {{.frame = "Frame1",
                                  .line = 155,
                                  .numbering = Numbering::kSelection,
                                  .value = {"Label2"},
-                                 .columns = kColumns}};
+                                 .columns = kJugColumns}};
 
 }  // namespace
 
