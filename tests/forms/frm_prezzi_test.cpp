@@ -2,6 +2,7 @@
 // FrmPrezzi: fifty prices in two runs of records, and the switch that makes the first one hold for all.
 #include <QLocale>
 
+#include "forms/price_rows_fixture.h"
 #include "forms/row_cases.h"
 #include "store/parameter_table.h"
 
@@ -49,7 +50,7 @@ FormRows PriceRows() {
 
 INSTANTIATE_TEST_SUITE_P(FrmPrezzi, EachRow, testing::Values(PriceRows()));
 
-class FrmPrezziTest : public FormFixture {
+class FrmPrezziTest : public PriceRowsFixture {
  protected:
   FrmPrezziTest() { Open("FrmPrezzi"); }
 
@@ -68,21 +69,11 @@ class FrmPrezziTest : public FormFixture {
     SendPrices();
     Focus("Switch1");
   }
-  // The form opened anew, after `before` has changed the table.
+  // Closes the form and opens it anew.
   void Reopen() {
     Close();
     Open("FrmPrezzi");
   }
-
-  bool Unlocked() { return Enabled("Text1(0)"); }
-  std::string Label(int n) { return LabelText(Element("Label1", n)); }
-  // What row n shows, which its box shows as well.
-  std::string Shows(int n) {
-    EXPECT_EQ(BoxText(Element("Text1", n)), Label(n));
-    return Label(n);
-  }
-  bool BarOpen(int n) { return Enabled(Element("HScroll1", n)); }
-  int BarValue(int n) { return BarOf(Element("HScroll1", n)).Value(); }
 };
 
 TEST_F(FrmPrezziTest, SubscribesDecimalsOptionsAndBothRunsOfPrices) {

@@ -5,6 +5,7 @@
 #include <QScrollArea>
 #include <QScrollBar>
 
+#include "forms/price_rows_fixture.h"
 #include "forms/row_cases.h"
 #include "shell/caption_table.h"
 #include "store/parameter_table.h"
@@ -48,7 +49,7 @@ FormRows DiscountRows() {
 
 INSTANTIATE_TEST_SUITE_P(FrmSconti, EachRow, testing::Values(DiscountRows()));
 
-class FrmScontiTest : public FormFixture {
+class FrmScontiTest : public PriceRowsFixture {
  protected:
   FrmScontiTest() { Open("FrmSconti"); }
 
@@ -58,15 +59,6 @@ class FrmScontiTest : public FormFixture {
     for (int record = 44; record <= 74; ++record) Arrive(0, record, record - 34);
     Focus("Text1(1)");
   }
-
-  bool Unlocked() { return Enabled("Text1(0)"); }
-  std::string Label(int n) { return LabelText(Element("Label1", n)); }
-  std::string Shows(int n) {
-    EXPECT_EQ(BoxText(Element("Text1", n)), Label(n));
-    return Label(n);
-  }
-  bool BarOpen(int n) { return Enabled(Element("HScroll1", n)); }
-  int BarValue(int n) { return BarOf(Element("HScroll1", n)).Value(); }
 };
 
 TEST_F(FrmScontiTest, SubscribesDecimalsAndDiscounts) {
