@@ -4,21 +4,19 @@
 #include <benchmark/benchmark.h>
 
 #include <QApplication>
-#include <array>
 #include <chrono>
 #include <limits>
+#include <memory>
 #include <numeric>
 #include <vector>
 
-#include "forms/beverage/frm_dosi.h"
+#include "forms/form_list.h"
 #include "link/link_engine.h"
 #include "link/notification.h"
 #include "store/parameter_table.h"
 
 namespace dosmara {
 namespace {
-
-constexpr int kForms = 30;
 
 template <typename Work>
 double Seconds(Work work) {
@@ -67,14 +65,35 @@ class EmptyForm : public LoadedForm {
   void SLabelChange(std::int32_t /*index*/, double /*value*/) override {}
 };
 
-// Thirty open forms, which turn away a record among their own that none of them shows.
+// Every form of the program, open and filled: each record that it wants has arrived.
+std::vector<std::unique_ptr<Form>> AllFormsOpen() {
+  // The first two loaded forms are never told: the main window and the serial form.
+  static EmptyForm first;
+  static EmptyForm second;
+  LoadedForms = {&first, &second};
+  std::vector<std::unique_ptr<Form>> forms;
+  for (const FormEntry& entry : FormList()) {
+    forms.emplace_back(entry.create())->Load();
+  }
+  const Bytes reply = {4, 1};  // a value that opens every gate
+  for (int node = 0; node < kNodeCount; ++node) {
+    for (std::size_t record = 1; record < std::size(ParamTable[node]); ++record) {
+      if (ParamTable[node][record].Subscribers > 0) {
+        ParamTable[node][record].Flags |= kArrived;
+        NodeIndex = static_cast<std::uint8_t>(node);
+        NotifyForms(static_cast<std::int32_t>(record), reply);
+      }
+    }
+  }
+  return forms;
+}
+
+// An arrival with every form open, of a record that none of them shows, against an empty call for each.
 void UnwantedArrival(benchmark::State& state) {
   constexpr int kRounds = 1000;  // one arrival is too short for the clock
-  constexpr int kUnwanted = 300;
-  std::array<EmptyForm, kForms> empty_forms;
-  LoadedForms = {&empty_forms[0], &empty_forms[1]};
-  std::array<FrmDosi, kForms> forms;
-  for (FrmDosi& form : forms) form.Load();
+  constexpr int kUnwanted = 700;
+  const auto forms = AllFormsOpen();
+  std::vector<EmptyForm> empty_forms(forms.size());
   std::vector<LoadedForm*> calls;
   for (EmptyForm& form : empty_forms) calls.push_back(&form);
   NodeIndex = 1;
@@ -92,6 +111,7 @@ void UnwantedArrival(benchmark::State& state) {
     }
   };
   Compare(state, arrivals, empty_calls);
+  state.counters["forms"] = static_cast<double>(forms.size());
   LoadedForms.clear();
 }
 BENCHMARK(UnwantedArrival)->UseManualTime();

@@ -3,12 +3,14 @@
 //
 // How long each form takes from the click to its opening for changes (0: it is never closed) and to the last
 // of its values, over a real pseudo-terminal, beside what the pace of the scan allows: a tick for each record
-// and one for each end of a node on the way. Then the memory of this process with all of them open.
+// and one for each end of a node on the way. Then the memory of this process with all of them open, beside
+// that of a process with the least window that the toolkit can show.
 #include <QAbstractButton>
 #include <QAction>
 #include <QApplication>
 #include <QElapsedTimer>
 #include <QLineEdit>
+#include <QProcess>
 #include <algorithm>
 #include <cstdio>
 #include <vector>
@@ -103,7 +105,17 @@ void Open(MDIForm1& window, const char* name) {
   WaitUntil([&] { return window.findChild<QWidget*>(name) == nullptr; }, kDeadlineMs);
 }
 
-void PrintMemory(const char* what) { std::printf("%-32s %7.1f MB\n", what, ResidentMemory("self") / 1024.0); }
+void PrintMemory(const char* what, int kilobytes) {
+  std::printf("%-32s %7.1f MB\n", what, kilobytes / 1024.0);
+}
+
+// Kilobytes of a process with a window that is empty.
+int MemoryOfMinimalWindow() {
+  QProcess process;
+  process.start(DOSMARA_MINIMAL_WINDOW);
+  process.waitForFinished();
+  return process.readAllStandardOutput().trimmed().toInt();
+}
 
 // Forms that read their values again and again never have all of them: one exchange for each record will do.
 void OpenAll(MDIForm1& window, const std::vector<const char*>& forms) {
@@ -128,7 +140,8 @@ void Run(int times, const std::vector<const char*>& forms) {
   ToolRig rig;
   rig.StartMachine();
   MDIForm1& window = rig.StartTool();
-  PrintMemory("resident memory, no form");
+  PrintMemory("resident memory, minimal window", MemoryOfMinimalWindow());
+  PrintMemory("resident memory, no form", ResidentMemory("self"));
   std::printf("%-16s %7s %10s %10s %12s %12s %12s %12s\n", "form", "records", "exchanges", "idle ticks",
               "unlocked ms", "all shown ms", "allowed ms", "difference");
   for (int i = 0; i < times; ++i) {
@@ -137,7 +150,7 @@ void Run(int times, const std::vector<const char*>& forms) {
     }
   }
   OpenAll(window, forms);
-  PrintMemory("resident memory, all forms open");
+  PrintMemory("resident memory, all forms open", ResidentMemory("self"));
 }
 
 }  // namespace

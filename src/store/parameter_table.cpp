@@ -13,6 +13,7 @@ std::uint8_t NodeIndex;
 bool NodePresent[kNodeCount];
 std::int16_t NodeRecordCount[kNodeCount];
 double ParamScratch;
+std::uint32_t ParamRequests;
 
 namespace {
 
@@ -37,6 +38,7 @@ ParamRec& Record(const char* operation, int index, int node, int lowest) {
 }  // namespace
 
 void ParamSubscribe(int index) {
+  ++ParamRequests;
   CheckNode("ParamSubscribe", index, NodeIndex);
   if (!NodePresent[NodeIndex]) return;
   ParamRec& record = Record("ParamSubscribe", index, NodeIndex, 1);
@@ -48,6 +50,7 @@ void ParamSubscribe(int index) {
 }
 
 void ParamUnsubscribe(int index) {
+  ++ParamRequests;
   CheckNode("ParamUnsubscribe", index, NodeIndex);
   if (!NodePresent[NodeIndex]) return;
   ParamRec& record = Record("ParamUnsubscribe", index, NodeIndex, 0);
@@ -60,6 +63,7 @@ void ParamUnsubscribe(int index) {
 }
 
 void ParamPut(int index, double value) {
+  ++ParamRequests;
   CheckNode("ParamPut", index, NodeIndex);
   ParamRec& record = Record("ParamPut", index, NodeIndex, 1);
   // Values computed from tenths arrive a hair off the whole number that is meant.

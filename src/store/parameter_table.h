@@ -92,6 +92,10 @@ extern std::int16_t NodeRecordCount[kNodeCount];
 // The value that a form is about to write, on its way to ParamPut. Nothing reads it later.
 extern double ParamScratch;
 
+// How often one of the three operations below has been called. While it stands still, what is fresh has
+// changed by arrivals alone.
+extern std::uint32_t ParamRequests;
+
 // Adds one subscriber to the record of NodeIndex and makes it due. Called by forms as they open.
 void ParamSubscribe(int index);
 

@@ -103,6 +103,44 @@ TEST_F(DataFormTest, WhatAFormThrowsEndsItsTest) {
   EXPECT_THROW(Arrive(1, 31, 25), std::runtime_error);
 }
 
+// Counts how often its rule has run.
+class HearsAll : public DataForm {
+ public:
+  HearsAll() : DataForm({.name = "HearsAll", .title = 47, .hears_all = true}) {
+    Watch(1, 31, [](double) {});
+  }
+  void AfterArrival() override { ++arrivals; }
+
+  int arrivals = 0;
+};
+
+TEST_F(DataFormTest, AForeignArrivalRunsARuleOnceAfterEachRequestOfAnyForm) {
+  auto* form = new HearsAll;
+  FormFixture::Open(form);
+  Arrive(2, 7, 0);  // it has subscribed
+  EXPECT_EQ(form->arrivals, 1);
+  Arrive(2, 7, 1);
+  EXPECT_EQ(form->arrivals, 1);
+  PutRecord(3, 8, 5);  // from somebody else
+  Arrive(2, 7, 2);
+  Arrive(2, 7, 3);
+  EXPECT_EQ(form->arrivals, 2);
+  Subscribe({3, 8});
+  Arrive(2, 7, 4);
+  EXPECT_EQ(form->arrivals, 3);
+  Unsubscribe({3, 8});
+  Arrive(2, 7, 5);
+  EXPECT_EQ(form->arrivals, 4);
+}
+
+TEST_F(DataFormTest, EachArrivalOfItsOwnRunsARule) {
+  auto* form = new HearsAll;
+  FormFixture::Open(form);
+  Arrive(1, 31, 0);
+  Arrive(1, 31, 0);
+  EXPECT_EQ(form->arrivals, 2);
+}
+
 TEST(GateRecordDeathTest, ABoardWithoutAGateStops) {
   GTEST_FLAG_SET(death_test_style, "threadsafe");
   EXPECT_EQ(GateRecord(1), 312);

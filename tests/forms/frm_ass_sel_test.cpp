@@ -3,6 +3,7 @@
 #include <QLocale>
 
 #include "forms/row_cases.h"
+#include "shell/fields/records.h"
 #include "store/parameter_table.h"
 
 namespace dosmara {
@@ -225,7 +226,7 @@ TEST_F(FrmAssSelTest, TheExtraPricesOpenWithoutTheSelectionsAfterTheLockToo) {
   Unlock(1);
   Arrive(0, 312, 0);
   ExpectExtras(false);
-  ParamTable[1][5].Flags = 0;
+  PutRecord(1, 5, 0);  // from another form
   Arrive(3, 600, 1);
   ExpectExtras(true);
 }

@@ -88,9 +88,10 @@ void DataForm::Unload() {
 
 void DataForm::SLabelChange(std::int32_t index, double value) {
   const int slot = arrivals_.Find(NodeIndex, index);
-  if (slot == ArrivalMap::kForeign && !setup_.hears_all) {
+  if (slot == ArrivalMap::kForeign && (!setup_.hears_all || requests_seen_ == ParamRequests)) {
     return;
   }
+  requests_seen_ = ParamRequests;
   const QScopedValueRollback guard(InArrival, true);
   if (slot != ArrivalMap::kForeign) {
     TakeArrival(slot, value);

@@ -33,7 +33,9 @@ struct FormSetup {
   const char* name = nullptr;      // class and objectName
   int title = 0;                   // line of the language file
   int opens_after = kNeverLocked;  // so many counted arrivals do not open the form yet, the next one does
-  bool hears_all = false;          // AfterArrival runs behind the arrivals of other forms' records too
+  // AfterArrival runs behind arrivals of other forms' records too, once after each request of any form: until
+  // the next one they cannot change what is fresh of the form's own.
+  bool hears_all = false;
   // What the close treats unlike the open: released without ever having been subscribed, which does nothing
   // unless another form has; and left subscribed. The tables of the forms say why.
   std::span<const Records> also_released = {};
@@ -147,8 +149,9 @@ class DataForm : public Form {
   FormSetup setup_;
   QWidget* body_;
   ProgressLine* progress_;
-  bool open_ = false;          // subscribed
-  bool focus_to_give_ = true;  // the operator has not been in the form yet
+  bool open_ = false;                // subscribed
+  std::uint32_t requests_seen_ = 0;  // ParamRequests at the last arrival that was taken
+  bool focus_to_give_ = true;        // the operator has not been in the form yet
   ArrivalMap arrivals_;
   std::vector<Heard> heard_;
   std::vector<Captioned> captioned_;
