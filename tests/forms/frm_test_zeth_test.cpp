@@ -279,6 +279,7 @@ TEST_P(PeripheralTest, AForeignVendEndsAChoiceToo) {
 }
 
 TEST_P(PeripheralTest, AForeignVendOpensNothingWithoutAUnit) {
+  ParamTable[0][GetParam().presence].Value[0] = 4;  // as index files have it
   SendStatus(2);
   SendStatus(0);
   ExpectOpen(false);

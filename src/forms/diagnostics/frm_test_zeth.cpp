@@ -84,7 +84,7 @@ FrmTestZeth::FrmTestZeth(const Window& window)
       keypad_(new UnitKeypad(Body())),
       zero_(NewButton("Command1", window.zero_line)),
       timer_(new QTimer(this)),
-      PresenzaZeth{.record = GateRecord(window.node), .while_loading = Gate::WhileLoading::kFollowed} {
+      PresenzaZeth{.record = GateRecord(window.node)} {
   LayOut();
   timer_->setObjectName("Timer1");
   timer_->setSingleShot(true);
