@@ -2,10 +2,9 @@
 // The machine's selection keypad, drawn.
 #pragma once
 
-#include <QAbstractButton>
 #include <QRect>
 
-#include "controls/pad.h"
+#include "controls/key_panel.h"
 #include "controls/selection_number.h"
 
 namespace dosmara {
@@ -14,46 +13,20 @@ namespace dosmara {
 // the last row of two keys centred.
 QRect KeyRect(QSize size, int index);
 
-// One key: a number on a round cap, lit while its selection is shown, which is its `checked` property. A
-// press does not light it.
-class KeypadKey : public QAbstractButton {
-  Q_OBJECT
-
- public:
-  KeypadKey(QWidget* parent, int index);
-
- protected:
-  void nextCheckState() override {}
-  void paintEvent(QPaintEvent* event) override;
-
- private:
-  int index_;
-};
-
-// The panel with its 22 keys. Tab enters it on the lit key.
-class Keypad : public Pad {
+// The panel with its 22 keys. The key of the selection that is shown is lit, and Tab enters on it.
+class Keypad : public KeyPanel {
   Q_OBJECT
 
  public:
   explicit Keypad(QWidget* parent);
-
-  KeypadKey& Key(int index) { return *keys_[index]; }
 
   // Lights the key of the selection that is shown; -1 lights none.
   void SetSelection(int index);
 
   QSize sizeHint() const override;
 
- signals:
-  // Key `index` has been pressed.
-  void Pressed(int index);
-
  protected:
-  void paintEvent(QPaintEvent* event) override;
-  void resizeEvent(QResizeEvent* event) override;
-
- private:
-  KeypadKey* keys_[kSelections];
+  QRect PlaceOfKey(QSize size, int index) const override { return KeyRect(size, index); }
 };
 
 }  // namespace dosmara

@@ -11,6 +11,7 @@
 #include "forms/beverage/frm_dosi.h"
 #include "forms/beverage/frm_temperatura.h"
 #include "forms/beverage/frm_tempi.h"
+#include "forms/diagnostics/frm_test_zeth.h"
 #include "forms/selling/frm_ass_sel.h"
 #include "forms/selling/frm_ass_set.h"
 #include "forms/selling/frm_conf.h"
@@ -48,6 +49,8 @@ constexpr FormEntry kForms[] = {
     {"FrmSconti", CreateForm<FrmSconti>},
     {"FrmTemperatura", CreateForm<FrmTemperatura>},
     {"FrmTempi", CreateForm<FrmTempi>},
+    {"FrmTestZeth", [] { return NewPeripheralTest(kZeth); }},
+    {"FrmTestZeth2", [] { return NewPeripheralTest(kZeth2); }},
     {"FrmTotali", CreateForm<FrmTotali>},
 };
 

@@ -95,7 +95,9 @@ constexpr Released kReleased[] = {
     {"FrmPagamento", 0, 285, 3},      {"FrmPagamento", 0, 362, 1}, {"FrmPagamento", 0, 354, 1},
     {"FrmPagamento", 0, 366, 1},      {"FrmPagamento", 0, 85, 1},  {"FrmOpzioni", 0, 285, 2},
     {"FrmOpzioni", 0, 279, 2},        {"FrmOpzioni", 0, 360, 1},   {"FrmOpzioni", 1, 524, 2},
-    {"FrmOpzioni", 1, 506, 2},        {"FrmOpzioni", 1, 511, 1},
+    {"FrmOpzioni", 1, 506, 2},        {"FrmOpzioni", 1, 511, 1},   {"FrmTestZeth", 0, 314, 3},
+    {"FrmTestZeth", 0, 358, 1},       {"FrmTestZeth", 2, 284, 1},  {"FrmTestZeth2", 0, 314, 3},
+    {"FrmTestZeth2", 0, 358, 1},      {"FrmTestZeth2", 3, 284, 1},
 };
 
 TEST_P(EveryForm, ReleasesNothingOfOthersButWhatIsMeantToBe) {
@@ -144,7 +146,8 @@ constexpr FirstFocus kFirstFocus[] = {
     {"FrmOpzioni", "SlswitchX5", "HScroll1(1)"}, {"FrmPagamento", "iSwitchSliderX2", "HScroll6(1)"},
     {"FrmPassword", "Text1(0)", "Text1(2)"},     {"FrmPrezzi", "Switch1", "HScroll1(7)"},
     {"FrmSconti", "Text1(0)", "HScroll1(7)"},    {"FrmTemperatura", "Text1", "HScroll2(3)"},
-    {"FrmTempi", "txtTempi(0)", "HScroll1(3)"},
+    {"FrmTempi", "txtTempi(0)", "HScroll1(3)"},  {"FrmTestZeth", "Label1(0)", "Command1"},
+    {"FrmTestZeth2", "Label1(0)", "Command1"},
 };
 
 TEST_P(EveryForm, OpensOnTheFirstControlThatCanBeChangedAndLeavesTheOperatorsChoiceAlone) {

@@ -1,0 +1,200 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "forms/diagnostics/frm_test_zeth.h"
+
+#include <QVBoxLayout>
+#include <utility>
+
+#include "controls/unit_keypad.h"
+#include "shell/caption_table.h"
+#include "shell/fields/data_form.h"
+#include "shell/fields/numbering.h"
+#include "store/parameter_table.h"
+
+namespace dosmara {
+
+namespace {
+
+constexpr Records kPosition = {kMainBoard, kTestSelection, 2};  // column and row
+constexpr Records kUnitLetter = {kMainBoard, 358};
+constexpr int kBeforeFirstColumn = 38;  // in the record of the column, which tells selections too
+constexpr int kRowUnit = 16;
+constexpr int kRun = 2;
+constexpr int kPatience = 2000;  // ms
+
+// Records of the unit.
+constexpr int kUnitCommand = 284;
+constexpr int kMotorsToZero = 3;
+constexpr int kUnitStatus = 290;
+constexpr int kMotorsRun = 2;
+
+constexpr double kChoiceScale = 2.5;
+constexpr int kGap = 8;  // a finger's slip away from the motors
+
+// The commands, the position and the letter come into the table with their writes.
+template <int kNode>
+constexpr Records kOnlyWritten[] = {
+    {kMainBoard, kTestCommand}, kPosition, kUnitLetter, {kNode, kUnitCommand}};
+
+// What tells the two windows apart.
+struct Window {
+  FormSetup setup;
+  int node;
+  char letter;
+  int zero_line;
+  int title_line;
+};
+
+constexpr Window kWindows[] = {
+    {{.name = "FrmTestZeth", .title = 33, .also_released = kOnlyWritten<kZeth>}, kZeth, 'V', 330, 331},
+    {{.name = "FrmTestZeth2", .title = 45, .also_released = kOnlyWritten<kZeth2>}, kZeth2, 'W', 334, 335}};
+
+class FrmTestZeth : public DataForm {
+ public:
+  explicit FrmTestZeth(const Window& window);
+
+  void InitMessaggi() override;
+
+ private:
+  void LayOut();
+  void Press(int zone);
+  void SendCommand();
+  // Takes a status; the end of its bit `mask` ends what the window waits for.
+  void TakeBusy(double status, int mask, bool& has_been_busy);
+  void StartAnew();
+  void Choose(int row, int column);
+  void SetOpen(bool open);
+
+  const Window& window_;
+  FieldLabel* choice_;
+  UnitKeypad* keypad_;
+  QPushButton* zero_;
+  QTimer* timer_;
+  int Riga = 0;     // 1 to 6, 0: none
+  int Colonna = 0;  // 1 to 8, 0: none
+  Gate PresenzaZeth;
+  bool Occupato = false;      // the main board has been dispensing
+  bool MotoreInMoto = false;  // the motors of the unit have been running
+  bool command_due_ = false;  // a position has been sent, the command for it not yet
+};
+
+FrmTestZeth::FrmTestZeth(const Window& window)
+    : DataForm(window.setup),
+      window_(window),
+      choice_(new FieldLabel(Body(), true)),
+      keypad_(new UnitKeypad(Body())),
+      zero_(NewButton("Command1", window.zero_line)),
+      timer_(new QTimer(this)),
+      PresenzaZeth{.record = GateRecord(window.node)} {
+  LayOut();
+  timer_->setObjectName("Timer1");
+  timer_->setSingleShot(true);
+  timer_->setInterval(kPatience);
+  connect(timer_, &QTimer::timeout, this, [this] {
+    Occupato = false;
+    StartAnew();
+  });
+  connect(keypad_, &UnitKeypad::Pressed, this, &FrmTestZeth::Press);
+  connect(zero_, &QPushButton::clicked, this, [this] {
+    SetOpen(false);
+    Choose(0, 0);
+    PutRecord(window_.node, kUnitCommand, kMotorsToZero);
+  });
+  Watch(kMainBoard, kMachineStatus, [this](double value) {
+    TakeBusy(value, kStatusDispensing, Occupato);
+    if (Occupato) {
+      timer_->stop();
+    }
+  });
+  Watch(window.node, kUnitStatus, [this](double value) { TakeBusy(value, kMotorsRun, MotoreInMoto); });
+  Watch(PresenzaZeth, [this] { SetOpen(PresenzaZeth.Open()); });
+  for (const int record : {kPosition.first, kPosition.first + 1, kUnitLetter.first}) {
+    Listen(kMainBoard, record, [this](double) { SendCommand(); });
+  }
+  Choose(0, 0);
+  SetOpen(false);
+}
+
+void FrmTestZeth::LayOut() {
+  QFont large = choice_->font();
+  large.setPointSizeF(large.pointSizeF() * kChoiceScale);
+  choice_->setFont(large);
+  choice_->setAlignment(Qt::AlignCenter);
+  choice_->setObjectName("Label2(1)");
+  keypad_->setObjectName("Image1");
+  for (int zone = 0; zone < keypad_->Count(); ++zone) {
+    keypad_->Key(zone).setObjectName(ControlArray{"Label1"}[zone]);
+  }
+  auto* layout = new QVBoxLayout(Body());
+  layout->addWidget(NewLabel("Label2(0)", window_.title_line), 0, Qt::AlignHCenter);
+  layout->addWidget(choice_);
+  layout->addWidget(keypad_, 0, Qt::AlignHCenter);
+  layout->addSpacing(kGap);
+  layout->addWidget(zero_);
+  layout->addStretch();
+}
+
+void FrmTestZeth::InitMessaggi() {
+  DataForm::InitMessaggi();
+  if (zero_->text().isEmpty()) {  // the language has no word for it
+    zero_->setText("Set zero motori");
+  }
+  keypad_->setAccessibleName(Caption(window_.title_line));
+}
+
+void FrmTestZeth::Press(int zone) {
+  if (Riga == 0) {
+    if (zone < kPositionRows) {
+      Choose(zone + 1, 0);
+    }
+  } else if (zone < kPositionColumns) {
+    Choose(Riga, zone + 1);
+    SetOpen(false);
+    PutRecord(kMainBoard, kUnitLetter.first, window_.letter);
+    PutRecord(kMainBoard, kTestPart, Riga * kRowUnit);
+    PutRecord(kMainBoard, kTestSelection, Colonna + kBeforeFirstColumn);
+    command_due_ = true;
+    timer_->start();
+  }
+}
+
+// Other windows test by some of these records too: what they have sent is theirs to run.
+void FrmTestZeth::SendCommand() {
+  if (command_due_ && AllFresh(kPosition) && AllFresh(kUnitLetter)) {
+    command_due_ = false;
+    PutRecord(kMainBoard, kTestCommand, kRun);
+  }
+}
+
+void FrmTestZeth::TakeBusy(double status, int mask, bool& has_been_busy) {
+  if ((LowBits(status) & mask) != 0) {
+    has_been_busy = true;
+  } else if (std::exchange(has_been_busy, false)) {
+    StartAnew();
+  }
+}
+
+// Whatever has ended, another window's test too: a unit that is not there stays closed.
+void FrmTestZeth::StartAnew() {
+  Choose(0, 0);
+  const Records presence = {kMainBoard, PresenzaZeth.record};
+  SetOpen(AllFresh(presence) && (LowBits(ParamGet(presence.first, kMainBoard)) & kInUse) != 0);
+}
+
+void FrmTestZeth::Choose(int row, int column) {
+  const auto digit = [](int n) { return n != 0 ? QString::number(n) : QString("_"); };
+  Riga = row;
+  Colonna = column;
+  choice_->setText(digit(row) + ' ' + digit(column));
+}
+
+// The button goes first: its focus then goes to the keypad, which keeps it while it is closed.
+void FrmTestZeth::SetOpen(bool open) {
+  zero_->setEnabled(open);
+  keypad_->SetOpen(open);
+}
+
+}  // namespace
+
+Form* NewPeripheralTest(int node) { return new FrmTestZeth(kWindows[node - kZeth]); }
+
+}  // namespace dosmara
