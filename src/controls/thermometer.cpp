@@ -5,6 +5,7 @@
 #include <QPainterPath>
 #include <algorithm>
 
+#include "controls/reading.h"
 #include "controls/tones.h"
 
 namespace dosmara {
@@ -47,6 +48,7 @@ ThermometerGeometry LayOutThermometer(QSize size, int height_of_text, double val
 }
 
 Thermometer::Thermometer(QWidget* parent) : QWidget(parent) {
+  LetInstrumentsBeRead();
   setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
 }
 
@@ -97,6 +99,8 @@ void Thermometer::paintEvent(QPaintEvent*) {
   painter.setPen(QPen(ink, kGlass));
   painter.drawPath(glass);
 
+  // Lines that lie between two rows of pixels would be smeared over both.
+  painter.setRenderHint(QPainter::Antialiasing, false);
   for (int n = 0; n < kThermometerTicks; ++n) {
     const double y = geometry.ticks[n];
     painter.setPen(QPen(ink, 1));
