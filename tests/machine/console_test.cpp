@@ -42,7 +42,7 @@ TEST_F(ConsoleTest, TestStartsDispensingAsTheToolWould) {
   EXPECT_EQ(Run("test 2 1"), "ok");
   EXPECT_TRUE(machine_.dispenser().busy());
   EXPECT_EQ(Run("test 2 1"), "error: the machine is dispensing");
-  Pass(2s);
+  Pass(3s);
   Set(1, 280, 5);
   EXPECT_EQ(Run("test 7 0 66"), "ok");
   EXPECT_TRUE(machine_.dispenser().busy());
