@@ -290,6 +290,10 @@ TEST_F(DrinksOutputsTest, TheFlowMeterPulsesWithAPumpThatTheToolDrives) {
   Pass(200ms);
   EXPECT_EQ(Pulses(2s), 0);
   machine_.defects().Mend("flow-meter");
+  Pass(1s);
+  EXPECT_GE(Pulses(2s), 10) << "goes on once it is mended";
+  Pass(1s);
+  EXPECT_GE(Pulses(2s), 10) << "goes on once it is mended";
   machine_.Write(1, 537, 0);
   machine_.Write(1, 535, 2);
   EXPECT_FALSE(Doser());
