@@ -99,11 +99,13 @@ void Thermometer::paintEvent(QPaintEvent*) {
   painter.setPen(QPen(ink, kGlass));
   painter.drawPath(glass);
 
-  // Lines that lie between two rows of pixels would be smeared over both.
+  // Lines of whole pixels, all alike: one that lies between two rows would be smeared over both.
   painter.setRenderHint(QPainter::Antialiasing, false);
+  QPen line(ink, qRound(painter.deviceTransform().m11()));
+  line.setCosmetic(true);
+  painter.setPen(line);
   for (int n = 0; n < kThermometerTicks; ++n) {
     const double y = geometry.ticks[n];
-    painter.setPen(QPen(ink, 1));
     painter.drawLine(QPointF(geometry.tick_left, y), QPointF(geometry.tick_left + kTickLength * em, y));
     painter.drawText(QRectF(geometry.number_left, y - em / 2.0, width() - geometry.number_left, em),
                      Qt::AlignLeft | Qt::AlignVCenter, QString::number(n * kTickStep));
