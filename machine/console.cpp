@@ -23,6 +23,16 @@ Place PlaceIn(Machine& machine, std::string_view node_text, std::string_view rec
   return {node, static_cast<int>(NumberIn("record of node " + std::to_string(node), record_text, 1, last))};
 }
 
+// The nodes behind the main board for which `holds` is true, as "1,3".
+template <typename Predicate>
+std::string NodesWhere(Predicate holds) {
+  std::string nodes;
+  for (int node = 1; node < kNodeCount; ++node) {
+    if (holds(node)) nodes += (nodes.empty() ? "" : ",") + std::to_string(node);
+  }
+  return nodes.empty() ? "none" : nodes;
+}
+
 }  // namespace
 
 Console::Console(Machine& machine, Plug& plug)
@@ -141,10 +151,8 @@ std::string Console::Log(Arguments arguments) {
 }
 
 std::string Console::Status(Arguments) {
-  std::string absent;
-  for (int node = 1; node < kNodeCount; ++node) {
-    if (!machine_.presence().IsPresent(node)) absent += (absent.empty() ? "" : ",") + std::to_string(node);
-  }
+  const std::string absent = NodesWhere([this](int node) { return !machine_.presence().IsPresent(node); });
+  const std::string testing = NodesWhere([this](int node) { return machine_.InTest(node); });
   std::string faults;
   for (std::size_t i = 0; i < kFaultNames.size(); ++i) {
     if (!machine_.faults().Armed(static_cast<Fault>(i))) continue;
@@ -157,14 +165,14 @@ std::string Console::Status(Arguments) {
       text, sizeof text,
       "time %.3f model %d plugged %s muted %s absent %s dispensing %s faults %s requests %u replies %u "
       "dropped %u serving %s connection %s frames/s %u errors %u speed %u clock %02d:%02d scenario %zu "
-      "selling %s refused %u",
+      "selling %s testing %s refused %u",
       std::chrono::duration<double>(machine_.now()).count(), machine_.board(0).identity().model,
-      plug_.plugged() ? "yes" : "no", machine_.muted() ? "yes" : "no",
-      absent.empty() ? "none" : absent.c_str(), machine_.dispenser().busy() ? "yes" : "no",
-      faults.empty() ? "none" : faults.c_str(), traffic.requests, traffic.replies, traffic.dropped_bytes,
-      machine_.dispenser().Describe().c_str(), machine_.connected() ? "alive" : "quiet",
-      machine_.frames_per_second(), traffic.errors, machine_.speed(), minute / 60, minute % 60,
-      scenario_.left(), machine_.timetable().SwitchedOn() ? "yes" : "no", machine_.remarks().refused());
+      plug_.plugged() ? "yes" : "no", machine_.muted() ? "yes" : "no", absent.c_str(),
+      machine_.dispenser().busy() ? "yes" : "no", faults.empty() ? "none" : faults.c_str(), traffic.requests,
+      traffic.replies, traffic.dropped_bytes, machine_.dispenser().Describe().c_str(),
+      machine_.connected() ? "alive" : "quiet", machine_.frames_per_second(), traffic.errors,
+      machine_.speed(), minute / 60, minute % 60, scenario_.left(),
+      machine_.timetable().SwitchedOn() ? "yes" : "no", testing.c_str(), machine_.remarks().refused());
   return text;
 }
 

@@ -84,6 +84,8 @@ class Machine {
 
   // Takes a board of nodes 1 to 3 away, which the main board logs, or puts it back.
   void SetPresent(int node, bool present);
+  // True while the tool has the outputs of a board of nodes 1 to 3.
+  bool InTest(int node) const { return InTestMode(boards_, node); }
 
   Board& board(int node) { return boards_[static_cast<std::size_t>(node)]; }
   Presence& presence() { return presence_; }

@@ -13,7 +13,7 @@ using namespace std::chrono_literals;
 // One water count is one pulse of the flow meter behind the pump.
 constexpr Time kWaterPulse = 25ms;
 
-// How long a cup or a stirrer takes to fall.
+// How long a cup or a stirrer takes to fall. A drink without a cup begins as late as one with a cup.
 constexpr Time kFall = 800ms;
 
 constexpr int kRinseWater = 585;
@@ -102,24 +102,17 @@ void AddPart(const Board& unit, const Part& part, const Serving& drink, Plan& pl
   plan.length += longest;
 }
 
-// Coffee is ground ahead of its water while the sugar runs, or within the first half of it if there is no
-// sugar; with the grinder set to fill the doser for the next drink it grinds in the second half.
-void AddCoffee(const Board& unit, const Serving& drink, Time sugar, Plan& plan) {
+// The doser fills the brewer ahead of the coffee's water, while the cup falls and the sugar runs, which takes
+// `before`. The grinder fills the doser just before that, or else while the water runs, for the next drink.
+void AddCoffee(const Board& unit, const Serving& drink, Time before, Plan& plan) {
   const Time start = plan.length;
   AddPart(unit, kParts[0], drink, plan);
-  const Time length = plan.length - start;
-  if (length == Time(0)) return;
-  plan.runs.push_back({start, start + length, kBrewer});
+  if (plan.length == start) return;
+  plan.runs.push_back({start, plan.length, kBrewer});
   if (!drink.powders) return;
-  if (!Option(unit, kCupOptions, kGrindFirst)) {
-    plan.runs.push_back({start, start + length / 2, kDoser});
-    plan.runs.push_back({start + length / 2, start + length, kGrinder});
-    return;
-  }
-  const Time from = sugar > Time(0) ? Time(0) : start;
-  const Time half = (sugar > Time(0) ? sugar : length / 2) / 2;
-  plan.runs.push_back({from, from + half, kGrinder});
-  plan.runs.push_back({from + half, from + 2 * half, kDoser});
+  const bool grind_first = Option(unit, kCupOptions, kGrindFirst);
+  plan.runs.push_back(grind_first ? Run{Time(0), before / 2, kGrinder} : Run{start, plan.length, kGrinder});
+  plan.runs.push_back({before / 2, before, kDoser});
 }
 
 }  // namespace
@@ -131,19 +124,20 @@ bool SelectionBit(const Boards& boards, int first, int selection) {
 Plan DrinkPlan(const Boards& boards, const Serving& drink) {
   const Board& unit = boards[1];
   const Time sugar = SugarTime(unit, drink);
-  Plan plan{.length = sugar, .runs = {}};
-  if (sugar > Time(0)) plan.runs.push_back({Time(0), sugar, kSugarMotor});
+  const Time before = kFall + sugar;
+  Plan plan{.length = before, .runs = {}};
+  if (sugar > Time(0)) plan.runs.push_back({kFall, before, kSugarMotor});
   const bool milk_first = SelectionBit(boards, kMilkFirst, drink.index);
   if (milk_first) AddPart(unit, kParts[1], drink, plan);
-  AddCoffee(unit, drink, sugar, plan);
+  AddCoffee(unit, drink, before, plan);
   if (!milk_first) AddPart(unit, kParts[1], drink, plan);
   for (const Part& part : {kParts[2], kParts[3], kParts[4]}) AddPart(unit, part, drink, plan);
-  const Time fall = std::min(kFall, plan.length);
+  if (plan.length == kFall) return {};
   if (drink.cup) {
-    plan.runs.push_back({Time(0), fall, kCupRelease});
-    plan.runs.push_back({fall / 2, fall, kCupColumn});
+    plan.runs.push_back({Time(0), kFall, kCupRelease});
+    plan.runs.push_back({kFall / 2, kFall, kCupColumn});
   }
-  if (GetsStirrer(boards, drink)) plan.runs.push_back({plan.length - fall, plan.length, kStirrerRelease});
+  if (GetsStirrer(boards, drink)) plan.runs.push_back({plan.length - kFall, plan.length, kStirrerRelease});
   for (const int output : {kBayLight, kPanelLight, kFlapLock}) {
     plan.runs.push_back({Time(0), plan.length, output});
   }

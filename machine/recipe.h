@@ -32,7 +32,8 @@ struct Plan {
 };
 
 // A drink: the cup falls, sugar runs, then the waters follow each other, since there is one pump, each with
-// its powders; the stirrer falls at the end. A part whose water is off is left out with its powders.
+// its powders; the stirrer falls at the end. A part whose water is off is left out with its powders. Of no
+// length if there is neither sugar nor water.
 Plan DrinkPlan(const Boards& boards, const Serving& drink);
 // A single part, by its code in record 316; of no length for a code that names none.
 Plan PartPlan(const Boards& boards, const Serving& part);

@@ -18,6 +18,8 @@ class Sensors : public Concern {
   void Follow();
 
   void OnWrite(int node, int record) override;
+  // A pump or meter that has been mended meanwhile goes on.
+  void OnSecond() override { Follow(); }
   void OnRestart() override;
 
  private:

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "machine/unit_motors.h"
 
+#include <algorithm>
 #include <string>
 #include <utility>
 
@@ -47,7 +48,8 @@ void UnitMotors::Start(int node) {
   unit.Set(kRowRecord, unit.Get(kRowRecord) & kCompressorOutput);
   unit.Set(kColumnRecord, 0);
   const bool broken = defects_.Broken("motor-" + std::to_string(node));
-  schedule_.In(broken ? unit.Get(kTimeout) * Time(100ms) : kWayToZero, [=, this] { Stop(node, broken); });
+  const Time tries = broken ? unit.Get(kTimeout) * Time(100ms) : Time(0);
+  schedule_.In(std::max(tries, kWayToZero), [=, this] { Stop(node, broken); });
 }
 
 void UnitMotors::Stop(int node, bool broken) {

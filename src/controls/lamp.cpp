@@ -37,7 +37,8 @@ void DrawLamp(QPainter& painter, const QRectF& place, LampShape shape, LampState
   painter.setRenderHint(QPainter::Antialiasing);
   if (state == LampState::kUnknown) {
     QPen broken(rim, kRim);
-    broken.setDashPattern({1.6, 1.6});
+    broken.setCapStyle(Qt::FlatCap);  // a square one would all but fill the gaps
+    broken.setDashPattern({1.8, 1.8});
     painter.setPen(broken);
     painter.setBrush(Qt::NoBrush);
     DrawShape(painter, body, shape);

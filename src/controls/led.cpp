@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "controls/led.h"
 
+#include "controls/reading.h"
+
 namespace dosmara {
 
 namespace {
@@ -11,6 +13,7 @@ constexpr double kRectangleHeight = 0.8;
 }  // namespace
 
 Led::Led(QWidget* parent, LampShape shape) : QWidget(parent), shape_(shape) {
+  LetInstrumentsBeRead();
   setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
 }
 

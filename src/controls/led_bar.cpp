@@ -2,6 +2,7 @@
 #include "controls/led_bar.h"
 
 #include "controls/lamp.h"
+#include "controls/reading.h"
 
 namespace dosmara {
 
@@ -19,6 +20,7 @@ QRect LedBarLamp(QSize size, int index) {
 }
 
 LedBar::LedBar(QWidget* parent) : QWidget(parent) {
+  LetInstrumentsBeRead();
   setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
   Describe();
 }

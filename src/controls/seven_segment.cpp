@@ -6,6 +6,7 @@
 #include <algorithm>
 #include <cmath>
 
+#include "controls/reading.h"
 #include "controls/tones.h"
 
 namespace dosmara {
@@ -95,6 +96,7 @@ SegmentGeometry LayOutSegments(QSize size, int digits) {
 }
 
 SegmentPanel::SegmentPanel(QWidget* parent, int places) : QWidget(parent), places_(places) {
+  LetInstrumentsBeRead();
   setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
 }
 

@@ -5,6 +5,7 @@
 #include <QPainterPath>
 #include <algorithm>
 
+#include "controls/reading.h"
 #include "controls/tones.h"
 
 namespace dosmara {
@@ -47,6 +48,7 @@ ThermometerGeometry LayOutThermometer(QSize size, int height_of_text, double val
 }
 
 Thermometer::Thermometer(QWidget* parent) : QWidget(parent) {
+  LetInstrumentsBeRead();
   setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
 }
 
@@ -97,9 +99,13 @@ void Thermometer::paintEvent(QPaintEvent*) {
   painter.setPen(QPen(ink, kGlass));
   painter.drawPath(glass);
 
+  // Lines of whole pixels, all alike: one that lies between two rows would be smeared over both.
+  painter.setRenderHint(QPainter::Antialiasing, false);
+  QPen line(ink, qRound(painter.deviceTransform().m11()));
+  line.setCosmetic(true);
+  painter.setPen(line);
   for (int n = 0; n < kThermometerTicks; ++n) {
     const double y = geometry.ticks[n];
-    painter.setPen(QPen(ink, 1));
     painter.drawLine(QPointF(geometry.tick_left, y), QPointF(geometry.tick_left + kTickLength * em, y));
     painter.drawText(QRectF(geometry.number_left, y - em / 2.0, width() - geometry.number_left, em),
                      Qt::AlignLeft | Qt::AlignVCenter, QString::number(n * kTickStep));

@@ -236,6 +236,28 @@ TEST(Thermometer, ItsColumnIsReadWithoutColour) {
   }
 }
 
+TEST(Thermometer, ItsLinesAreSharpAtEveryScale) {
+  Thermometer thermometer(nullptr);
+  thermometer.setPalette(LightPalette());
+  thermometer.resize(thermometer.sizeHint());
+  const ThermometerGeometry geometry =
+      LayOutThermometer(thermometer.size(), thermometer.fontMetrics().height(), 0);
+  for (const double scale : {1.0, 1.25, 1.5, 2.0}) {
+    QImage picture((QSizeF(thermometer.size()) * scale).toSize(), QImage::Format_RGB32);
+    picture.setDevicePixelRatio(scale);
+    thermometer.render(&picture);
+    const int ground = qGray(thermometer.palette().color(QPalette::Window).rgb());
+    const int x = qRound((geometry.tick_left + geometry.number_left) / 2 * scale - 3 * scale);
+    int dark_rows = 0;
+    for (int y = 0; y < qRound(geometry.bulb.top() * scale); ++y) {
+      const int seen = qGray(picture.pixel(x, y));
+      EXPECT_TRUE(seen == ground || seen < 10) << scale << " " << y;
+      dark_rows += seen < 10;
+    }
+    EXPECT_EQ(dark_rows, scale < 1.5 ? 13 : 26) << scale << ": all as thick";
+  }
+}
+
 TEST(LedBarGeometry, HasTwentyLampsInARowThatDoNotTouch) {
   const QSize size(305, 24);
   for (int n = 0; n < 20; ++n) {

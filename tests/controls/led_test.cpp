@@ -54,6 +54,33 @@ TEST_P(LampTest, AnUnknownLampIsEmpty) {
   }
 }
 
+// How many pixels of a lamp stand out from its ground.
+int Outstanding(LampShape shape, LampState state, bool enabled, const QPalette& palette) {
+  const QColor ground = palette.color(QPalette::Window);
+  QImage picture(40, 40, QImage::Format_RGB32);
+  picture.fill(ground);
+  QPainter painter(&picture);
+  DrawLamp(painter, picture.rect(), shape, state, enabled, palette);
+  int count = 0;
+  for (int y = 0; y < picture.height(); ++y) {
+    for (int x = 0; x < picture.width(); ++x) {
+      count += std::abs(qGray(picture.pixel(x, y)) - qGray(ground.rgb())) > 40;
+    }
+  }
+  return count;
+}
+
+TEST_P(LampTest, AnUnknownLampHasABrokenOutlineAndNotThatOfOneThatIsOff) {
+  for (const QPalette& palette : {LightPalette(), DarkPalette()}) {
+    for (const bool enabled : {true, false}) {
+      const int off = Outstanding(GetParam(), LampState::kOff, enabled, palette);
+      const int unknown = Outstanding(GetParam(), LampState::kUnknown, enabled, palette);
+      EXPECT_GT(unknown, 40) << enabled;
+      EXPECT_LT(unknown, off * 3 / 4) << enabled;
+    }
+  }
+}
+
 INSTANTIATE_TEST_SUITE_P(Shapes, LampTest, testing::Values(LampShape::kRound, LampShape::kRectangular));
 
 TEST(Led, IsUnknownUntilItIsTold) {

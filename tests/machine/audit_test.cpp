@@ -149,7 +149,7 @@ TEST_F(MachineTest, ATestDrinkCountsAtItsEndAndAtItsSelection) {
   for (const std::uint8_t command : {2, 3, 4}) {
     machine_.Write(0, 315, 22);
     machine_.Write(0, 314, command);
-    Pass(1s);
+    Pass(2s);
     EXPECT_EQ(Get(0, 126), command - 2u);
     Pass(1s);
     EXPECT_EQ(Get(0, 126), command - 1u);

@@ -42,7 +42,7 @@ TEST_F(ConsoleTest, TestStartsDispensingAsTheToolWould) {
   EXPECT_EQ(Run("test 2 1"), "ok");
   EXPECT_TRUE(machine_.dispenser().busy());
   EXPECT_EQ(Run("test 2 1"), "error: the machine is dispensing");
-  Pass(2s);
+  Pass(3s);
   Set(1, 280, 5);
   EXPECT_EQ(Run("test 7 0 66"), "ok");
   EXPECT_TRUE(machine_.dispenser().busy());
@@ -131,7 +131,7 @@ TEST_F(ConsoleTest, StatusTellsHowTheMachineIs) {
       Run("status"),
       "ok time 1.500 model 25 plugged no muted no absent 2,3 dispensing no faults lost,corrupt requests 2 "
       "replies 1 dropped 3 serving nothing connection alive frames/s 2 errors 1 speed 1 clock 00:00 scenario "
-      "0 selling yes refused 0");
+      "0 selling yes testing none refused 0");
 }
 
 TEST_F(ConsoleTest, HelpNamesEveryCommandInOneLine) {

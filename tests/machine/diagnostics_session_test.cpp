@@ -203,6 +203,36 @@ TEST_F(ClockSession, TheClockIsSetFieldByFieldAndRunsOn) {
   EXPECT_EQ(Read(0, 324), 0u);
 }
 
+// Sets 23:59 of a date, field by field in the order of the records, and lets midnight pass.
+TEST_F(ClockSession, FebruaryEndsAsItsYearSays) {
+  struct {
+    std::uint32_t day, month, year, next_day, next_month;
+  } const nights[] = {{28, 2, 23, 1, 3}, {28, 2, 24, 29, 2}, {29, 2, 24, 1, 3},
+                      {28, 2, 0, 29, 2}, {29, 2, 23, 1, 3},  {31, 2, 24, 1, 3},
+                      {31, 4, 24, 1, 5}, {30, 4, 24, 1, 5},  {31, 1, 23, 1, 2}};
+  for (const auto& night : nights) {
+    const std::uint32_t fields[] = {23, 59, night.day, night.month, night.year};
+    for (int i = 0; i < 5; ++i) Write(0, 326 + i, fields[i]);
+    EXPECT_EQ(Read(0, 322), night.day);
+    EXPECT_EQ(Read(0, 323), night.month);
+    ASSERT_TRUE(Becomes(0, 321, 255, 0, 61s));
+    EXPECT_EQ(Read(0, 322), night.next_day) << night.day << "/" << night.month << "/" << night.year;
+    EXPECT_EQ(Read(0, 323), night.next_month) << night.day << "/" << night.month << "/" << night.year;
+    EXPECT_EQ(Read(0, 324), night.year);
+  }
+}
+
+TEST_F(ClockSession, AnHourThatIsNoneIsHeldAndTheClockRunsOn) {
+  Write(0, 326, 22);
+  Write(0, 327, 59);
+  for (const std::uint32_t hour : {24u, 255u}) {
+    Write(0, 326, hour);
+    EXPECT_EQ(Read(0, 326), hour);
+    EXPECT_EQ(Read(0, 321), 22u);
+  }
+  EXPECT_TRUE(Becomes(0, 321, 255, 23, 61s));
+}
+
 TEST_F(ClockSession, AMachineWithoutAClockSaysSoAndStandsStill) {
   machine_.calendar().SetFitted(false);
   EXPECT_EQ(Read(0, 317) & 4, 0u);

@@ -34,6 +34,9 @@ class DispenserTest : public MachineTest {
     EXPECT_FALSE(Dispensing()) << "at the end";
   }
 
+  // The same for a whole drink, which takes `duration` once its cup has fallen.
+  void ExpectDrinkFor(Time duration) { ExpectDispensingFor(800ms + duration); }
+
   void ExpectNothing() {
     for (int i = 0; i < 100; ++i) {
       Pass(100ms);
@@ -45,25 +48,25 @@ class DispenserTest : public MachineTest {
 TEST_F(DispenserTest, ADrinkTakes25MsForEachWaterCount) {
   Hold({{148, 80}});
   Command(2, 1);
-  ExpectDispensingFor(2000ms);
+  ExpectDrinkFor(2000ms);
 }
 
 TEST_F(DispenserTest, TakesTheRecordsOfTheSelectionLessOne) {
   Hold({{148 + 21, 40}});
   Command(2, 22);
-  ExpectDispensingFor(1000ms);
+  ExpectDrinkFor(1000ms);
 }
 
 TEST_F(DispenserTest, AllWatersFollowEachOther) {
   Hold({{148, 40}, {170, 20}, {192, 40}, {214, 20}, {236, 80}});
   Command(2, 1);
-  ExpectDispensingFor(5000ms);
+  ExpectDrinkFor(5000ms);
 }
 
 TEST_F(DispenserTest, APowderThatRunsLongerThanItsWaterDecides) {
   Hold({{170, 20}, {368, 5}, {280, 25}, {390, 10}, {302, 10}});
   Command(2, 1);
-  ExpectDispensingFor(3000ms);
+  ExpectDrinkFor(3000ms);
 }
 
 TEST_F(DispenserTest, EachPowderGoesWithItsWaterAndDelay) {
@@ -75,7 +78,7 @@ TEST_F(DispenserTest, EachPowderGoesWithItsWaterAndDelay) {
     Set(1, powder.delay + 3, 7);
     Set(1, powder.time + 3, 13);
     Command(2, 4);
-    ExpectDispensingFor(2000ms);
+    ExpectDrinkFor(2000ms);
     for (const int record : {powder.water, powder.delay, powder.time}) Set(1, record + 3, 0);
   }
 }
@@ -83,27 +86,35 @@ TEST_F(DispenserTest, EachPowderGoesWithItsWaterAndDelay) {
 TEST_F(DispenserTest, APowderWhoseWaterIsOffIsLeftOut) {
   Hold({{148, 40}, {280, 90}});
   Command(2, 1);
-  ExpectDispensingFor(1000ms);
+  ExpectDrinkFor(1000ms);
 }
 
 TEST_F(DispenserTest, SugarRunsFirstInACompleteDrinkOnly) {
   Hold({{148, 40}, {434, 15}});
   Command(2, 1);
-  ExpectDispensingFor(2500ms);
+  ExpectDrinkFor(2500ms);
   Command(3, 1);
-  ExpectDispensingFor(1000ms);
+  ExpectDrinkFor(1000ms);
 }
 
 TEST_F(DispenserTest, WithoutSugarKeepsThePowders) {
   Hold({{170, 20}, {280, 25}});
   Command(3, 1);
-  ExpectDispensingFor(2500ms);
+  ExpectDrinkFor(2500ms);
 }
 
 TEST_F(DispenserTest, WaterOnlyLeavesPowdersOut) {
   Hold({{170, 20}, {280, 25}, {434, 15}});
   Command(4, 1);
-  ExpectDispensingFor(500ms);
+  ExpectDrinkFor(500ms);
+}
+
+TEST_F(DispenserTest, ADrinkOfNothingDoesNotStart) {
+  for (const std::uint8_t command : {2, 3, 4}) Command(command, 1);
+  Hold({{434, 15}});
+  for (const std::uint8_t command : {3, 4}) Command(command, 1);
+  ExpectNothing();
+  EXPECT_EQ(machine_.remarks().refused(), 5u);
 }
 
 TEST_F(DispenserTest, APartRunsForItsTimeOfTheSelectionCountedFromZero) {
@@ -137,7 +148,7 @@ TEST_F(DispenserTest, ThePumpRunsForADrinkAndForNothingElse) {
   Hold({{148, 40}, {280, 10}});
   const auto pump_runs = [this] { return (Get(1, 547) & 32) != 0; };
   Command(2, 1);
-  Pass(500ms);
+  Pass(1200ms);
   EXPECT_TRUE(pump_runs());
   Pass(5s);
   EXPECT_FALSE(pump_runs());
@@ -179,7 +190,7 @@ TEST_F(DispenserTest, RefusesACommandFromTheOneBeforeToItsEnd) {
   Command(2, 1);
   Pass(100ms);
   Command(2, 2);
-  Pass(1199ms);
+  Pass(1999ms);
   EXPECT_TRUE(Dispensing());
   Command(2, 2);
   Pass(1ms);
@@ -216,7 +227,7 @@ TEST_F(DispenserTest, AClosedBoardHandsNothingOutAndGoesOnOtherwise) {
   EXPECT_EQ(Get(2, 290), 2u);
   for (const int record : {312, 313, 357}) Set(0, record, 4);
   Command(2, 1);
-  ExpectDispensingFor(1000ms);
+  ExpectDrinkFor(1000ms);
 }
 
 TEST_F(DispenserTest, LeavesTheOtherBitsOfTheStatusAlone) {
@@ -225,7 +236,7 @@ TEST_F(DispenserTest, LeavesTheOtherBitsOfTheStatusAlone) {
   Command(2, 1);
   Pass(500ms);
   EXPECT_EQ(Get(0, 317), 6u);
-  Pass(1s);
+  Pass(2s);
   EXPECT_EQ(Get(0, 317), 4u);
 }
 
@@ -245,7 +256,7 @@ TEST_F(DispenserTest, IsCommandedByFrames) {
   Pass(20ms);
   machine_.Receive(WithSum({128, 1, 1, 58, 2}));
   Pass(6 * kCharTime);
-  ExpectDispensingFor(1000ms);
+  ExpectDrinkFor(1000ms);
 }
 
 }  // namespace

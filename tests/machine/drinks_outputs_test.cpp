@@ -15,11 +15,16 @@ class DrinksOutputsTest : public MachineTest {
     for (const auto& [record, value] : records) Set(1, record, value);
   }
   // Starts a test and goes on to the moment at which the machine shows that it dispenses.
-  void Test(std::uint32_t command, std::uint32_t selection, std::uint32_t part = 0) {
+  void Start(std::uint32_t command, std::uint32_t selection, std::uint32_t part = 0) {
     machine_.Write(0, 315, selection);
     machine_.Write(0, 316, part);
     machine_.Write(0, 314, command);
     Pass(300ms);
+  }
+  // Starts the test of a whole drink and goes on to the moment at which its cup has fallen.
+  void Test(std::uint32_t command, std::uint32_t selection) {
+    Start(command, selection);
+    Pass(800ms);
   }
   // Bits that are on, 0 to 31 through records 547 to 550, without those of light, lock and falling things.
   std::set<int> Running() {
@@ -53,7 +58,7 @@ TEST_F(DrinksOutputsTest, EachPartHasItsValveThePumpAndItsMotors) {
   struct {
     int water, delay, time;
     Outputs early, late;
-  } const parts[] = {{148, 0, 0, {0, 5, 10, 9}, {0, 5, 10, 8}},   {170, 368, 280, {1, 5, 12}, {1, 5, 12, 16}},
+  } const parts[] = {{148, 0, 0, {0, 5, 10, 8}, {0, 5, 10, 8}},   {170, 368, 280, {1, 5, 12}, {1, 5, 12, 16}},
                      {170, 390, 302, {1, 5, 13}, {1, 5, 13, 17}}, {192, 412, 324, {2, 5}, {2, 5, 18}},
                      {214, 563, 346, {3, 5}, {3, 5, 19}},         {236, 0, 0, {4, 5}, {4, 5}}};
   for (const auto& part : parts) {
@@ -76,11 +81,13 @@ TEST_F(DrinksOutputsTest, EachPartHasItsValveThePumpAndItsMotors) {
 
 TEST_F(DrinksOutputsTest, ThePartsOfADrinkFollowEachOther) {
   Hold({{434, 10}, {46, 1}, {148, 40}, {170, 40}, {192, 40}, {214, 40}, {236, 40}});
-  Test(2, 1);
-  const Outputs order[] = {{20, 8}, {0, 5, 10}, {1, 5}, {2, 5}, {3, 5}, {4, 5}};
-  Pass(200ms);
-  for (const Outputs& running : order) {
-    EXPECT_EQ(Running(), running);
+  Start(2, 1);
+  // Half a second from the start, and then once a second, under the lights.
+  const Outputs order[] = {{21, 22, 8}, {20, 9}, {0, 5, 10}, {1, 5}, {2, 5}, {3, 5}, {4, 5, 23}};
+  Pass(500ms);
+  for (Outputs running : order) {
+    running.insert({24, 25, 26});
+    EXPECT_EQ(On(), running);
     Pass(1s);
   }
   EXPECT_EQ(On(), Outputs{});
@@ -109,35 +116,57 @@ TEST_F(DrinksOutputsTest, WaterOnlyMovesNoPowder) {
   EXPECT_EQ(Running(), (Outputs{1, 5}));
 }
 
-TEST_F(DrinksOutputsTest, GrindsAheadWithTheSugarOrBehindForTheNextDrink) {
-  Hold({{434, 20}, {148, 40}, {46, 1}});
-  Test(2, 1);
-  EXPECT_EQ(Running(), (Outputs{20, 8}));
+TEST_F(DrinksOutputsTest, GrindsAheadOfTheWaterOrBehindForTheNextDrink) {
+  Hold({{434, 12}, {148, 40}, {46, 1}});
+  Start(2, 1);
+  EXPECT_EQ(Running(), (Outputs{8}));
   EXPECT_TRUE(Doser());
+  Pass(999ms);
+  EXPECT_EQ(Running(), (Outputs{20, 8}));
+  Pass(1ms);
+  EXPECT_EQ(Running(), (Outputs{20, 9}));
+  EXPECT_FALSE(Doser());
+  Pass(999ms);
+  EXPECT_EQ(Running(), (Outputs{20, 9}));
+  Pass(1ms);
+  EXPECT_EQ(Running(), (Outputs{0, 5, 10}));
+  Pass(10s);
+  Set(1, 46, 0);
+  Start(2, 1);
+  EXPECT_EQ(Running(), Outputs{});
   Pass(1s);
   EXPECT_EQ(Running(), (Outputs{20, 9}));
   EXPECT_FALSE(Doser());
-  Pass(10s);
-  Set(1, 46, 0);
-  Test(2, 1);
-  EXPECT_EQ(Running(), (Outputs{20}));
-  Pass(2s);
-  EXPECT_EQ(Running(), (Outputs{0, 5, 10, 9}));
-  Pass(500ms);
+  Pass(1s);
   EXPECT_EQ(Running(), (Outputs{0, 5, 10, 8}));
   EXPECT_TRUE(Doser());
+  Pass(999ms);
+  EXPECT_EQ(Running(), (Outputs{0, 5, 10, 8}));
+}
+
+TEST_F(DrinksOutputsTest, WithoutSugarTheCoffeeIsThereBeforeItsWaterAsWell) {
+  Hold({{148, 40}, {46, 1}});
+  Start(3, 1);
+  EXPECT_EQ(Running(), Outputs{8});
+  Pass(400ms);
+  EXPECT_EQ(Running(), Outputs{9});
+  Pass(400ms);
+  EXPECT_EQ(Running(), (Outputs{0, 5, 10}));
 }
 
 TEST_F(DrinksOutputsTest, ACupFallsFirstAndAStirrerLastUnderTheLight) {
-  Hold({{148, 120}});
-  Test(2, 1);
+  Hold({{148, 88}});
+  Start(2, 1);
   EXPECT_EQ(Get(1, 549) & 224, 32u);
   EXPECT_EQ(Get(1, 550), 7u);
   Pass(400ms);
   EXPECT_EQ(Get(1, 549) & 224, 32u + 64u);
+  EXPECT_EQ(Running(), Outputs{9}) << "nothing falls or flows ahead of the cup";
   Pass(400ms);
   EXPECT_EQ(Get(1, 549) & 224, 0u);
-  Pass(1400ms);
+  Pass(1399ms);
+  EXPECT_EQ(Get(1, 549) & 224, 0u);
+  Pass(1ms);
   EXPECT_EQ(Get(1, 549) & 224, 128u);
   EXPECT_EQ(Get(1, 550), 7u);
   Pass(800ms);
@@ -200,7 +229,7 @@ TEST_F(DrinksOutputsTest, ASinglePartRunsItsMotorAndItsMixer) {
       {66, 280, {16, 12}}, {68, 302, {17, 13}}, {72, 324, {18}}, {80, 346, {19}}, {192, 434, {20}}};
   for (const auto& part : parts) {
     Set(1, part.record + 5, 10);
-    Test(7, 5, part.code);
+    Start(7, 5, part.code);
     EXPECT_EQ(Running(), part.running) << part.code;
     EXPECT_EQ(Get(1, 550), 7u);
     Pass(1s);
@@ -211,7 +240,7 @@ TEST_F(DrinksOutputsTest, ASinglePartRunsItsMotorAndItsMixer) {
 TEST_F(DrinksOutputsTest, ABrokenPartHoldsItsOutputUntilItsTimeout) {
   Hold({{148, 40}, {32, 3}});
   machine_.defects().Break("pump");
-  Test(2, 1);
+  Start(2, 1);
   Pass(2900ms);
   EXPECT_TRUE(Running().contains(5));
   Pass(100ms);
@@ -261,10 +290,19 @@ TEST_F(DrinksOutputsTest, TheFlowMeterPulsesWithAPumpThatTheToolDrives) {
   Pass(200ms);
   EXPECT_EQ(Pulses(2s), 0);
   machine_.defects().Mend("flow-meter");
+  Pass(1s);
+  EXPECT_GE(Pulses(2s), 10) << "goes on once it is mended";
+  Pass(1s);
+  EXPECT_GE(Pulses(2s), 10) << "goes on once it is mended";
   machine_.Write(1, 537, 0);
   machine_.Write(1, 535, 2);
   EXPECT_FALSE(Doser());
   EXPECT_GE(Pulses(2s), 10);
+  machine_.Write(1, 536, 0);
+  machine_.Write(1, 535, 1);
+  Pass(200ms);
+  EXPECT_EQ(Get(1, 544) & 128, 128u);
+  EXPECT_EQ(Pulses(2s), 0) << "leaving the test puts the pump off";
 }
 
 }  // namespace

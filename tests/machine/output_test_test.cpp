@@ -143,7 +143,7 @@ TEST_F(OutputTestTest, ADrinkThatEndsInTestModeLeavesTheToolsOutputsAlone) {
   Set(1, 148, 40);
   machine_.Write(0, 315, 1);
   machine_.Write(0, 314, 2);
-  Pass(500ms);
+  Pass(1200ms);
   EXPECT_EQ(Get(1, 547) & 32, 32u);
   EnterAll();
   CommandDrinksUnit(2, {32, 0, 0, 0});

@@ -53,7 +53,7 @@ TEST_F(SalesTest, APaidDrinkCountsWhenItIsHandedOut) {
   Pass(1s);
   EXPECT_EQ(Get(0, 317), 6u) << "the machine dispenses";
   ExpectCounts({{123, 0}, {127, 0}});
-  Pass(1s);
+  Pass(2s);
   ExpectCounts({{123, 1}, {124, 1}, {125, 0}, {126, 0}, {127, 40}, {128, 40}, {129, 0}, {130, 0}, {131, 0}});
   EXPECT_EQ(Get(1, 60), 1u);
   EXPECT_EQ(Get(1, 126), 0u);
