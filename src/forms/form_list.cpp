@@ -11,6 +11,7 @@
 #include "forms/beverage/frm_dosi.h"
 #include "forms/beverage/frm_temperatura.h"
 #include "forms/beverage/frm_tempi.h"
+#include "forms/diagnostics/frm_grafico.h"
 #include "forms/diagnostics/frm_test_zeth.h"
 #include "forms/selling/frm_ass_sel.h"
 #include "forms/selling/frm_ass_set.h"
@@ -37,6 +38,7 @@ constexpr FormEntry kForms[] = {
     {"FrmCancella", CreateForm<FrmCancella>},
     {"FrmConf", CreateForm<FrmConf>},
     {"FrmDosi", CreateForm<FrmDosi>},
+    {"FrmGrafico", CreateForm<FrmGrafico>},
     {"FrmGratis", [] { return NewSelectionCounters(SoldAs::kFree); }},
     {"FrmInfo", CreateForm<FrmInfo>},
     {"FrmMDBaudit", CreateForm<FrmMDBaudit>},
