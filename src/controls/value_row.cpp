@@ -9,6 +9,7 @@ namespace {
 constexpr int kValueDigits = 7;
 // Length of a bar in a cell, in widths of the letter x.
 constexpr int kCellBarLength = 13;
+constexpr int kUnitCellBarLength = 18;
 
 }  // namespace
 
@@ -56,21 +57,42 @@ void ValueRow::PlaceCellIn(QGridLayout& grid, int row, int column) {
   auto* cell = new QGridLayout;
   cell->setSpacing(1);
   cell->addWidget(caption_, 0, 0, 1, 2);
-  cell->addWidget(value_, 1, 0);
-  if (box_ != nullptr) {
-    cell->addWidget(box_, 1, 0);
-  }
+  PlaceField(*cell, 1);
   cell->addWidget(echo_, 1, 1);
   bar_->setMinimumWidth(kCellBarLength * bar_->fontMetrics().horizontalAdvance('x'));
   cell->addWidget(bar_, 2, 0, 1, 2);
   grid.addLayout(cell, row, column);
 }
 
+void ValueRow::PlaceUnitCellIn(QGridLayout& grid, int row, int column) {
+  auto* cell = new QGridLayout;
+  cell->setSpacing(1);
+  PlaceField(*cell, 0);
+  cell->addWidget(caption_, 0, 1);
+  cell->addWidget(echo_, 0, 2);
+  bar_->setFixedWidth(kUnitCellBarLength * bar_->fontMetrics().horizontalAdvance('x'));
+  cell->addWidget(bar_, 1, 0, 1, 3, Qt::AlignLeft);
+  cell->setColumnStretch(1, 1);
+  grid.addLayout(cell, row, column);
+}
+
+// The value with the box over it.
+void ValueRow::PlaceField(QGridLayout& cell, int row) {
+  cell.addWidget(value_, row, 0);
+  if (box_ != nullptr) {
+    cell.addWidget(box_, row, 0);
+  }
+}
+
 void ValueRow::SetCaption(const QString& text) {
   caption_->setText(text);
-  bar_->setAccessibleName(text);
+  SetSpokenName(text);
+}
+
+void ValueRow::SetSpokenName(const QString& name) {
+  bar_->setAccessibleName(name);
   if (box_ != nullptr) {
-    box_->setAccessibleName(text);
+    box_->setAccessibleName(name);
   }
 }
 

@@ -54,9 +54,14 @@ class ValueRow : public QObject {
   void PlaceStackedIn(QGridLayout& grid, int row);
   // Lays them into one cell of a wide grid: the caption above value and mark, a short bar below.
   void PlaceCellIn(QGridLayout& grid, int row, int column);
+  // Lays them into one cell too, with the caption behind the value, where it is the value's unit.
+  void PlaceUnitCellIn(QGridLayout& grid, int row, int column);
 
   // Sets the caption, which is also what the box and the bar are called by a screen reader.
   void SetCaption(const QString& text);
+
+  // What the box and the bar are called by a screen reader where the caption says too little.
+  void SetSpokenName(const QString& name);
 
   // The value label has been given a new text: the box follows it, and so does the text it keeps.
   void TakeValueText();
@@ -73,6 +78,7 @@ class ValueRow : public QObject {
   void Withdraw();
 
  private:
+  void PlaceField(QGridLayout& cell, int row);
   void Confirm(const QString& text);
 
   ValueRowSetup setup_;

@@ -12,6 +12,7 @@
 #include "forms/beverage/frm_temperatura.h"
 #include "forms/beverage/frm_tempi.h"
 #include "forms/diagnostics/frm_grafico.h"
+#include "forms/diagnostics/frm_orologio.h"
 #include "forms/diagnostics/frm_test_zeth.h"
 #include "forms/selling/frm_ass_sel.h"
 #include "forms/selling/frm_ass_set.h"
@@ -44,6 +45,7 @@ constexpr FormEntry kForms[] = {
     {"FrmMDBaudit", CreateForm<FrmMDBaudit>},
     {"FrmMonete", NewCoinCounters},
     {"FrmOpzioni", CreateForm<FrmOpzioni>},
+    {"FrmOrologio", CreateForm<FrmOrologio>},
     {"FrmPagamento", CreateForm<FrmPagamento>},
     {"FrmPassword", CreateForm<FrmPassword>},
     {"FrmPrezzi", CreateForm<FrmPrezzi>},

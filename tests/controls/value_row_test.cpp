@@ -271,6 +271,33 @@ TEST_F(ValueRowTest, AStackedRowHasItsBarBelowAndItsBoxOverItsValue) {
   EXPECT_LT(rows_[0]->bar().geometry().bottom(), rows_[1]->caption().y());
 }
 
+TEST_F(ValueRowTest, AUnitStandsBehindItsValueAndTheBarBelow) {
+  Make();
+  QWidget window;
+  auto* grid = new QGridLayout(&window);
+  rows_[0]->SetCaption("hours");
+  rows_[1]->SetCaption("minutes");
+  for (int n = 0; n < 2; ++n) rows_[n]->PlaceUnitCellIn(*grid, 0, n);
+  window.show();
+  const auto place = [](const QWidget& control) { return control.geometry(); };
+  EXPECT_EQ(place(Box()), place(rows_[0]->value()));
+  EXPECT_GT(place(rows_[0]->caption()).left(), place(Box()).right());
+  EXPECT_GT(place(rows_[0]->echo()).left(), place(rows_[0]->caption()).right());
+  EXPECT_GT(place(rows_[0]->bar()).top(), place(Box()).bottom());
+  EXPECT_GE(place(rows_[0]->caption()).width(), rows_[0]->caption().sizeHint().width());
+  EXPECT_GT(place(*rows_[1]->box()).left(), place(rows_[0]->echo()).right());
+  EXPECT_EQ(place(*rows_[1]->box()).top(), place(Box()).top()) << "both read as one line";
+}
+
+TEST_F(ValueRowTest, AUnitMayBeSpokenWithMoreWords) {
+  Make();
+  rows_[0]->SetCaption("hours");
+  rows_[0]->SetSpokenName("Start 1 hours");
+  EXPECT_EQ(rows_[0]->caption().text(), "hours");
+  EXPECT_EQ(Box().accessibleName(), "Start 1 hours");
+  EXPECT_EQ(rows_[0]->bar().accessibleName(), "Start 1 hours");
+}
+
 TEST_F(ValueRowTest, BoxAndBarAreCalledByTheCaption) {
   Make();
   rows_[0]->SetCaption("milk time");

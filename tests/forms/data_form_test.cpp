@@ -393,6 +393,22 @@ TEST_F(FieldRowsTest, AWholeRowTakesWhatItsBarCanHold) {
   EXPECT_EQ(Written(), (Writes{{2, 32, 90}}));
 }
 
+TEST_F(FieldRowsTest, AValueOfAnotherRecordIsShownAndSaysNothingOfAChange) {
+  rows_.SetOpen(2, true);
+  rows_.Fill(2, 91);
+  EXPECT_EQ(LabelText("Label1(2)"), "91");
+  EXPECT_EQ(BarOf("HScroll1(2)").Value(), 90);
+  Enter("Text1(2)", "6");
+  in_arrival_ = true;
+  rows_.Fill(2, 7);
+  in_arrival_ = false;
+  EXPECT_EQ(BarOf("HScroll1(2)").Value(), 7);
+  Focus("HScroll1(0)");
+  EXPECT_EQ(BoxText("Text1(2)"), "7");
+  EXPECT_EQ(rows_[2].echo().state(), EchoMark::State::kOnItsWay);
+  EXPECT_EQ(Written(), (Writes{{2, 32, 6}}));
+}
+
 TEST_F(FieldRowsTest, RowsOpenByNode) {
   rows_.SetOpen(2, true);
   EXPECT_TRUE(Enabled("HScroll1(0)"));

@@ -140,21 +140,14 @@ struct FirstFocus {
   const char* another;
 };
 constexpr FirstFocus kFirstFocus[] = {
-    {"FrmAssSel", "Text1(0)", "HScroll1(30)"},
-    {"FrmAssSet", "Text1(0)", "HScroll1(9)"},
-    {"FrmAssSet2", "Text1(0)", "HScroll1(9)"},
-    {"FrmAzione", "Text1(0)", "HScroll1(4)"},
-    {"FrmConf", "Option1(0)", "Text6(9)"},
-    {"FrmDosi", "Label11(0)", "txtVal(6)"},
-    {"FrmGrafico", "Follow", "iStripChartX1"},
-    {"FrmOpzioni", "SlswitchX5", "HScroll1(1)"},
-    {"FrmPagamento", "iSwitchSliderX2", "HScroll6(1)"},
-    {"FrmPassword", "Text1(0)", "Text1(2)"},
-    {"FrmPrezzi", "Switch1", "HScroll1(7)"},
-    {"FrmSconti", "Text1(0)", "HScroll1(7)"},
-    {"FrmTemperatura", "Text1", "HScroll2(3)"},
-    {"FrmTempi", "txtTempi(0)", "HScroll1(3)"},
-    {"FrmTestZeth", "Label1(0)", "Command1"},
+    {"FrmAssSel", "Text1(0)", "HScroll1(30)"},  {"FrmAssSet", "Text1(0)", "HScroll1(9)"},
+    {"FrmAssSet2", "Text1(0)", "HScroll1(9)"},  {"FrmAzione", "Text1(0)", "HScroll1(4)"},
+    {"FrmConf", "Option1(0)", "Text6(9)"},      {"FrmDosi", "Label11(0)", "txtVal(6)"},
+    {"FrmGrafico", "Follow", "iStripChartX1"},  {"FrmOpzioni", "SlswitchX5", "HScroll1(1)"},
+    {"FrmOrologio", "Text1(0)", "HScroll1(7)"}, {"FrmPagamento", "iSwitchSliderX2", "HScroll6(1)"},
+    {"FrmPassword", "Text1(0)", "Text1(2)"},    {"FrmPrezzi", "Switch1", "HScroll1(7)"},
+    {"FrmSconti", "Text1(0)", "HScroll1(7)"},   {"FrmTemperatura", "Text1", "HScroll2(3)"},
+    {"FrmTempi", "txtTempi(0)", "HScroll1(3)"}, {"FrmTestZeth", "Label1(0)", "Command1"},
     {"FrmTestZeth2", "Label1(0)", "Command1"},
 };
 

@@ -139,6 +139,34 @@ TEST(DayNumber, KnowsTheLeapDays) {
   EXPECT_EQ(DayNumber(1, 3, 2100), 73110);
 }
 
+TEST(DateText, HasTwoDigitsForDayAndMonthAndFourForTheYear) {
+  EXPECT_EQ(DateText(1, 2, 2024), "01/02/2024");
+  EXPECT_EQ(DateText(29, 2, 2024), "29/02/2024");
+  EXPECT_EQ(DateText(31, 12, 2099), "31/12/2099");
+  EXPECT_EQ(DateText(1, 1, 2000), "01/01/2000");
+}
+
+TEST(DateText, ADayThatItsMonthLacksIsSoManyDaysBehindIt) {
+  EXPECT_EQ(DateText(29, 2, 2023), "01/03/2023");
+  EXPECT_EQ(DateText(31, 2, 2023), "03/03/2023");
+  EXPECT_EQ(DateText(31, 2, 2024), "02/03/2024");
+  EXPECT_EQ(DateText(31, 4, 2024), "01/05/2024");
+  EXPECT_EQ(DateText(31, 11, 2024), "01/12/2024");
+}
+
+TEST(DateText, AMonthThatNoCalendarHasIsShownAsItCame) {
+  EXPECT_EQ(DateText(5, 0, 2024), "05/00/2024");
+  EXPECT_EQ(DateText(5, 13, 2024), "05/13/2024");
+  EXPECT_EQ(DateText(0, 255, 2255), "00/255/2255");
+}
+
+TEST(TwoDigits, FillsUpWithAZero) {
+  EXPECT_EQ(TwoDigits(0), "00");
+  EXPECT_EQ(TwoDigits(7), "07");
+  EXPECT_EQ(TwoDigits(59), "59");
+  EXPECT_EQ(TwoDigits(255), "255");
+}
+
 TEST(DayNumber, EveryMonthFollowsTheOneBefore) {
   const int lengths[] = {31, 28, 31, 30, 31, 30, 31, 31, 30, 31, 30, 31};
   for (int month = 1; month < 12; ++month) {

@@ -32,7 +32,8 @@ struct RowCase {
   std::string value = {};
   std::string box = {};  // empty: the row has none
   std::string bar = {};
-  std::string words = {};  // of the caption
+  std::string words = {};   // of the caption
+  std::string spoken = {};  // by a screen reader; empty: the caption
   int node = 0;
   int record = 0;
   int mirror = 0;  // 0: none

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "forms/audit/frm_allarmi.h"
 
-#include <QDate>
 #include <QGridLayout>
 #include <algorithm>
 #include <limits>
@@ -31,15 +30,11 @@ enum { kMinute, kHour, kDay, kMonth, kYear, kCode };
 
 constexpr int kFirstYear = 2000;
 constexpr int kLargestCode = 203;  // an entry with a larger one is empty
-constexpr int kMonths = 12;
-const QDate kDayZero(1899, 12, 30);
 
 // What a field can hold: a larger number means as little as this one.
 int FieldValue(double value) {
   return std::min(LowBits(value), int{std::numeric_limits<std::int16_t>::max()});
 }
-
-QString TwoDigits(int number) { return QStringLiteral("%1").arg(number, 2, 10, QChar('0')); }
 
 }  // namespace
 
@@ -101,18 +96,11 @@ void FrmAllarmi::BuildList() {
   list_->ShowLines(lines);
 }
 
-// A month that no calendar has is shown as it came.
 QString FrmAllarmi::DateOf(int entry) const {
   const int day = Field(entry, kDay);
   const int month = Field(entry, kMonth);
-  const int year = kFirstYear + Field(entry, kYear);
-  if (day == 0 && month == 0) {
-    return QStringLiteral("00/00/00");
-  }
-  if (month < 1 || month > kMonths) {
-    return QStringLiteral("%1/%2/%3").arg(TwoDigits(day), TwoDigits(month)).arg(year);
-  }
-  return kDayZero.addDays(DayNumber(day, month, year)).toString("dd/MM/yyyy");
+  const bool none = day == 0 && month == 0;
+  return none ? QStringLiteral("00/00/00") : DateText(day, month, kFirstYear + Field(entry, kYear));
 }
 
 QString FrmAllarmi::TimeOf(int entry) const {

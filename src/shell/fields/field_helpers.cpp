@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "shell/fields/field_helpers.h"
 
+#include <QDate>
 #include <QLocale>
 #include <cmath>
 
@@ -13,6 +14,9 @@ constexpr int kMostDecimals = 3;
 constexpr int kDecimalDigits = 15;
 
 double InDecimal(double value) { return QString::number(value, 'g', kDecimalDigits).toDouble(); }
+
+constexpr int kMonths = 12;
+const QDate kDayZero(1899, 12, 30);
 
 bool IsLeapYear(int year) { return (year % 4 == 0 && year % 100 != 0) || year % 400 == 0; }
 
@@ -61,6 +65,15 @@ int DayNumber(int day, int month, int year) {
   }
   days += kDaysBefore[month - 1] + day;
   return IsLeapYear(year) && month > 2 ? days + 1 : days;
+}
+
+QString TwoDigits(int number) { return QStringLiteral("%1").arg(number, 2, 10, QChar('0')); }
+
+QString DateText(int day, int month, int year) {
+  if (month < 1 || month > kMonths) {
+    return QStringLiteral("%1/%2/%3").arg(TwoDigits(day), TwoDigits(month)).arg(year);
+  }
+  return kDayZero.addDays(DayNumber(day, month, year)).toString("dd/MM/yyyy");
 }
 
 }  // namespace dosmara

@@ -38,4 +38,11 @@ void BindScrollDecimals(QLabel& text, Bar& scroll, double value, int decimals);
 // Days up to a date, 1 January 1900 being day 2.
 int DayNumber(int day, int month, int year);
 
+// "07": a number of a date or a time with two digits at least.
+QString TwoDigits(int number);
+
+// A date as "dd/mm/yyyy". A day that its month lacks is so many days behind it: 31 February 2023 is
+// "03/03/2023". A month that no calendar has is shown as it came.
+QString DateText(int day, int month, int year);
+
 }  // namespace dosmara

@@ -103,6 +103,11 @@ void FieldRows::Show(int n, double value) {
   }
 }
 
+void FieldRows::Fill(int n, double value) {
+  rows_[n].arrived = value;
+  Draw(n);
+}
+
 // A row that is on its way keeps the value that the machine has sent last.
 void FieldRows::RedrawMoney() {
   for (int n = 0; n < size(); ++n) {

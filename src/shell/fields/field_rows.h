@@ -53,6 +53,8 @@ class FieldRows {
 
   // Shows an arrived value of row n, on its box too. An amount of money waits for its decimals.
   void Show(int n, double value);
+  // Shows a value that another record than that of row n tells. Of a change it says nothing.
+  void Fill(int n, double value);
   // Whether an arrival opens the bar of its row, which is how a held row opens again. At first it does.
   void LetEchoOpen(bool opens) { echo_opens_ = opens; }
   // Shows the amounts of money anew: their decimals have changed, or have come.
