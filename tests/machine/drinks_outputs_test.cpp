@@ -253,6 +253,9 @@ TEST_F(DrinksOutputsTest, TheHeaterIsNotTheDrinks) {
   Pass(2s);
   ASSERT_EQ(On(), Outputs{6});
   Test(2, 1);
+  Pass(1s);
+  EXPECT_FALSE(machine_.dispenser().busy());
+  EXPECT_EQ(On(), Outputs{6}) << "at the end of the drink";
   Pass(5s);
   EXPECT_EQ(On(), Outputs{6});
 }
