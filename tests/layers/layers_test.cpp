@@ -97,6 +97,14 @@ TEST(Layers, WhatFormsAreBuiltOfNeedsOfTheShellTheCaptionsAndTheSettingsOfAForm)
   }
 }
 
+TEST(Layers, OnlyTheStripChartKnowsTheLibraryThatDrawsIt) {
+  for (const fs::path& file : SourceFiles(kRoot / "src")) {
+    for (const std::string& header : IncludesOf(file)) {
+      EXPECT_TRUE(header != "qcustomplot.h" || file.filename() == "strip_chart.cpp") << file;
+    }
+  }
+}
+
 TEST(Layers, TheMachineSharesNothingWithTheTool) { ExpectNoObjection("machine", kRoot / "machine"); }
 
 TEST(Layers, AForbiddenIncludeIsSeen) {

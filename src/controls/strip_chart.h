@@ -1,0 +1,118 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// A chart of measurements over elapsed time, as a recorder writes it on its strip.
+#pragma once
+
+#include <QCheckBox>
+#include <QColor>
+#include <QPointF>
+#include <QPushButton>
+#include <QStringList>
+#include <QWidget>
+#include <chrono>
+#include <cstdint>
+#include <functional>
+#include <optional>
+#include <span>
+#include <vector>
+
+#include "controls/chart_view.h"
+
+class QCPGraph;
+class QCustomPlot;
+
+namespace dosmara {
+
+// What tells one chart from another.
+struct StripChartSetup {
+  std::span<const QColor> colours;     // of the channels
+  std::chrono::duration<double> span;  // of the time that it shows while it follows
+  int time_ticks = 0;                  // major ticks in that span
+  double low = 0;                      // ends of the scale of values, which both have a major tick
+  double high = 0;
+  int value_ticks = 0;
+  int minor_ticks = 0;  // between two major ones, on both axes
+};
+
+// The words on a chart.
+struct StripChartCaptions {
+  QString name;          // of the chart, for a screen reader
+  QString values;        // title of the axis of values
+  QStringList channels;  // for the legend
+  // The controls of the view: Follow, Earlier, Later, Zoom in, Zoom out, Everything.
+  QStringList controls;
+};
+
+// Keeps all that it is given and draws once for each sample. It follows the newest sample until the operator
+// looks at something else, by the controls above the chart, by keys, or by drawing and turning the wheel;
+// from then on samples leave the view alone, until it is told to follow again.
+class StripChart : public QWidget {
+  Q_OBJECT
+  Q_PROPERTY(bool following READ Following WRITE SetFollowing)
+
+ public:
+  // What `setup` points at outlives the chart.
+  StripChart(QWidget* parent, const StripChartSetup& setup);
+
+  // Adds the sample of a time that is not before that of any other, with a value for each channel that has
+  // one. A channel's points are joined by a line where the numbers of their samples follow each other; behind
+  // the largest number of 16 bits the smallest follows.
+  void AddSample(std::int16_t number, std::chrono::duration<double> time,
+                 std::span<const std::optional<double>> values);
+
+  const StripChartSetup& Setup() const { return setup_; }
+  const StripChartCaptions& Captions() const { return captions_; }
+  void SetCaptions(const StripChartCaptions& captions);
+
+  bool Following() const { return following_; }
+  // Shows the newest samples in a view of the chart's own width and goes on with each one to come; or lets
+  // the view stand where it is.
+  void SetFollowing(bool following);
+
+  // The stretch of time in sight.
+  ChartView View() const;
+
+  // The lines of a channel, each with the points that it joins: seconds and value.
+  std::vector<std::vector<QPointF>> Lines(int channel) const;
+
+  QSize sizeHint() const override;
+
+ protected:
+  void changeEvent(QEvent* event) override;
+  bool eventFilter(QObject* watched, QEvent* event) override;
+  void showEvent(QShowEvent* event) override;
+
+ private:
+  struct Channel {
+    QCPGraph* graph;
+    std::optional<std::int16_t> last_number;  // of the sample of its last point
+    std::optional<double> newest;             // its value in the newest sample
+  };
+
+  QLayout* NewControls();
+  void AddKey(Qt::Key key, const std::function<void()>& act);
+  void SetUpAxes();
+  void AddChannels();
+  double Width() const;
+  void ChooseMarks();
+  void Dress();
+  void ShowView(const ChartView& view);
+  void LookAt(const ChartView& view);
+  void Step(double share);
+  void Zoom(double factor);
+  void Zoom(double factor, double around);
+  void TellValues();
+  void Redraw();
+
+  StripChartSetup setup_;
+  StripChartCaptions captions_;
+  QCustomPlot* plot_;
+  QCheckBox* follow_;
+  std::vector<QPushButton*> buttons_;
+  std::vector<Channel> channels_;
+  bool following_ = true;
+  bool moving_ = false;  // the chart itself changes its view
+  double span_;          // of the view while it follows
+  double newest_time_ = 0;
+};
+
+}  // namespace dosmara
