@@ -11,6 +11,7 @@
 #include "forms/beverage/frm_dosi.h"
 #include "forms/beverage/frm_temperatura.h"
 #include "forms/beverage/frm_tempi.h"
+#include "forms/diagnostics/frm_grafico.h"
 #include "forms/selling/frm_ass_sel.h"
 #include "forms/selling/frm_ass_set.h"
 #include "forms/selling/frm_conf.h"
@@ -36,6 +37,7 @@ constexpr FormEntry kForms[] = {
     {"FrmCancella", CreateForm<FrmCancella>},
     {"FrmConf", CreateForm<FrmConf>},
     {"FrmDosi", CreateForm<FrmDosi>},
+    {"FrmGrafico", CreateForm<FrmGrafico>},
     {"FrmGratis", [] { return NewSelectionCounters(SoldAs::kFree); }},
     {"FrmInfo", CreateForm<FrmInfo>},
     {"FrmMDBaudit", CreateForm<FrmMDBaudit>},

@@ -144,7 +144,7 @@ constexpr FirstFocus kFirstFocus[] = {
     {"FrmOpzioni", "SlswitchX5", "HScroll1(1)"}, {"FrmPagamento", "iSwitchSliderX2", "HScroll6(1)"},
     {"FrmPassword", "Text1(0)", "Text1(2)"},     {"FrmPrezzi", "Switch1", "HScroll1(7)"},
     {"FrmSconti", "Text1(0)", "HScroll1(7)"},    {"FrmTemperatura", "Text1", "HScroll2(3)"},
-    {"FrmTempi", "txtTempi(0)", "HScroll1(3)"},
+    {"FrmTempi", "txtTempi(0)", "HScroll1(3)"},  {"FrmGrafico", "Follow", "iStripChartX1"},
 };
 
 TEST_P(EveryForm, OpensOnTheFirstControlThatCanBeChangedAndLeavesTheOperatorsChoiceAlone) {
