@@ -93,7 +93,7 @@ bool AreAlike(const ChartView& a, const ChartView& b) {
 }
 
 // A value as a screen reader tells it: to a tenth.
-QString Spoken(double value) { return QLocale().toString(std::round(value * 10) / 10 + 0.0); }
+QString Spoken(double value) { return QLocale().toString(std::round(value * 10) / 10); }
 
 }  // namespace
 
@@ -285,13 +285,14 @@ void StripChart::AddSample(std::int16_t number, std::chrono::duration<double> ti
 }
 
 void StripChart::SetCaptions(const StripChartCaptions& captions) {
-  plot_->setAccessibleName(captions.name);
-  plot_->yAxis->setLabel(captions.values);
+  captions_ = captions;
+  plot_->setAccessibleName(captions_.name);
+  plot_->yAxis->setLabel(captions_.values);
   for (std::size_t n = 0; n < channels_.size(); ++n) {
-    channels_[n].graph->setName(captions.channels.value(static_cast<int>(n)));
+    channels_[n].graph->setName(captions_.channels.value(static_cast<int>(n)));
   }
-  const auto caption = [&](QAbstractButton& button, int n, const char* keys) {
-    button.setText(captions.controls.value(n));
+  const auto caption = [this](QAbstractButton& button, int n, const char* keys) {
+    button.setText(captions_.controls.value(n));
     button.setToolTip(QStringLiteral("%1  [%2]").arg(button.text(), QString::fromUtf8(keys)));
   };
   caption(*follow_, 0, "Space, End");

@@ -59,6 +59,8 @@ class StripChart : public QWidget {
   void AddSample(std::int16_t number, std::chrono::duration<double> time,
                  std::span<const std::optional<double>> values);
 
+  const StripChartSetup& Setup() const { return setup_; }
+  const StripChartCaptions& Captions() const { return captions_; }
   void SetCaptions(const StripChartCaptions& captions);
 
   bool Following() const { return following_; }
@@ -102,6 +104,7 @@ class StripChart : public QWidget {
   void Redraw();
 
   StripChartSetup setup_;
+  StripChartCaptions captions_;
   QCustomPlot* plot_;
   QCheckBox* follow_;
   std::vector<QPushButton*> buttons_;

@@ -93,6 +93,11 @@ TEST_F(StripChartTest, DrawsOnceForEachSample) {
   Add(90, 5);
   Draw();
   EXPECT_EQ(drawn, 31);
+  chart_.SetCaptions(chart_.Captions());
+  chart_.SetFollowing(true);
+  Add(90, 5);
+  Draw();
+  EXPECT_EQ(drawn, 32) << "all that has changed, at once";
 }
 
 TEST_F(StripChartTest, KeepsEverySample) {

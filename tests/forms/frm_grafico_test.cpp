@@ -73,6 +73,21 @@ TEST_F(FrmGraficoTest, SamplesEveryFourSecondsFromItsOpening) {
   }
 }
 
+TEST_F(FrmGraficoTest, ItsChartHasThreeColoursAMinuteAndAFixedScale) {
+  const StripChartSetup& setup = Chart().Setup();
+  ASSERT_EQ(setup.colours.size(), 3u);
+  EXPECT_EQ(setup.colours[kBoiler], QColor("red"));
+  EXPECT_EQ(setup.colours[kTank], QColor("blue"));
+  EXPECT_EQ(setup.colours[kTank2], QColor("cyan"));
+  EXPECT_NEAR(setup.span.count(), 60, 0.1);
+  EXPECT_EQ(setup.time_ticks, 12);
+  EXPECT_EQ(setup.low, -10);
+  EXPECT_EQ(setup.high, 120);
+  EXPECT_EQ(setup.value_ticks, 14);
+  EXPECT_EQ(setup.minor_ticks, 4);
+  EXPECT_TRUE(Chart().Following());
+}
+
 TEST_F(FrmGraficoTest, DrawsTheTemperaturesOfThreeBoards) {
   ArriveAll();
   Pass();
@@ -257,6 +272,8 @@ TEST_F(FrmGraficoTest, TakesItsWordsFromTheLanguage) {
   EXPECT_EQ(form().windowTitle(), "#28");
   EXPECT_EQ(Chart().focusProxy()->accessibleName(), "#28");
   EXPECT_EQ(Spoken(), "#257 92, #258 4.5, #259 8.3");
+  EXPECT_EQ(Chart().Captions().values, "#256");
+  EXPECT_EQ(Chart().Captions().channels, QStringList({"#257", "#258", "#259"}));
   const char* const controls[] = {"Follow", "Earlier", "Later", "ZoomIn", "ZoomOut", "Everything"};
   for (int n = 0; n < 6; ++n) {
     EXPECT_EQ(Find<QAbstractButton>(controls[n]).text().toStdString(), "#" + std::to_string(644 + n));
