@@ -11,6 +11,7 @@
 #include "forms/beverage/frm_dosi.h"
 #include "forms/beverage/frm_temperatura.h"
 #include "forms/beverage/frm_tempi.h"
+#include "forms/diagnostics/frm_schema.h"
 #include "forms/selling/frm_ass_sel.h"
 #include "forms/selling/frm_ass_set.h"
 #include "forms/selling/frm_conf.h"
@@ -45,6 +46,7 @@ constexpr FormEntry kForms[] = {
     {"FrmPassword", CreateForm<FrmPassword>},
     {"FrmPrezzi", CreateForm<FrmPrezzi>},
     {"FrmProva", [] { return NewSelectionCounters(SoldAs::kTest); }},
+    {"FrmSchema", CreateForm<FrmSchema>},
     {"FrmSconti", CreateForm<FrmSconti>},
     {"FrmTemperatura", CreateForm<FrmTemperatura>},
     {"FrmTempi", CreateForm<FrmTempi>},
