@@ -13,6 +13,7 @@
 #include "forms/beverage/frm_tempi.h"
 #include "forms/diagnostics/frm_grafico.h"
 #include "forms/diagnostics/frm_orologio.h"
+#include "forms/diagnostics/frm_schema.h"
 #include "forms/diagnostics/frm_test_zeth.h"
 #include "forms/selling/frm_ass_sel.h"
 #include "forms/selling/frm_ass_set.h"
@@ -50,6 +51,7 @@ constexpr FormEntry kForms[] = {
     {"FrmPassword", CreateForm<FrmPassword>},
     {"FrmPrezzi", CreateForm<FrmPrezzi>},
     {"FrmProva", [] { return NewSelectionCounters(SoldAs::kTest); }},
+    {"FrmSchema", CreateForm<FrmSchema>},
     {"FrmSconti", CreateForm<FrmSconti>},
     {"FrmTemperatura", CreateForm<FrmTemperatura>},
     {"FrmTempi", CreateForm<FrmTempi>},

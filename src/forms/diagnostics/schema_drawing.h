@@ -1,0 +1,60 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// The drawing of the machine, with lamps and words laid over it.
+#pragma once
+
+#include <QLabel>
+#include <QPixmap>
+#include <QWidget>
+#include <vector>
+
+#include "controls/led.h"
+#include "forms/diagnostics/schema_places.h"
+
+namespace dosmara {
+
+// Keeps what lies on the drawing in its place while the drawing grows with the window. At its smallest it is
+// as large as the letters ask for.
+class SchemaDrawing : public QWidget {
+ public:
+  explicit SchemaDrawing(QWidget* parent);
+
+  // Lays a lamp and its caption, a word of the legend or an instrument over the drawing. They become children
+  // of it. `place` outlives the drawing; an instrument has its upper left corner there.
+  void Add(Led* lamp, QLabel* caption, const LampPlace& place);
+  void Add(QLabel* word, const LegendPlace& place);
+  void Add(QWidget* instrument, QPointF place);
+
+  QSize sizeHint() const override;
+  QSize minimumSizeHint() const override { return sizeHint(); }
+
+ protected:
+  bool event(QEvent* event) override;
+  void paintEvent(QPaintEvent* event) override;
+
+ private:
+  struct Lamp {
+    Led* lamp;
+    QLabel* caption;
+    const LampPlace* place;
+  };
+  struct Word {
+    QLabel* word;
+    const LegendPlace* place;
+  };
+  struct Instrument {
+    QWidget* widget;
+    QPointF place;
+  };
+
+  double Scale() const;
+  QPoint Origin() const;
+  void LayOut();
+  void LayOutText(QLabel& label, QPointF at, Beside side, double width);
+
+  std::vector<Lamp> lamps_;
+  std::vector<Word> words_;
+  std::vector<Instrument> instruments_;
+  QPixmap picture_;
+};
+
+}  // namespace dosmara
