@@ -11,6 +11,7 @@
 #include "forms/beverage/frm_dosi.h"
 #include "forms/beverage/frm_temperatura.h"
 #include "forms/beverage/frm_tempi.h"
+#include "forms/diagnostics/frm_orologio.h"
 #include "forms/selling/frm_ass_sel.h"
 #include "forms/selling/frm_ass_set.h"
 #include "forms/selling/frm_conf.h"
@@ -41,6 +42,7 @@ constexpr FormEntry kForms[] = {
     {"FrmMDBaudit", CreateForm<FrmMDBaudit>},
     {"FrmMonete", NewCoinCounters},
     {"FrmOpzioni", CreateForm<FrmOpzioni>},
+    {"FrmOrologio", CreateForm<FrmOrologio>},
     {"FrmPagamento", CreateForm<FrmPagamento>},
     {"FrmPassword", CreateForm<FrmPassword>},
     {"FrmPrezzi", CreateForm<FrmPrezzi>},

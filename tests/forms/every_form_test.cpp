@@ -138,12 +138,19 @@ struct FirstFocus {
   const char* another;
 };
 constexpr FirstFocus kFirstFocus[] = {
-    {"FrmAssSel", "Text1(0)", "HScroll1(30)"},   {"FrmAssSet", "Text1(0)", "HScroll1(9)"},
-    {"FrmAssSet2", "Text1(0)", "HScroll1(9)"},   {"FrmAzione", "Text1(0)", "HScroll1(4)"},
-    {"FrmConf", "Option1(0)", "Text6(9)"},       {"FrmDosi", "Label11(0)", "txtVal(6)"},
-    {"FrmOpzioni", "SlswitchX5", "HScroll1(1)"}, {"FrmPagamento", "iSwitchSliderX2", "HScroll6(1)"},
-    {"FrmPassword", "Text1(0)", "Text1(2)"},     {"FrmPrezzi", "Switch1", "HScroll1(7)"},
-    {"FrmSconti", "Text1(0)", "HScroll1(7)"},    {"FrmTemperatura", "Text1", "HScroll2(3)"},
+    {"FrmAssSel", "Text1(0)", "HScroll1(30)"},
+    {"FrmAssSet", "Text1(0)", "HScroll1(9)"},
+    {"FrmAssSet2", "Text1(0)", "HScroll1(9)"},
+    {"FrmAzione", "Text1(0)", "HScroll1(4)"},
+    {"FrmConf", "Option1(0)", "Text6(9)"},
+    {"FrmDosi", "Label11(0)", "txtVal(6)"},
+    {"FrmOpzioni", "SlswitchX5", "HScroll1(1)"},
+    {"FrmOrologio", "Text1(0)", "HScroll1(7)"},
+    {"FrmPagamento", "iSwitchSliderX2", "HScroll6(1)"},
+    {"FrmPassword", "Text1(0)", "Text1(2)"},
+    {"FrmPrezzi", "Switch1", "HScroll1(7)"},
+    {"FrmSconti", "Text1(0)", "HScroll1(7)"},
+    {"FrmTemperatura", "Text1", "HScroll2(3)"},
     {"FrmTempi", "txtTempi(0)", "HScroll1(3)"},
 };
 

@@ -1,0 +1,199 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "forms/diagnostics/frm_orologio.h"
+
+#include <QBoxLayout>
+
+#include "shell/caption_table.h"
+#include "shell/fields/numbering.h"
+#include "store/parameter_table.h"
+
+namespace dosmara {
+
+using namespace orologio;
+
+namespace {
+
+// The clock is read from afar: how many times larger it is than a display in a row, and its date than text.
+constexpr int kClockScale = 3;
+constexpr int kDateScale = 2;
+constexpr int kGap = 24;  // between the values that set it
+
+// A unit alone does not tell what it is the hour or the day of.
+void Speak(ValueRow& row, const QString& what) { row.SetSpokenName(what + ' ' + row.caption().text()); }
+
+}  // namespace
+
+FrmOrologio::FrmOrologio()
+    : DataForm(kSetup),
+      time_(NewRows({.caption = {"Label41"}, .value = {"Label4"}, .box = {"txtOrol"}, .bar = {"HScroll2"}},
+                    kTimeRows)),
+      date_(NewRows({.caption = {"Label5s"}, .value = {"Label5"}, .box = {"txtOrol", 2}, .bar = {"HScroll5"}},
+                    kDateRows)),
+      points_(NewRows({.caption = {"Label3"}, .value = {"Label1"}, .box = {"Text1"}, .bar = {"HScroll1"}},
+                      kPointRows)),
+      frame_(NewFrame("Frame1", kClockLine)),
+      clock_(new SegmentClock(frame_)),
+      label6_(new FieldLabel(frame_, true)) {
+  auto* layout = new QVBoxLayout(Body());
+  layout->addWidget(frame_);
+  FillClock();
+  auto* frames = new QHBoxLayout;
+  layout->addLayout(frames);
+  for (const PointFrame& each : kPointFrames) {
+    frames->addWidget(NewPoints(each));
+  }
+  layout->addStretch();
+  Watch(points_);
+  Watch(
+      kPointMirrors, [](int, double) {}, Counts::kNo);
+  WatchClock(kToSet, &FrmOrologio::TakeAnswer);
+  WatchClock(kTime, &FrmOrologio::TakeTime);
+  Watch(Presenza, [this] { SetClockOpen(Presenza.Open()); });
+  WatchClock(kDate, &FrmOrologio::TakeDate);
+  SetClockOpen(false);
+  SetPointsOpen(false);
+}
+
+// What the clock says means something where there is one.
+void FrmOrologio::WatchClock(const Records& records, void (FrmOrologio::*take)(int, double)) {
+  const auto take_of_clock = [this, take](int n, double value) {
+    if (Presenza.Open()) {
+      (this->*take)(n, value);
+    }
+  };
+  Watch(records, take_of_clock, Counts::kNo);
+}
+
+// The running clock with its date, and beside it what sets the two.
+void FrmOrologio::FillClock() {
+  clock_->setObjectName("iSevenSegmentClockX1");
+  clock_->setFixedSize(clock_->sizeHint() * kClockScale);
+  label6_->setObjectName("Label6");
+  label6_->setAlignment(Qt::AlignCenter);
+  label6_->setFont(QFont(label6_->font().family(), kDateScale * label6_->font().pointSize()));
+  label6_->setFixedSize(clock_->width(), label6_->sizeHint().height());
+  auto* layout = new QHBoxLayout(frame_);
+  auto* running = new QVBoxLayout;
+  layout->addLayout(running);
+  running->addWidget(clock_);
+  running->addWidget(label6_);
+  layout->addSpacing(2 * kGap);
+  auto* setting = new QGridLayout;
+  layout->addLayout(setting);
+  layout->addStretch();
+  setting->setHorizontalSpacing(kGap);
+  AddSetting(time_, *setting, 0);
+  AddSetting(date_, *setting, 1);
+}
+
+void FrmOrologio::AddSetting(FieldRows& rows, QGridLayout& grid, int line) {
+  for (int n = 0; n < rows.size(); ++n) {
+    rows[n].PlaceUnitCellIn(grid, line, n);
+    connect(&rows[n].bar(), &Bar::Changed, this, [this] { Modificato = Modificato || !InArrival; });
+  }
+}
+
+// A time point is read as one line: its name, the hour, the minute.
+QGroupBox* FrmOrologio::NewPoints(const PointFrame& points) {
+  QGroupBox* frame = NewFrame(points.name, points.line);
+  auto* grid = new QGridLayout(frame);
+  grid->setHorizontalSpacing(kGap / 2);  // a mark stands nearer to its own value than to the next one
+  for (int k = points.first; k < points.first + points.count; ++k) {
+    const TimePoint& point = kTimePoints[k];
+    grid->addWidget(NewLabel(ControlArray{"Label2"}[k], point.line, point.number), k, 0, Qt::AlignTop);
+    points_[2 * k].PlaceUnitCellIn(*grid, k, 1);
+    points_[2 * k + 1].PlaceUnitCellIn(*grid, k, 2);
+  }
+  grid->setRowStretch(points.first + points.count, 1);
+  return frame;
+}
+
+void FrmOrologio::InitMessaggi() {
+  DataForm::InitMessaggi();
+  const QString clock = Caption(kClockLine);
+  clock_->setAccessibleName(clock);
+  for (int n = 0; n < time_.size(); ++n) {
+    Speak(time_[n], clock);
+  }
+  for (int n = 0; n < date_.size(); ++n) {
+    const QString unit = Caption(kDateUnitLines[n]);
+    date_[n].SetCaption(unit.isEmpty() ? kDateUnits[n] : unit);
+    Speak(date_[n], clock);
+  }
+  for (const PointFrame& frame : kPointFrames) {
+    for (int i = 2 * frame.first; i < 2 * (frame.first + frame.count); ++i) {
+      const TimePoint& point = kTimePoints[i / 2];
+      Speak(points_[i], Caption(frame.line) + ' ' + Numbered(Caption(point.line), point.number));
+    }
+  }
+}
+
+void FrmOrologio::SetClockOpen(bool open) {
+  frame_->setEnabled(open);
+  time_.SetEnabled(open);
+  date_.SetEnabled(open);
+}
+
+// The names and the units stay as they are.
+void FrmOrologio::SetPointsOpen(bool open) {
+  points_.SetOpen(open);
+  for (int i = 0; i < points_.size(); ++i) {
+    points_[i].value().setEnabled(open);
+  }
+}
+
+// An hour of 255 is none, and moves nothing.
+void FrmOrologio::TakeTime(int n, double value) {
+  (n == kMinute ? Minuti : Ore) = LowBits(value);
+  if (Ore > kLastHour || Minuti > kLastMinute) {
+    return;
+  }
+  clock_->SetTime(TwoDigits(Ore) + ':' + TwoDigits(Minuti));
+  if (PrimoOrario) {
+    time_.Fill(0, Ore);
+    time_.Fill(1, Minuti);
+    PrimoOrario = false;
+  }
+}
+
+void FrmOrologio::TakeDate(int n, double value) {
+  std::optional<int>* const fields[] = {&Giorno, &Mese, &Anno};
+  *fields[n] = LowBits(value) + (n == kYear ? kFirstYear : 0);
+}
+
+// The first answer ends the change, whichever of the five it is; the others are not shown.
+void FrmOrologio::TakeAnswer(int n, double value) {
+  if (!Modificato) {
+    return;
+  }
+  Modificato = false;
+  if (n < time_.size()) {
+    time_.Show(n, value);
+  } else {
+    TakeDate(n - time_.size(), value);
+    ShowDataCorrente();
+    date_.Show(n - time_.size(), value);
+  }
+}
+
+void FrmOrologio::ShowDataCorrente() {
+  if (DateKnown()) {
+    label6_->setText(DateText(*Giorno, *Mese, *Anno));
+  }
+}
+
+// The date that is shown goes on with the machine's, over midnight too.
+void FrmOrologio::AfterArrival() {
+  if (!ParamIsFresh(kMachineStatus, kMainBoard) || !Presenza.Open() || !AllFresh(kDate)) {
+    return;
+  }
+  ShowDataCorrente();
+  if (PrimaData && DateKnown()) {
+    date_.Fill(kDay, *Giorno);
+    date_.Fill(kMonth, *Mese);
+    date_.Fill(kYear, *Anno - kFirstYear);
+    PrimaData = false;
+  }
+}
+
+}  // namespace dosmara
