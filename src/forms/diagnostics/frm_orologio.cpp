@@ -16,7 +16,7 @@ namespace {
 // The clock is read from afar: how many times larger it is than a display in a row, and its date than text.
 constexpr int kClockScale = 3;
 constexpr int kDateScale = 2;
-constexpr int kGap = 24;  // between the clock and what sets it
+constexpr int kGap = 24;  // between the values that set it
 
 // A unit alone does not tell what it is the hour or the day of.
 void Speak(ValueRow& row, const QString& what) { row.SetSpokenName(what + ' ' + row.caption().text()); }
@@ -97,10 +97,10 @@ void FrmOrologio::AddSetting(FieldRows& rows, QGridLayout& grid, int line) {
 QGroupBox* FrmOrologio::NewPoints(const PointFrame& points) {
   QGroupBox* frame = NewFrame(points.name, points.line);
   auto* grid = new QGridLayout(frame);
+  grid->setHorizontalSpacing(kGap / 2);  // a mark stands nearer to its own value than to the next one
   for (int k = points.first; k < points.first + points.count; ++k) {
-    FieldLabel* name = NewLabel(ControlArray{"Label2"}[k], kTimePoints[k].line, kTimePoints[k].number, frame);
-    name->setFixedHeight(points_[2 * k].value().height());
-    grid->addWidget(name, k, 0, Qt::AlignTop);
+    const TimePoint& point = kTimePoints[k];
+    grid->addWidget(NewLabel(ControlArray{"Label2"}[k], point.line, point.number), k, 0, Qt::AlignTop);
     points_[2 * k].PlaceUnitCellIn(*grid, k, 1);
     points_[2 * k + 1].PlaceUnitCellIn(*grid, k, 2);
   }
