@@ -31,13 +31,14 @@ inline constexpr int kOpensByItself = -2;
 // What tells one form from another before its controls.
 struct FormSetup {
   const char* name = nullptr;      // class and objectName
-  int title = 0;                   // line of the language file
+  int title = 0;                   // line of the language file; 0: it has the default title
   int opens_after = kNeverLocked;  // so many counted arrivals do not open the form yet, the next one does
   bool hears_all = false;          // AfterArrival runs behind the arrivals of other forms' records too
   // What the close treats unlike the open: released without ever having been subscribed, which does nothing
   // unless another form has; and left subscribed. The tables of the forms say why.
   std::span<const Records> also_released = {};
   std::span<const Records> kept = {};
+  const char* default_title = "";  // of a form for which the language has no line
 };
 
 // Whether an arrival adds to the count of those after which the form opens.
