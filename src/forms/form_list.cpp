@@ -11,6 +11,7 @@
 #include "forms/beverage/frm_dosi.h"
 #include "forms/beverage/frm_temperatura.h"
 #include "forms/beverage/frm_tempi.h"
+#include "forms/diagnostics/frm_in_out.h"
 #include "forms/selling/frm_ass_sel.h"
 #include "forms/selling/frm_ass_set.h"
 #include "forms/selling/frm_conf.h"
@@ -37,6 +38,7 @@ constexpr FormEntry kForms[] = {
     {"FrmConf", CreateForm<FrmConf>},
     {"FrmDosi", CreateForm<FrmDosi>},
     {"FrmGratis", [] { return NewSelectionCounters(SoldAs::kFree); }},
+    {"FrmInOut", CreateForm<FrmInOut>},
     {"FrmInfo", CreateForm<FrmInfo>},
     {"FrmMDBaudit", CreateForm<FrmMDBaudit>},
     {"FrmMonete", NewCoinCounters},

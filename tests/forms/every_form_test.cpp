@@ -95,7 +95,8 @@ constexpr Released kReleased[] = {
     {"FrmPagamento", 0, 285, 3},      {"FrmPagamento", 0, 362, 1}, {"FrmPagamento", 0, 354, 1},
     {"FrmPagamento", 0, 366, 1},      {"FrmPagamento", 0, 85, 1},  {"FrmOpzioni", 0, 285, 2},
     {"FrmOpzioni", 0, 279, 2},        {"FrmOpzioni", 0, 360, 1},   {"FrmOpzioni", 1, 524, 2},
-    {"FrmOpzioni", 1, 506, 2},        {"FrmOpzioni", 1, 511, 1},
+    {"FrmOpzioni", 1, 506, 2},        {"FrmOpzioni", 1, 511, 1},   {"FrmInOut", 1, 535, 5},
+    {"FrmInOut", 2, 285, 2},
 };
 
 TEST_P(EveryForm, ReleasesNothingOfOthersButWhatIsMeantToBe) {
