@@ -43,7 +43,7 @@ QString SegmentText(double value, int digits, int decimals) {
   const double scale = std::pow(10, decimals);
   const double rounded = std::round(value * scale);
   if (std::abs(rounded) >= std::pow(10, digits)) {
-    return QString(digits + 1, '-');
+    return decimals > 0 ? SegmentText(value, digits, 0) : QString(digits + 1, '-');
   }
   const QString text = QString::number(rounded / scale, 'f', decimals);
   return text.rightJustified(digits + 1 + (decimals > 0 ? 1 : 0));

@@ -11,7 +11,8 @@
 namespace dosmara {
 
 // The text of a display with room for a sign and `digits` digits, `decimals` of them behind the point:
-// aligned right, "-" in each place for a number that does not fit, empty for one that is not a number.
+// aligned right, without the decimals where only the whole number fits, "-" in each place where that does not
+// fit either, empty for one that is not a number.
 QString SegmentText(double value, int digits, int decimals);
 
 // The segments that are lit for a character, bit 0 to 6 for the segments a to g; none for a blank.
@@ -56,7 +57,7 @@ class SevenSegment : public SegmentPanel {
   Q_PROPERTY(bool known READ IsKnown WRITE SetKnown)
 
  public:
-  // Room for `digits` digits and a sign, with `decimals` of the digits behind the point.
+  // Room for `digits` digits and a sign, with `decimals` of the digits behind the point as far as they fit.
   SevenSegment(QWidget* parent, int digits, int decimals);
 
   // The number; 0 while it is not known.

@@ -12,6 +12,7 @@
 #include "forms/beverage/frm_temperatura.h"
 #include "forms/beverage/frm_tempi.h"
 #include "forms/diagnostics/frm_grafico.h"
+#include "forms/diagnostics/frm_in_out.h"
 #include "forms/diagnostics/frm_orologio.h"
 #include "forms/diagnostics/frm_schema.h"
 #include "forms/diagnostics/frm_test_zeth.h"
@@ -42,6 +43,7 @@ constexpr FormEntry kForms[] = {
     {"FrmDosi", CreateForm<FrmDosi>},
     {"FrmGrafico", CreateForm<FrmGrafico>},
     {"FrmGratis", [] { return NewSelectionCounters(SoldAs::kFree); }},
+    {"FrmInOut", CreateForm<FrmInOut>},
     {"FrmInfo", CreateForm<FrmInfo>},
     {"FrmMDBaudit", CreateForm<FrmMDBaudit>},
     {"FrmMonete", NewCoinCounters},

@@ -31,12 +31,19 @@ TEST(SegmentText, RoundsToTheLastDecimal) {
   EXPECT_EQ(SegmentText(-0.4, 3, 0), "   0");
 }
 
+TEST(SegmentText, GivesUpDecimalsThatDoNotFit) {
+  EXPECT_EQ(SegmentText(99.96, 3, 1), " 100");
+  EXPECT_EQ(SegmentText(-100, 3, 1), "-100");
+  EXPECT_EQ(SegmentText(-128, 3, 1), "-128");
+  EXPECT_EQ(SegmentText(123.4, 3, 2), " 123");
+}
+
 TEST(SegmentText, IsDashesForWhatDoesNotFit) {
   for (const double value : {1000.0, -1000.0, 999.6, std::numeric_limits<double>::infinity()}) {
     EXPECT_EQ(SegmentText(value, 3, 0), "----") << value;
   }
-  EXPECT_EQ(SegmentText(99.96, 3, 1), "----");
-  EXPECT_EQ(SegmentText(-100, 3, 1), "----");
+  EXPECT_EQ(SegmentText(1000, 3, 1), "----");
+  EXPECT_EQ(SegmentText(-999.6, 3, 1), "----");
   EXPECT_EQ(SegmentText(std::nan(""), 3, 1), "");
 }
 
@@ -105,8 +112,8 @@ TEST(SevenSegment, ItsValueIsAPropertyAndTold) {
   EXPECT_EQ(display.property("value"), -12.5);
   EXPECT_EQ(display.property("known"), true);
   EXPECT_EQ(display.accessibleDescription(), "-12.5");
-  display.setProperty("value", 250);
-  EXPECT_EQ(display.property("value"), 250);
+  display.setProperty("value", 2500);
+  EXPECT_EQ(display.property("value"), 2500);
   EXPECT_EQ(display.accessibleDescription(), "----");
   display.setProperty("known", false);
   EXPECT_EQ(display.accessibleDescription(), "");

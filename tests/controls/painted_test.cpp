@@ -8,6 +8,7 @@
 #include "controls/echo_mark.h"
 #include "controls/field_label.h"
 #include "controls/keypad.h"
+#include "controls/state_label.h"
 #include "controls/tones.h"
 #include "controls/two_position_switch.h"
 #include "pictures.h"
@@ -281,6 +282,29 @@ TEST(FieldLabel, ADisabledLabelLooksSofter) {
   const QImage enabled = Picture(label);
   label.setEnabled(false);
   EXPECT_NE(Picture(label), enabled);
+}
+
+TEST(StateLabel, ShowsItsColourInADiscInFrontOfAReadableWord) {
+  for (const QPalette& palette : {LightPalette(), DarkPalette()}) {
+    StateLabel label(nullptr);
+    label.setPalette(palette);
+    label.setText("Running");
+    label.resize(label.sizeHint());
+    const QPoint disc(label.contentsMargins().left() / 2, label.height() / 2);
+    label.SetColour(255);
+    EXPECT_EQ(Picture(label).pixelColor(disc), QColor(255, 0, 0));
+    label.SetColour(65280);
+    const QImage green = Picture(label);
+    EXPECT_EQ(green.pixelColor(disc), QColor(0, 255, 0));
+    EXPECT_EQ(label.property("colour"), 65280);
+    const QRect word = label.contentsRect();
+    EXPECT_GT(word.left(), disc.x());
+    int ink = 0;
+    for (int x = word.left(); x <= word.right(); ++x) {
+      ink += green.pixelColor(x, word.center().y()) == palette.color(QPalette::WindowText) ? 1 : 0;
+    }
+    EXPECT_GT(ink, 5);
+  }
 }
 
 }  // namespace

@@ -187,6 +187,7 @@ TEST_F(BitRowsTest, AnythingThatShowsOnAndOffMayBeBound) {
   rows.Take(0, 0);
   rows.Take(1, 16);
   EXPECT_EQ(shown, (std::vector<int>{0, 1}));
+  rows.SetCaptions();  // the line of row 1 is the business of what it is bound to
 }
 
 }  // namespace

@@ -80,6 +80,12 @@ class DataFormTest : public FormFixture {
   }
 };
 
+TEST_F(DataFormTest, AFormWithoutALineOfTheLanguageHasItsDefaultTitle) {
+  EXPECT_EQ(OpenTwoRows().windowTitle(), "#47");
+  Open(new DataForm({.name = "Untitled", .default_title = "Untitled form"}));
+  EXPECT_EQ(form().windowTitle(), "Untitled form");
+}
+
 TEST_F(DataFormTest, ARowIsTakenFromItsTable) {
   OpenTwoRows();
   EXPECT_EQ(LabelText("Label2(0)"), "#48");

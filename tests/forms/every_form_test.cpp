@@ -97,7 +97,8 @@ constexpr Released kReleased[] = {
     {"FrmOpzioni", 0, 279, 2},        {"FrmOpzioni", 0, 360, 1},   {"FrmOpzioni", 1, 524, 2},
     {"FrmOpzioni", 1, 506, 2},        {"FrmOpzioni", 1, 511, 1},   {"FrmTestZeth", 0, 314, 3},
     {"FrmTestZeth", 0, 358, 1},       {"FrmTestZeth", 2, 284, 1},  {"FrmTestZeth2", 0, 314, 3},
-    {"FrmTestZeth2", 0, 358, 1},      {"FrmTestZeth2", 3, 284, 1},
+    {"FrmTestZeth2", 0, 358, 1},      {"FrmTestZeth2", 3, 284, 1}, {"FrmInOut", 1, 535, 5},
+    {"FrmInOut", 2, 285, 2},
 };
 
 TEST_P(EveryForm, ReleasesNothingOfOthersButWhatIsMeantToBe) {

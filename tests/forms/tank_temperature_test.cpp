@@ -22,5 +22,10 @@ TEST(TankTemperature, FallsBelowZeroFrom128On) {
   EXPECT_EQ(TankTemperature(-5, 65280), -6);
 }
 
+TEST(TankTemperature, TheOffsetIsInItBeforeTheSignIsFound) {
+  EXPECT_EQ(TankTemperature(2, 32256), -128);
+  EXPECT_EQ(TankTemperature(-5, 32768), 123);
+}
+
 }  // namespace
 }  // namespace dosmara

@@ -11,6 +11,7 @@ struct LeftSubscribed {
 };
 
 inline constexpr LeftSubscribed kLeftSubscribed[] = {
+    {"FrmInOut", 0, 357},  // whether the second Zeth unit is there
     {"FrmSconti", 0, 74},  // the discount without a cup: the machine is polled for it ever after
 };
 

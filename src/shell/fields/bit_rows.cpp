@@ -80,7 +80,7 @@ void BitRows::SetCaptions() {
     if (off_line_ != 0) {
       row.control->SetPositionTexts(Caption(off_line_) + ',' + Caption(on_line_));
     }
-    if (row.bit.line != 0) {
+    if (row.bit.line != 0 && row.caption != nullptr) {
       row.caption->setText(Caption(row.bit.line));
       row.control->setAccessibleName(Caption(row.bit.line));
     }

@@ -93,7 +93,7 @@ class BitRows {
   // Enables or disables all captions and switches.
   void SetEnabled(bool enabled);
 
-  // Sets the captions of the switches from the language.
+  // Sets the captions of the switches from the language. Rows that are bound to something else have none.
   void SetCaptions();
 
   // Takes an arrived byte: each of its rows shows its bit.

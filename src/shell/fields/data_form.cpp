@@ -47,7 +47,7 @@ void DataForm::Load() {
 }
 
 void DataForm::InitMessaggi() {
-  setWindowTitle(Caption(setup_.title));
+  setWindowTitle(setup_.title != 0 ? Caption(setup_.title) : QString(setup_.default_title));
   for (const auto& rows : rows_) {
     rows->SetCaptions();
   }

@@ -31,7 +31,7 @@ inline constexpr int kOpensByItself = -2;
 // What tells one form from another before its controls.
 struct FormSetup {
   const char* name = nullptr;      // class and objectName
-  int title = 0;                   // line of the language file
+  int title = 0;                   // line of the language file; 0: it has the default title
   int opens_after = kNeverLocked;  // so many counted arrivals do not open the form yet, the next one does
   // AfterArrival runs behind arrivals of other forms' records too, once after each request of any form: until
   // the next one they cannot change what is fresh of the form's own.
@@ -40,6 +40,7 @@ struct FormSetup {
   // unless another form has; and left subscribed. The tables of the forms say why.
   std::span<const Records> also_released = {};
   std::span<const Records> kept = {};
+  const char* default_title = "";  // of a form for which the language has no line
 };
 
 // Whether an arrival adds to the count of those after which the form opens.

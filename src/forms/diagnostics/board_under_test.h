@@ -1,0 +1,117 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// The boards of FrmInOut: what each of them has been told, what it has answered, and its switches.
+#pragma once
+
+#include <array>
+#include <cstdint>
+#include <optional>
+
+#include "controls/matrix_pad.h"
+#include "controls/seven_segment.h"
+#include "forms/diagnostics/in_out_tables.h"
+
+namespace dosmara {
+
+// What the boards of nodes 1 to 3 have in common.
+class BoardUnderTest {
+ public:
+  explicit BoardUnderTest(int node) : Presenza{.record = GateRecord(node)}, node_(node) {}
+  virtual ~BoardUnderTest() = default;
+
+  int node() const { return node_; }
+  virtual int status_record() const = 0;
+
+  // Sends a board that is there into its idle test state, by in_out::kEnterTest, or back to its work, by
+  // kLeaveTest.
+  void SendMode(int mode);
+
+  // Opens or closes the switches with the test and with each write, or all there are with the board.
+  virtual void OpenSwitches(bool open) = 0;
+  virtual void OpenAllSwitches(bool open) = 0;
+  // No write is waited for any more.
+  virtual void StopWaiting() = 0;
+
+  QGroupBox* frame = nullptr;
+
+  Gate Presenza;
+  bool Test = false;  // it reports test mode, or is not there
+  int Comando = 0;    // command that follows the data once they have been delivered; 0: none
+
+ private:
+  virtual int first_wanted() const = 0;
+
+  int node_;
+};
+
+// Node 1: 26 outputs, which are the bits of four images.
+class DrinksUnderTest : public BoardUnderTest {
+ public:
+  explicit DrinksUnderTest(QWidget* parent);
+
+  int status_record() const override { return in_out::kDrinksStatus; }
+  void OpenSwitches(bool open) override;
+  void OpenAllSwitches(bool open) override;
+  void StopWaiting() override { Attesa.fill(false); }
+
+  // Writes all images with output i on or off, and returns that. Writes and returns nothing while any image
+  // is unknown.
+  std::optional<bool> Wish(int i, bool on);
+  // The echo of one of the images: the command follows the data.
+  void TakeEcho(int record);
+  // Shows an image that has been read back. Returns whether a write is done by it.
+  bool TakeReadBack(int image, double value);
+
+  SwitchPad* outputs;  // SwitchLed1
+
+ private:
+  int first_wanted() const override { return in_out::kFirstWanted; }
+
+  // Records 536 to 539: as they are to be, and whether their read-back is waited for.
+  std::array<std::optional<int>, in_out::kImages> Uscite;
+  std::array<bool, in_out::kImages> Attesa{};
+};
+
+// Nodes 2 and 3: a matrix of sectors, one of which can be on, and a compressor, which is a bit of the row.
+class ZethUnderTest : public BoardUnderTest {
+ public:
+  // UltimoSettore for no sector.
+  static constexpr std::uint16_t kNoSector = 65535;
+
+  ZethUnderTest(int node, QWidget* parent);
+
+  int status_record() const override { return in_out::kUnitStatus; }
+  void OpenSwitches(bool open) override;
+  void OpenAllSwitches(bool open) override { OpenSwitches(open); }
+  void StopWaiting() override { AttesaSettore = AttesaCompr = false; }
+
+  // Writes sector i as the one that is on, or none where it is `last`, the one that was switched on last, and
+  // returns whether it is to be on. Writes and returns nothing while the compressor in the row is unknown.
+  std::optional<bool> WishSector(int i, std::uint16_t& last);
+  // Writes the compressor on or off, with the sector as it is; else as above.
+  std::optional<bool> WishCompressor(bool on);
+  // The echo of row or column: the command follows the data.
+  void TakeEcho();
+  void TakeOffset(double value);
+  void TakeTemperature(double value);
+  void TakeRow(double value);
+  // Shows row and column. Returns whether a write is done by it.
+  bool TakeColumn(double value);
+
+  MatrixPad* sectors;         // SwitchLed3, SwitchLed5
+  SwitchPad* compressor;      // SwitchLed4, SwitchLed6
+  SevenSegment* temperature;  // iAnalogX2, iAnalogX3
+
+ private:
+  int first_wanted() const override { return in_out::WantedOf(node()).first; }
+  void Write(int row, int column);
+
+  // Row and column as read back, once they have been, and a row whose column is still to come.
+  std::optional<int> Riga;
+  std::optional<int> Colonna;
+  std::optional<int> RigaNuova;
+  bool AttesaSettore = false;
+  bool AttesaCompr = false;
+  std::optional<int> Offset;  // of the temperature, in degrees
+};
+
+}  // namespace dosmara
