@@ -71,6 +71,12 @@ int main(int argc, char** argv) {
     VisitMdbAudit(tour);
     VisitAlarms(tour);
     VisitClearing(tour);
+    QWidget* graph = StartGraph(tour);
+    VisitOutputs(tour);
+    VisitSchema(tour);
+    VisitUnits(tour);
+    VisitClock(tour);
+    EndGraph(tour, graph);
     VisitInformation(tour);
   }
   std::printf("%d failed, pictures in %s\n", tour.failures(), qPrintable(pictures));

@@ -57,6 +57,24 @@ void VisitAlarms(Tour& tour);
 // The reset of the counters: the machine has cleared them, but those for life.
 void VisitClearing(Tour& tour);
 
+// The graph of the temperatures, which is left open behind the windows that are visited in between; null when
+// it does not open. EndGraph looks at what it has drawn meanwhile.
+QWidget* StartGraph(Tour& tour);
+void EndGraph(Tour& tour, QWidget* graph);
+
+// Outputs and inputs: the boards take the test, outputs of three boards are driven and read back, the test
+// ends.
+void VisitOutputs(Tour& tour);
+
+// The hydraulic diagram during a drink.
+void VisitSchema(Tour& tour);
+
+// The test of both units: a position hands out, the motors go to zero.
+void VisitUnits(Tour& tour);
+
+// The clock: a time point changed and held, the machine's clock set.
+void VisitClock(Tour& tour);
+
 // The information window.
 void VisitInformation(Tour& tour);
 
