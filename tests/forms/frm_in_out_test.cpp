@@ -335,6 +335,7 @@ TEST_F(InOutTest, BoardsThatAreInTestAlreadyMakeItOn) {
   InTest(1, 1, 1);
   EXPECT_EQ(LabelText("Label7"), "#320");
   ExpectOpen(true);
+  EXPECT_TRUE(Find("Command1").hasFocus());  // the first of all that can be pressed now
 }
 
 TEST_F(InOutTest, ClosingWritesNothing) {
