@@ -121,6 +121,13 @@ TEST_F(FrmOrologioClock, TheDateWaitsForAllThreeAndTheStatus) {
   EXPECT_EQ(Values(), "- - 15 3 24");
 }
 
+TEST_F(FrmOrologioClock, ADateThatCameAheadOfAStatusWithoutAChipIsNotShown) {
+  SendDate(15, 3, 24);
+  Arrive(0, 317, 0);
+  EXPECT_EQ(Date(), "");
+  EXPECT_EQ(Values(), "- - - - -");
+}
+
 TEST_F(FrmOrologioClock, AnyArrivalOfItsOwnShowsTheDateThatIsComplete) {
   Arrive(0, 317, 4);
   Arrive(0, 322, 15);
