@@ -316,6 +316,13 @@ TEST_P(PeripheralTest, AForeignVendOpensNothingWithoutAUnit) {
   ExpectOpen(false);
 }
 
+TEST_P(PeripheralTest, AForeignVendOpensNothingWhereAnotherWindowHasReadThatThereIsNoUnit) {
+  ParamTable[0][GetParam().presence].Flags |= kArrived;
+  SendStatus(2);
+  SendStatus(0);
+  ExpectOpen(false);
+}
+
 TEST_P(PeripheralTest, AUnitThatIsGoneLeavesTheKeypadClosedWhenPatienceEnds) {
   AskFor35();
   SendPresence(0);
