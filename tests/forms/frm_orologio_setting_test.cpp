@@ -145,15 +145,16 @@ TEST_F(FrmOrologioSetting, AnAnswerWithoutAChipIsNoAnswer) {
 
 TEST_F(FrmOrologioSetting, TheFirstFillingSaysNothingOfAChange) {
   Arrive(0, 317, 4);
-  Enter("txtOrol(0)", "7");
-  Enter("txtOrol(2)", "9");
+  for (int n = 0; n < 5; ++n) Enter(Element("txtOrol", n), std::to_string(n + 6));
+  EXPECT_EQ(Written(), (Writes{{0, 326, 6}, {0, 327, 7}, {0, 328, 8}, {0, 329, 9}, {0, 330, 10}}));
   Focus("HScroll2(1)");
   SendTime(10, 32);
   SendDate(15, 3, 24);
   EXPECT_EQ(Values(), "10 32 15 3 24");
-  EXPECT_EQ(MarkOf(kHour), State::kOnItsWay);
-  EXPECT_EQ(MarkOf(kDay), State::kOnItsWay);
-  EXPECT_EQ(Written(), (Writes{{0, 326, 7}, {0, 328, 9}}));
+  for (const Setting& each : kSettings) EXPECT_EQ(MarkOf(each.n), State::kOnItsWay) << each.bar;
+  EXPECT_EQ(Written(), Writes{});
+  Arrive(0, 326, 6);
+  EXPECT_EQ(Values(), "6 32 15 3 24") << "the change was still waiting";
 }
 
 TEST_F(FrmOrologioSetting, TheYearIsWrittenInTwoDigitsAndShownInFull) {
@@ -163,6 +164,16 @@ TEST_F(FrmOrologioSetting, TheYearIsWrittenInTwoDigitsAndShownInFull) {
   Arrive(0, 330, 31);
   EXPECT_EQ(Date(), "15/03/2031");
   EXPECT_EQ(LabelText("Label5(2)"), "31");
+}
+
+TEST_F(FrmOrologioSetting, AnAnswerCompletesTheDateToo) {
+  Arrive(0, 317, 4);
+  Arrive(0, 322, 15);
+  Arrive(0, 323, 3);
+  Enter("txtOrol(4)", "31");
+  EXPECT_EQ(Date(), "");
+  Arrive(0, 330, 31);
+  EXPECT_EQ(Date(), "15/03/2031");
 }
 
 TEST_F(FrmOrologioSetting, ADayThatItsMonthLacksIsCountedOn) {

@@ -221,6 +221,31 @@ TEST_P(PeripheralTest, AChoiceWhoseEchoesAreLateIsRunAllTheSame) {
   EXPECT_EQ(Written(), (Writes{{0, 314, 2}}));
 }
 
+// A write that the line loses is followed by a read of what the machine has had all along.
+TEST_P(PeripheralTest, APositionThatHasNotReachedTheMachineIsNotRun) {
+  constexpr std::pair<int, int> kOld[] = {{315, 46}, {316, 96}, {358, 85}};
+  for (const auto& [lost, old] : kOld) {
+    SCOPED_TRACE(lost);
+    AskFor35();
+    SendEchoes();
+    Written();
+    Fire("Timer1");
+    AskFor35();
+    Written();
+    ParamTable[0][lost].Value[0] = static_cast<std::uint8_t>(old);
+    for (const int record : {315, 316, 358}) Arrive(0, record, ParamGet(record, 0));
+    EXPECT_EQ(Written(), Writes{});
+    Arrive(0, lost, lost == 315 ? 43 : lost == 316 ? 48 : GetParam().letter);
+    EXPECT_EQ(Written(), Writes{}) << "it has been given up";
+    Fire("Timer1");
+    ExpectIdle();
+  }
+  AskFor35();
+  Written();
+  SendEchoes();
+  EXPECT_EQ(Written(), (Writes{{0, 314, 2}})) << "pressed anew";
+}
+
 TEST_P(PeripheralTest, WhatAnotherWindowTestsIsNotRunFromHere) {
   AskFor35();
   SendEchoes();
@@ -288,6 +313,13 @@ TEST_P(PeripheralTest, AForeignVendOpensNothingWithoutAUnit) {
   SendStatus(0);
   SendMotors(2);
   SendMotors(0);
+  ExpectOpen(false);
+}
+
+TEST_P(PeripheralTest, AForeignVendOpensNothingWhereAnotherWindowHasReadThatThereIsNoUnit) {
+  ParamTable[0][GetParam().presence].Flags |= kArrived;
+  SendStatus(2);
+  SendStatus(0);
   ExpectOpen(false);
 }
 

@@ -81,6 +81,26 @@ TEST_F(PeripheralTest, TheMotorsRunToZeroBehindAClosedKeypad) {
   EXPECT_EQ(machine().Get(2, 290), 0);
 }
 
+TEST_F(PeripheralTest, APositionOfWhichTheLineLosesAPartIsNotRun) {
+  ConnectAndOpen("ssmnuZeth", "FrmTestZeth");
+  AwaitOpen();
+  ASSERT_TRUE(machine().Set(0, 315, 46));  // column 8, as an earlier test has left it
+  ASSERT_TRUE(machine().Command("unplug"));
+  Press(Qt::Key_3);
+  Press(Qt::Key_5);
+  Await([] { return (ParamTable[0][315].Flags & kWritePending) == 0; }, "the column to be sent in vain");
+  AwaitOpen();
+  ASSERT_TRUE(machine().Command("replug"));
+  Await([] { return ParamIsFresh(315, 0) && ParamIsFresh(316, 0) && ParamIsFresh(358, 0); }, "the echoes");
+  EXPECT_EQ(ParamGet(315, 0), 46);
+  Press(Qt::Key_3);
+  Press(Qt::Key_5);
+  AwaitHeld(0, 315, 43);
+  Await([&] { return Status("serving") != "nothing"; }, "the product that is pressed anew");
+  EXPECT_EQ(Status("serving"), "product-2:35-tested");
+  AwaitOpen();
+}
+
 TEST_F(PeripheralTest, AUnitThatIsNotThereStaysClosedUntilItIs) {
   Connect({"--absent", "2"});
   Click("ssmnuZeth");

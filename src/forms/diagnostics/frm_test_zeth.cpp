@@ -2,6 +2,8 @@
 #include "forms/diagnostics/frm_test_zeth.h"
 
 #include <QVBoxLayout>
+#include <array>
+#include <optional>
 #include <utility>
 
 #include "controls/unit_keypad.h"
@@ -14,15 +16,13 @@ namespace dosmara {
 
 namespace {
 
-constexpr Records kPosition = {kMainBoard, kTestSelection, 2};  // column and row
+constexpr Records kPosition = {kMainBoard, kTestSelection, 2};  // column and row, behind the command
 constexpr Records kUnitLetter = {kMainBoard, 358};
 constexpr int kBeforeFirstColumn = 38;  // in the record of the column, which tells selections too
 constexpr int kRowUnit = 16;
 constexpr int kRun = 2;
-constexpr int kPatience = 2000;  // ms
-
-// Records of the unit.
-constexpr int kUnitCommand = 284;
+constexpr int kPatience = 2000;    // ms
+constexpr int kUnitCommand = 284;  // of the unit, as is its status
 constexpr int kMotorsToZero = 3;
 constexpr int kUnitStatus = 290;
 constexpr int kMotorsRun = 2;
@@ -32,8 +32,7 @@ constexpr int kGap = 8;  // a finger's slip away from the motors
 
 // The commands, the position and the letter come into the table with their writes.
 template <int kNode>
-constexpr Records kOnlyWritten[] = {
-    {kMainBoard, kTestCommand}, kPosition, kUnitLetter, {kNode, kUnitCommand}};
+constexpr Records kOnlyWritten[] = {{kMainBoard, kTestCommand, 3}, kUnitLetter, {kNode, kUnitCommand}};
 
 // What tells the two windows apart.
 struct Window {
@@ -47,6 +46,11 @@ struct Window {
 constexpr Window kWindows[] = {
     {{.name = "FrmTestZeth", .title = 33, .also_released = kOnlyWritten<kZeth>}, kZeth, 'V', 330, 331},
     {{.name = "FrmTestZeth2", .title = 45, .also_released = kOnlyWritten<kZeth2>}, kZeth2, 'W', 334, 335}};
+
+// Letter, row and column as the records have them.
+std::array<double, 3> PositionHeld() {
+  return {ParamGet(kUnitLetter.first, 0), ParamGet(kTestPart, 0), ParamGet(kTestSelection, 0)};
+}
 
 class FrmTestZeth : public DataForm {
  public:
@@ -72,9 +76,9 @@ class FrmTestZeth : public DataForm {
   int Riga = 0;     // 1 to 6, 0: none
   int Colonna = 0;  // 1 to 8, 0: none
   Gate PresenzaZeth;
-  bool Occupato = false;      // the main board has been dispensing
-  bool MotoreInMoto = false;  // the motors of the unit have been running
-  bool command_due_ = false;  // a position has been sent, the command for it not yet
+  bool Occupato = false;                      // the main board has been dispensing
+  bool MotoreInMoto = false;                  // the motors of the unit have been running
+  std::optional<std::array<double, 3>> due_;  // what has been sent, the command for it not yet
 };
 
 FrmTestZeth::FrmTestZeth(const Window& window)
@@ -115,9 +119,7 @@ FrmTestZeth::FrmTestZeth(const Window& window)
 }
 
 void FrmTestZeth::LayOut() {
-  QFont large = choice_->font();
-  large.setPointSizeF(large.pointSizeF() * kChoiceScale);
-  choice_->setFont(large);
+  choice_->setFont(QFont(choice_->font().family(), qRound(kChoiceScale * choice_->font().pointSizeF())));
   choice_->setAlignment(Qt::AlignCenter);
   choice_->setObjectName("Label2(1)");
   keypad_->setObjectName("Image1");
@@ -142,25 +144,23 @@ void FrmTestZeth::InitMessaggi() {
 }
 
 void FrmTestZeth::Press(int zone) {
-  if (Riga == 0) {
-    if (zone < kPositionRows) {
-      Choose(zone + 1, 0);
-    }
-  } else if (zone < kPositionColumns) {
+  if (Riga == 0 && zone < kPositionRows) {
+    Choose(zone + 1, 0);
+  } else if (Riga != 0 && zone < kPositionColumns) {
     Choose(Riga, zone + 1);
     SetOpen(false);
     PutRecord(kMainBoard, kUnitLetter.first, window_.letter);
     PutRecord(kMainBoard, kTestPart, Riga * kRowUnit);
     PutRecord(kMainBoard, kTestSelection, Colonna + kBeforeFirstColumn);
-    command_due_ = true;
+    due_ = PositionHeld();
     timer_->start();
   }
 }
 
-// Other windows test by some of these records too: what they have sent is theirs to run.
+// Another window may have sent other values since, or a failing line have brought old ones back: not to be
+// run.
 void FrmTestZeth::SendCommand() {
-  if (command_due_ && AllFresh(kPosition) && AllFresh(kUnitLetter)) {
-    command_due_ = false;
+  if (AllFresh(kPosition) && AllFresh(kUnitLetter) && std::exchange(due_, {}) == PositionHeld()) {
     PutRecord(kMainBoard, kTestCommand, kRun);
   }
 }
@@ -176,8 +176,8 @@ void FrmTestZeth::TakeBusy(double status, int mask, bool& has_been_busy) {
 // Whatever has ended, another window's test too: a unit that is not there stays closed.
 void FrmTestZeth::StartAnew() {
   Choose(0, 0);
-  const Records presence = {kMainBoard, PresenzaZeth.record};
-  SetOpen(AllFresh(presence) && (LowBits(ParamGet(presence.first, kMainBoard)) & kInUse) != 0);
+  const int record = PresenzaZeth.record;
+  SetOpen(ParamIsFresh(record, kMainBoard) && (LowBits(ParamGet(record, kMainBoard)) & kInUse) != 0);
 }
 
 void FrmTestZeth::Choose(int row, int column) {
