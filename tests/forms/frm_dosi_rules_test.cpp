@@ -312,6 +312,18 @@ TEST_F(FrmDosiTest, TheCommandFollowsTheEchoOfTheSelection) {
   EXPECT_EQ(Written(), (Writes{{0, 314, 2}}));
 }
 
+TEST_F(FrmDosiTest, ASelectionThatHasNotReachedTheMachineIsNotTested) {
+  OpenLoaded();
+  Click("Label11(21)");
+  for (const char* button : {"Command1(2)", "cmdProva(1)"}) {
+    Click(button);
+    Written();
+    Arrive(0, 315, 7);  // the machine's old one: the line has lost the write
+    EXPECT_EQ(Written(), Writes{});
+    Fire(button == std::string("cmdProva(1)") ? "Timer3" : "Timer1");
+  }
+}
+
 TEST_F(FrmDosiTest, AMachineThatDoesNotStartGivesTheFormBack) {
   OpenLoaded();
   Click("Command1(0)");

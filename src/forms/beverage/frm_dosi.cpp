@@ -25,7 +25,7 @@ FrmDosi::FrmDosi()
   Watch(Presenza1, [this] { Presenza1.Open() ? EnableAll() : DisableAll(); });
   Watch(
       kMainBoard, kMachineStatus, [this](double value) { TakeStatus(value); }, Counts::kNo);
-  Listen(kMainBoard, kTestSelection, [this](double) { PutRecord(kMainBoard, kTestCommand, TestCode); });
+  Listen(kMainBoard, kTestSelection, [this](double value) { SendCommand(value); });
   WatchSelection();
   Connect();
   DisableAll();
@@ -148,9 +148,21 @@ void FrmDosi::TakeStatus(double value) {
   }
 }
 
+void FrmDosi::SendSelection(int selection) {
+  TestedSelection = selection;
+  PutRecord(kMainBoard, kTestSelection, selection);
+}
+
+// A failing line loses a write and reads the machine's old selection in its place, which nobody has asked for.
+void FrmDosi::SendCommand(double selection) {
+  if (TestCode == 0 || selection == TestedSelection) {
+    PutRecord(kMainBoard, kTestCommand, TestCode);
+  }
+}
+
 void FrmDosi::TestDrink(std::size_t i) {
   TestCode = kDrinkTestCodes[i];
-  PutRecord(kMainBoard, kTestSelection, Selection + 1);
+  SendSelection(Selection + 1);
   DisableAll();
   timer1_->start();
 }
@@ -165,7 +177,7 @@ void FrmDosi::DrinkTestDue() {
 // The selection counts from 0 here, unlike in the test of a drink.
 void FrmDosi::TestPart(std::size_t i) {
   TestCode = kPartTestCode;
-  PutRecord(kMainBoard, kTestSelection, Selection);
+  SendSelection(Selection);
   PutRecord(kMainBoard, kTestPart, kPartTests[i].part);
   timer3_->setInterval(PartTestInterval(controls_.rows[kPartTests[i].row].bar().Value()));
   DisableAll();

@@ -31,6 +31,8 @@ class FrmDosi : public DataForm {
   void Loaded() override;
 
   void TakeStatus(double value);
+  void SendSelection(int selection);
+  void SendCommand(double selection);
   void TestDrink(std::size_t i);
   void TestPart(std::size_t i);
   void DrinkTestDue();
@@ -41,6 +43,7 @@ class FrmDosi : public DataForm {
   bool Dispensing = false;   // the machine has been seen dispensing since the last test ended
   bool TestRunning = false;  // a timed test of a single part is under way
   int TestCode = 0;          // command that follows the selection under test; 0: no test
+  int TestedSelection = 0;   // as it has been sent for the test
   Gate Presenza1{.record = GateRecord(kHotDrinks), .mask = kInUse, .presence = 0};
 
   DosiControls controls_;
