@@ -79,7 +79,7 @@ FrmSchema::FrmSchema()
 
   BitRows& bits = NewBits(kBytes, kBits);
   for (int n = 0; n < bits.size(); ++n) {
-    bits.Bind(n, [led = lamps_[n].led](bool on) { led->SetOn(on); });
+    bits.Bind(n, [this, n](bool on) { drawing_->SetOn(n, on); });
   }
   Watch(bits);
   Watch(kHotDrinks, kTemperature, [this](double value) {
