@@ -9,6 +9,7 @@
 #include "controls/pictures.h"
 #include "forms/form_fixture.h"
 #include "link/identification.h"
+#include "shell/caption_table.h"
 
 namespace dosmara {
 namespace {
@@ -102,6 +103,20 @@ TEST_F(SchemaPlates, AChangePaintsItsPlateAloneAndNoChangePaintsNothing) {
   EXPECT_TRUE(Painted().isEmpty());
   Arrive(1, 549, 0);
   EXPECT_TRUE(QRegion(both).subtracted(Painted()).isEmpty()) << "it goes with the light";
+}
+
+TEST_F(SchemaPlates, APlateGoesWithACaptionThatChanges) {
+  Arrive(1, 549, 32);
+  const auto both = [&] { return Place("Led(21)").united(Place("LedCaption(21)")).adjusted(-2, -2, 2, 2); };
+  for (const char* text : {"Cup release", "Cup"}) {
+    const QRect before = both();
+    Painted();
+    CaptionTable[359] = text;
+    form().InitMessaggi();
+    const QRegion changed = Painted();
+    EXPECT_NE(both(), before);
+    EXPECT_TRUE(QRegion(both().united(before)).subtracted(changed).isEmpty()) << text;
+  }
 }
 
 TEST_F(SchemaPlates, AnInputHasOneToo) {

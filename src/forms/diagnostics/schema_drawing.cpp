@@ -153,6 +153,7 @@ void SchemaDrawing::LayOut() {
     each.widget->setGeometry(
         {(origin + each.place * scale).toPoint(), (QSizeF(each.widget->sizeHint()) * growth).toSize()});
   }
+  update();  // plates go with their captions
 }
 
 void SchemaDrawing::PaintPlates(QPainter& painter) const {
