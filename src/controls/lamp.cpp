@@ -55,12 +55,10 @@ void DrawLamp(QPainter& painter, const QRectF& place, LampShape shape, LampState
   }
 }
 
-QString LampText(const QString& off_and_on, LampState state) {
-  if (state == LampState::kUnknown) {
-    return {};
-  }
-  const int word = state == LampState::kOn ? 1 : 0;
-  return off_and_on.section(',', word, word).trimmed();
+QString LampText(const QString& words, LampState state) {
+  constexpr LampState kOrder[] = {LampState::kOff, LampState::kOn, LampState::kUnknown};
+  const auto word = static_cast<int>(std::ranges::find(kOrder, state) - kOrder);
+  return words.section(',', word, word).trimmed();
 }
 
 }  // namespace dosmara

@@ -17,7 +17,7 @@ enum class LampShape { kRound, kRectangular };
 void DrawLamp(QPainter& painter, const QRectF& place, LampShape shape, LampState state, bool enabled,
               const QPalette& palette);
 
-// The word of a state out of "off,on"; none for a state that is not known.
-QString LampText(const QString& off_and_on, LampState state);
+// The word of a state out of "off,on" or "off,on,not known"; none for a state that has no word there.
+QString LampText(const QString& words, LampState state);
 
 }  // namespace dosmara

@@ -31,8 +31,8 @@ void Led::SetState(LampState state) {
   }
 }
 
-void Led::SetStateTexts(const QString& off_and_on) {
-  state_texts_ = off_and_on;
+void Led::SetStateTexts(const QString& words) {
+  state_texts_ = words;
   setAccessibleDescription(LampText(state_texts_, state_));
 }
 

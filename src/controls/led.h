@@ -26,8 +26,8 @@ class Led : public QWidget {
   // Forgets what it shows; a lamp that is to be known and is not yet is off.
   void SetKnown(bool known);
 
-  // The words of both states for a screen reader, "off,on".
-  void SetStateTexts(const QString& off_and_on);
+  // The words of its states for a screen reader, "off,on" or "off,on,not known".
+  void SetStateTexts(const QString& words);
 
   QSize sizeHint() const override;
   QSize minimumSizeHint() const override { return sizeHint(); }

@@ -22,7 +22,8 @@ namespace {
 TEST(LampText, IsTheWordOfTheState) {
   EXPECT_EQ(LampText("No, Yes,", LampState::kOff), "No");
   EXPECT_EQ(LampText("No, Yes,", LampState::kOn), "Yes");
-  EXPECT_EQ(LampText("No, Yes,", LampState::kUnknown), "");
+  EXPECT_EQ(LampText("No, Yes", LampState::kUnknown), "");
+  EXPECT_EQ(LampText("No, Yes, Perhaps", LampState::kUnknown), "Perhaps");
 }
 
 class LampTest : public testing::TestWithParam<LampShape> {};
@@ -129,6 +130,9 @@ TEST(Led, AScreenReaderHearsItsState) {
   EXPECT_EQ(led.accessibleDescription(), "acceso");
   led.SetOn(false);
   EXPECT_EQ(led.accessibleDescription(), "spento");
+  led.SetStateTexts("spento,acceso,non noto");
+  led.SetKnown(false);
+  EXPECT_EQ(led.accessibleDescription(), "non noto");
 }
 
 TEST(Led, ShapesDiffer) {

@@ -77,7 +77,7 @@ TEST_F(Schema, IsCaptionedFromTheLanguage) {
 
 TEST_F(Schema, TakesTheCaptionsAnewWhenItIsActivated) {
   Arrive(1, 547, 1);
-  for (const int line : {34, 109, 110, 322, 338, 352, 378, 393}) {
+  for (const int line : {34, 109, 110, 322, 338, 352, 378, 393, 650}) {
     CaptionTable[line] = QString("new %1").arg(line);
   }
   form().InitMessaggi();
@@ -88,9 +88,19 @@ TEST_F(Schema, TakesTheCaptionsAnewWhenItIsActivated) {
   EXPECT_EQ(LabelText("Label1(20)"), "new 393");
   EXPECT_EQ(Output(0).accessibleDescription(), "new 110");
   EXPECT_EQ(Output(1).accessibleDescription(), "new 109");
-  EXPECT_EQ(Output(8).accessibleDescription(), "");
+  EXPECT_EQ(Output(8).accessibleDescription(), "new 650");
   EXPECT_EQ(AccessibleName("iThermometerX1"), "new 378: new 322");
   EXPECT_EQ(AccessibleName("iSevenSegmentAnalogX1"), "new 378: new 322");
+}
+
+TEST_F(Schema, ALampThatNobodySendsSaysThatItIsNotKnown) {
+  for (int record = 545; record <= 550; ++record) Arrive(1, record, 0);
+  for (int n = 0; n < 8; ++n) EXPECT_EQ(Input(n).accessibleDescription(), "#650");
+  EXPECT_EQ(Input(8).accessibleDescription(), "#110");
+  EXPECT_EQ(Output(27).accessibleDescription(), "#109");
+  CaptionTable[650].clear();
+  form().InitMessaggi();
+  EXPECT_EQ(Input(0).accessibleDescription(), "Non ancora noto") << "a language file without the word";
 }
 
 TEST_F(Schema, WantsItsEightRecordsOfTheDrinksBoard) {

@@ -109,6 +109,30 @@ TEST_F(SchemaLayout, NothingOverlapsOrIsCutWhereTextsAreAFifthLonger) {
   }
 }
 
+TEST_F(SchemaLayout, ThePlateOfALampTouchesNoOther) {
+  for (const Language& language : ReadCaptions(CAPTIONS)) {
+    Speak(language, true);
+    Open("FrmSchema");
+    QApplication::processEvents();
+    std::vector<QRect> plates;
+    for (const auto& [lamp, count] : {std::pair{"Led", 28}, std::pair{"iLed", 9}}) {
+      for (int n = 0; n < count; ++n) {
+        const QRect caption = Place(Element((std::string(lamp) + "Caption").c_str(), n));
+        plates.push_back(Place(Element(lamp, n)).united(caption).adjusted(-2, -2, 2, 2));
+      }
+    }
+    for (std::size_t i = 0; i < plates.size(); ++i) {
+      std::vector<std::string> touched;
+      for (const QWidget* widget : OnTheDrawing()) {
+        if (plates[i].intersects(widget->geometry())) touched.push_back(Name(widget));
+      }
+      EXPECT_EQ(touched.size(), 2) << testing::PrintToString(touched);
+      for (std::size_t j = 0; j < i; ++j) EXPECT_FALSE(plates[i].intersects(plates[j])) << i << " " << j;
+    }
+    Close();
+  }
+}
+
 TEST_F(SchemaLayout, EachTextHasRoomForAllOfIt) {
   for (const Language& language : ReadCaptions(CAPTIONS)) {
     Speak(language, true);

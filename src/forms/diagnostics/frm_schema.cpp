@@ -48,6 +48,8 @@ constexpr int kBoiler = 378;
 constexpr int kTemperatureWord = 322;
 constexpr int kOff = 109;
 constexpr int kOn = 110;
+constexpr int kNotKnown = 650;  // a language file may be too old to have it
+constexpr const char* kNotKnownOtherwise = "Non ancora noto";
 
 }  // namespace
 
@@ -79,7 +81,7 @@ FrmSchema::FrmSchema()
 
   BitRows& bits = NewBits(kBytes, kBits);
   for (int n = 0; n < bits.size(); ++n) {
-    bits.Bind(n, [led = lamps_[n].led](bool on) { led->SetOn(on); });
+    bits.Bind(n, [this, n](bool on) { drawing_->SetOn(n, on); });
   }
   Watch(bits);
   Watch(kHotDrinks, kTemperature, [this](double value) {
@@ -110,7 +112,8 @@ void FrmSchema::Load() {
 
 void FrmSchema::InitMessaggi() {
   DataForm::InitMessaggi();
-  const QString states = Caption(kOff) + ',' + Caption(kOn);
+  const QString not_known = Caption(kNotKnown).isEmpty() ? kNotKnownOtherwise : Caption(kNotKnown);
+  const QString states = QStringList{Caption(kOff), Caption(kOn), not_known}.join(',');
   for (const Lamp& lamp : lamps_) {
     lamp.caption->setText(Caption(lamp.line));
     lamp.led->setAccessibleName(Caption(lamp.line));

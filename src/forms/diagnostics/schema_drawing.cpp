@@ -18,6 +18,10 @@ constexpr double kGap = 3;            // between a text and what it stands besid
 constexpr double kLampGrowth = 1.18;  // lamps are a little larger than in other forms
 constexpr double kEndRadius = 2;
 constexpr double kLeaderShare = 0.65;  // of the ink
+constexpr double kPlateMargin = 2;     // around a lamp and its caption
+constexpr double kPlateCorner = 4;
+constexpr double kPlateRim = 1.5;
+constexpr double kPlateShare = 0.4;  // of the tone of "on"
 
 // A text of `size` beside the point `at`.
 QRectF TextPlace(QPointF at, Beside side, QSizeF size) {
@@ -83,6 +87,21 @@ void SchemaDrawing::Add(QWidget* instrument, QPointF place) {
   instruments_.push_back({instrument, place});
 }
 
+// The plate lies behind lamp and caption and is the drawing's to paint.
+void SchemaDrawing::SetOn(int n, bool on) {
+  const Lamp& lamp = lamps_[n];
+  const bool was_on = lamp.lamp->IsOn();
+  lamp.lamp->SetOn(on);
+  if (on != was_on) {
+    update(Plate(lamp));
+  }
+}
+
+QRect SchemaDrawing::Plate(const Lamp& lamp) const {
+  const int margin = qRound(kPlateMargin * Scale());
+  return lamp.lamp->geometry().united(lamp.caption->geometry()).adjusted(-margin, -margin, margin, margin);
+}
+
 QSize SchemaDrawing::sizeHint() const {
   const QSizeF smallest = kSchemaSize * (fontMetrics().height() / kLetterHeight);
   return smallest.toSize() + QSize(2 * kMargin, 2 * kMargin);
@@ -134,6 +153,21 @@ void SchemaDrawing::LayOut() {
     each.widget->setGeometry(
         {(origin + each.place * scale).toPoint(), (QSizeF(each.widget->sizeHint()) * growth).toSize()});
   }
+  update();  // plates go with their captions
+}
+
+void SchemaDrawing::PaintPlates(QPainter& painter) const {
+  const QColor rim = GoodTone(palette());
+  const double scale = Scale();
+  const double half = kPlateRim * scale / 2;
+  painter.setPen(QPen(rim, 2 * half));
+  painter.setBrush(Blend(palette().color(QPalette::Window), rim, kPlateShare));
+  for (const Lamp& each : lamps_) {
+    if (each.lamp->IsOn() && each.lamp->isVisible()) {
+      const QRectF inside = QRectF(Plate(each)).adjusted(half, half, -half, -half);
+      painter.drawRoundedRect(inside, kPlateCorner * scale, kPlateCorner * scale);
+    }
+  }
 }
 
 void SchemaDrawing::paintEvent(QPaintEvent*) {
@@ -144,6 +178,7 @@ void SchemaDrawing::paintEvent(QPaintEvent*) {
   QPainter painter(this);
   painter.setRenderHint(QPainter::Antialiasing);
   painter.drawPixmap(Origin(), picture_);
+  PaintPlates(painter);
   painter.translate(Origin());
   painter.scale(Scale(), Scale());
   const QColor ink = Blend(palette().color(QPalette::Window), Ink(palette(), true), kLeaderShare);

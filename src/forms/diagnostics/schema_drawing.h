@@ -13,7 +13,8 @@
 namespace dosmara {
 
 // Keeps what lies on the drawing in its place while the drawing grows with the window. At its smallest it is
-// as large as the letters ask for.
+// as large as the letters ask for. A lamp that is on stands with its caption on a bright plate, which is seen
+// from farther away than the lamp.
 class SchemaDrawing : public QWidget {
  public:
   explicit SchemaDrawing(QWidget* parent);
@@ -23,6 +24,9 @@ class SchemaDrawing : public QWidget {
   void Add(Led* lamp, QLabel* caption, const LampPlace& place);
   void Add(QLabel* word, const LegendPlace& place);
   void Add(QWidget* instrument, QPointF place);
+
+  // Sets the n-th lamp, in the order of Add, and its plate.
+  void SetOn(int n, bool on);
 
   QSize sizeHint() const override;
   QSize minimumSizeHint() const override { return sizeHint(); }
@@ -48,6 +52,8 @@ class SchemaDrawing : public QWidget {
 
   double Scale() const;
   QPoint Origin() const;
+  QRect Plate(const Lamp& lamp) const;
+  void PaintPlates(QPainter& painter) const;
   void LayOut();
   void LayOutText(QLabel& label, QPointF at, Beside side, double width);
 

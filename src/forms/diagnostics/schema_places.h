@@ -38,8 +38,8 @@ inline constexpr LampPlace kOutputPlaces[] = {
     {343, {290, 505}, kRightOf, 50},    // pump
     {344, {242, 322}, kRightOf, 80},    // boiler heater
     {345, {45, 567}, kAbove, 84},       // water inlet valve
-    {346, {456, 105}, kRightOf, 100},   // grinder
-    {347, {453, 135}, kRightOf, 110},   // coffee doser
+    {346, {456, 104}, kRightOf, 100},   // grinder
+    {347, {453, 133}, kRightOf, 110},   // coffee doser
     {348, {500, 266}, kRightOf, 66},    // brewer motor
     {349, {1300, 328}, kBelow, 60},     // fan
     {350, {962, 307}, kRightOf, 73},    // milk mixer
@@ -63,20 +63,20 @@ inline constexpr LampPlace kOutputPlaces[] = {
 // iLed(0) to iLed(8).
 inline constexpr LampPlace kInputPlaces[] = {
     {365, {502, 299}, kRightOf, 64},    // brewer at rest
-    {366, {458, 164}, kRightOf, 94},    // doser switch
+    {366, {458, 165}, kRightOf, 94},    // doser switch
     {367, {1211, 453}, kRightOf, 128},  // cups in the column
     {368, {630, 474}, kLeftOf, 92},     // cup in position
     {369, {290, 440}, kLeftOf, 92},     // water level
     {370, {541, 540}, kRightOf, 66},    // grounds bin full
     {371, {619, 575}, kLeftOf, 120},    // drip tray full
     {372, {132, 440}, kLeftOf, 92},     // flow meter
-    {352, {290, 470}, kLeftOf, 92},     // water fill
+    {352, {290, 472}, kLeftOf, 92},     // water fill
 };
 
 // Label1(0) to Label1(20).
 inline constexpr LegendPlace kLegendPlaces[] = {
     {{32, 612}, kRightOf, 130, {16, 592}},     // mains water
-    {{104, 480}, kAbove, 110, {112, 494}},     // softener
+    {{104, 482}, kAbove, 110, {112, 494}},     // softener
     {{297, 396}, kLeftOf, 72, {310, 424}},     // tank
     {{262, 508}, kLeftOf, 52, {280, 526}},     // pump
     {{124, 396}, kLeftOf, 90, {159, 430}},     // flow meter

@@ -2,10 +2,11 @@
 #include "shell/fields/data_form.h"
 
 #include <QApplication>
+#include <QKeyEvent>
 #include <QMdiArea>
 #include <QMdiSubWindow>
 #include <QScopedValueRollback>
-#include <QScrollArea>
+#include <QScrollBar>
 #include <QVBoxLayout>
 #include <algorithm>
 
@@ -16,22 +17,37 @@
 
 namespace dosmara {
 
+namespace {
+
+constexpr struct {
+  int key;
+  Qt::Orientation along;
+  QAbstractSlider::SliderAction action;
+} kScrollKeys[] = {{Qt::Key_Up, Qt::Vertical, QAbstractSlider::SliderSingleStepSub},
+                   {Qt::Key_Down, Qt::Vertical, QAbstractSlider::SliderSingleStepAdd},
+                   {Qt::Key_PageUp, Qt::Vertical, QAbstractSlider::SliderPageStepSub},
+                   {Qt::Key_PageDown, Qt::Vertical, QAbstractSlider::SliderPageStepAdd},
+                   {Qt::Key_Left, Qt::Horizontal, QAbstractSlider::SliderSingleStepSub},
+                   {Qt::Key_Right, Qt::Horizontal, QAbstractSlider::SliderSingleStepAdd}};
+
+}  // namespace
+
 DataForm::DataForm(const FormSetup& setup)
     : Form(setup.name),
       Loading(setup.opens_after != kNeverLocked),
       setup_(setup),
       body_(new QWidget),
-      progress_(new ProgressLine(this)) {
+      progress_(new ProgressLine(this)),
+      area_(new QScrollArea(this)) {
   auto* layout = new QVBoxLayout(this);
   layout->setContentsMargins({});
   layout->setSpacing(0);
   layout->addWidget(progress_);
-  auto* area = new QScrollArea(this);
-  area->setFrameShape(QFrame::NoFrame);
-  area->setWidgetResizable(true);
-  area->setFocusPolicy(Qt::NoFocus);
-  area->setWidget(body_);
-  layout->addWidget(area);
+  area_->setFrameShape(QFrame::NoFrame);
+  area_->setWidgetResizable(true);
+  area_->setFocusPolicy(Qt::NoFocus);
+  area_->setWidget(body_);
+  layout->addWidget(area_);
   progress_->setAccessibleName(QStringLiteral("Values read"));
 }
 
@@ -44,6 +60,29 @@ void DataForm::Load() {
   SubscribeAll();
   InitMessaggi();
   FormCentre(*this);
+  parentWidget()->installEventFilter(this);
+}
+
+// What a control does not take goes up to the scroll area by itself. While no control has the focus, the
+// frame has it; one that is being moved or sized by keys needs them itself, and holds the mouse.
+bool DataForm::eventFilter(QObject* frame, QEvent* event) {
+  const bool scrolls = event->type() == QEvent::KeyPress && QWidget::mouseGrabber() == nullptr &&
+                       ScrollBy(*static_cast<QKeyEvent*>(event));
+  return scrolls || Form::eventFilter(frame, event);
+}
+
+bool DataForm::ScrollBy(const QKeyEvent& key) {
+  if ((key.modifiers() & ~Qt::KeypadModifier) != Qt::NoModifier) {
+    return false;
+  }
+  for (const auto& each : kScrollKeys) {
+    if (each.key == key.key()) {
+      const bool down = each.along == Qt::Vertical;
+      (down ? area_->verticalScrollBar() : area_->horizontalScrollBar())->triggerAction(each.action);
+      return true;
+    }
+  }
+  return false;
 }
 
 void DataForm::InitMessaggi() {

@@ -5,6 +5,7 @@
 
 #include <QGroupBox>
 #include <QPushButton>
+#include <QScrollArea>
 #include <functional>
 #include <memory>
 #include <span>
@@ -48,6 +49,7 @@ enum class Counts { kYes, kNo };
 
 // A form that shows records. Its constructor makes the controls and says with Watch which records it wants
 // and what their arrivals do; the base subscribes, releases, captions, places and counts.
+// A form that is larger than its frame scrolls, also by the arrows and page keys that no control of it takes.
 class DataForm : public Form {
  public:
   explicit DataForm(const FormSetup& setup);
@@ -67,6 +69,9 @@ class DataForm : public Form {
   void TakeFocus() override;
 
   QSize sizeHint() const override;
+
+  // Sees the keys of the frame, which nothing in the form has taken.
+  bool eventFilter(QObject* frame, QEvent* event) override;
 
  protected:
   // The widget that carries the controls; it scrolls where the form is larger than its frame.
@@ -146,10 +151,12 @@ class DataForm : public Form {
   void Release(const Heard& heard) const;
   void ShowProgress();
   void MapArrivals();
+  bool ScrollBy(const QKeyEvent& key);
 
   FormSetup setup_;
   QWidget* body_;
   ProgressLine* progress_;
+  QScrollArea* area_;
   bool open_ = false;                // subscribed
   std::uint32_t requests_seen_ = 0;  // ParamRequests at the last arrival that was taken
   bool focus_to_give_ = true;        // the operator has not been in the form yet
