@@ -4,6 +4,7 @@
 #include <benchmark/benchmark.h>
 
 #include <QApplication>
+#include <QMdiSubWindow>
 #include <chrono>
 #include <limits>
 #include <memory>
@@ -66,14 +67,16 @@ class EmptyForm : public LoadedForm {
 };
 
 // Every form of the program, open and filled: each record that it wants has arrived.
-std::vector<std::unique_ptr<Form>> AllFormsOpen() {
+std::vector<std::unique_ptr<QMdiSubWindow>> AllFormsOpen() {
   // The first two loaded forms are never told: the main window and the serial form.
   static EmptyForm first;
   static EmptyForm second;
   LoadedForms = {&first, &second};
-  std::vector<std::unique_ptr<Form>> forms;
+  std::vector<std::unique_ptr<QMdiSubWindow>> frames;
   for (const FormEntry& entry : FormList()) {
-    forms.emplace_back(entry.create())->Load();
+    Form* form = entry.create();
+    frames.emplace_back(std::make_unique<QMdiSubWindow>())->setWidget(form);
+    form->Load();
   }
   const Bytes reply = {4, 1};  // a value that opens every gate
   for (int node = 0; node < kNodeCount; ++node) {
@@ -85,15 +88,15 @@ std::vector<std::unique_ptr<Form>> AllFormsOpen() {
       }
     }
   }
-  return forms;
+  return frames;
 }
 
 // An arrival with every form open, of a record that none of them shows, against an empty call for each.
 void UnwantedArrival(benchmark::State& state) {
   constexpr int kRounds = 1000;  // one arrival is too short for the clock
   constexpr int kUnwanted = 700;
-  const auto forms = AllFormsOpen();
-  std::vector<EmptyForm> empty_forms(forms.size());
+  const auto frames = AllFormsOpen();
+  std::vector<EmptyForm> empty_forms(frames.size());
   std::vector<LoadedForm*> calls;
   for (EmptyForm& form : empty_forms) calls.push_back(&form);
   NodeIndex = 1;
@@ -111,7 +114,7 @@ void UnwantedArrival(benchmark::State& state) {
     }
   };
   Compare(state, arrivals, empty_calls);
-  state.counters["forms"] = static_cast<double>(forms.size());
+  state.counters["forms"] = static_cast<double>(frames.size());
   LoadedForms.clear();
 }
 BENCHMARK(UnwantedArrival)->UseManualTime();
