@@ -151,6 +151,8 @@ void StripChart::AddChannels() {
   plot_->setPlottingHint(QCP::phFastPolylines);  // else wide lines take a tenth of a second
   plot_->legend->setFillOrder(QCPLegend::foColumnsFirst);
   plot_->legend->setVisible(true);
+  // Nothing is drawn apart from all else, so no layer needs pixels of its own.
+  plot_->layer("overlay")->setMode(QCPLayer::lmLogical);
 }
 
 // The width of the samples' field, before it is laid out anew.

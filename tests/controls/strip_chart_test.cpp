@@ -100,6 +100,12 @@ TEST_F(StripChartTest, DrawsOnceForEachSample) {
   EXPECT_EQ(drawn, 32) << "all that has changed, at once";
 }
 
+TEST_F(StripChartTest, KeepsThePixelsOfOneLayerOnly) {
+  for (int n = 0; n < plot().layerCount(); ++n) {
+    EXPECT_EQ(plot().layer(n)->mode(), QCPLayer::lmLogical) << plot().layer(n)->name().toStdString();
+  }
+}
+
 TEST_F(StripChartTest, KeepsEverySample) {
   AddMany(5000);
   const Lines lines = chart_.Lines(0);
