@@ -120,6 +120,7 @@ void StripChart::SetUpAxes() {
     const int width = fontMetrics().horizontalAdvance(times->TextOf(View().to));
     times->setTickCount(std::clamp(static_cast<int>(Width() / (kLabelRoom * width)), 1, setup_.time_ticks));
     ChooseMarks();
+    plot_->setBufferDevicePixelRatio(devicePixelRatioF());  // the window may have come to another screen
   });
   plot_->setInteraction(QCP::iRangeDrag);
   plot_->axisRect()->setRangeDrag(Qt::Horizontal);
@@ -282,12 +283,6 @@ bool StripChart::eventFilter(QObject* watched, QEvent* event) {
     Dress();
   }
   return QWidget::eventFilter(watched, event);
-}
-
-// The screen that the chart is shown on may be finer than the one that it was made on.
-void StripChart::showEvent(QShowEvent* event) {
-  QWidget::showEvent(event);
-  plot_->setBufferDevicePixelRatio(devicePixelRatioF());
 }
 
 void StripChart::ShowView() {

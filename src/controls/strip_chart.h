@@ -78,7 +78,6 @@ class StripChart : public QWidget {
  protected:
   void changeEvent(QEvent* event) override;
   bool eventFilter(QObject* watched, QEvent* event) override;
-  void showEvent(QShowEvent* event) override;
 
  private:
   struct Channel {
