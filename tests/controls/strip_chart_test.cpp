@@ -183,6 +183,7 @@ TEST_F(StripChartTest, MarksItsPointsWhereThereIsRoomForMarks) {
   AddMany(2000);
   Press(Qt::Key_Home);
   EXPECT_EQ(shape(0), QCPScatterStyle::ssNone);
+  EXPECT_TRUE(plot().plottingHints().testFlag(QCP::phFastPolylines));
   EXPECT_FALSE(plot().graph(0)->antialiased()) << "that would take half of the time of a sample";
   chart_.SetFollowing(true);
   Draw();

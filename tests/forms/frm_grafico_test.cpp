@@ -258,6 +258,8 @@ TEST_F(FrmGraficoTest, ClosingStopsTheSamplesAndANewWindowBeginsAnew) {
   const auto& timer = Find<QTimer>("Timer1");
   form().parentWidget()->close();
   EXPECT_FALSE(timer.isActive());
+  EXPECT_EQ(Subscribed(), std::vector<Subscription>{});
+  EXPECT_EQ(NodeIndex, 1) << "the boiler's board is released last";
   Close();
   Open("FrmGrafico");
   EXPECT_TRUE(Running("Timer1"));
