@@ -21,6 +21,14 @@ constexpr double kSteps[] = {1,       2,           5,           10,           15
                              kMinute, 2 * kMinute, 5 * kMinute, 10 * kMinute, 15 * kMinute, 30 * kMinute,
                              kHour,   2 * kHour,   3 * kHour,   6 * kHour,    12 * kHour,   kDay};
 
+constexpr double kStep = 0.5;  // of a view, from one press of Earlier to the next
+constexpr double kZoom = 2;    // of one press of Zoom in
+
+bool AreAlike(const ChartView& a, const ChartView& b) {
+  const double tolerance = 1e-6 * b.Span();
+  return std::abs(a.from - b.from) < tolerance && std::abs(a.to - b.to) < tolerance;
+}
+
 }  // namespace
 
 ChartView NewestView(double newest, double span) {
@@ -50,6 +58,52 @@ ChartView ZoomedView(const ChartView& view, double factor, double around, double
   const ChartView zoomed = {around - (around - view.from) * allowed, around + (view.to - around) * allowed};
   return NearestView(zoomed, newest);
 }
+
+ChartScroll::ChartScroll(double span) : first_span_(span), span_(span), view_(NewestView(0, span)) {}
+
+void ChartScroll::Extend(double newest) {
+  newest_ = newest;
+  if (following_) {
+    view_ = NewestView(newest_, span_);
+  }
+}
+
+void ChartScroll::Follow() {
+  following_ = true;
+  span_ = first_span_;
+  view_ = NewestView(newest_, span_);
+}
+
+void ChartScroll::LookAt(const ChartView& wanted) {
+  view_ = NearestView(wanted, newest_);
+  following_ = following_ && AreAlike(view_, NewestView(newest_, span_));
+}
+
+void ChartScroll::Earlier() { Step(-kStep); }
+
+void ChartScroll::Later() { Step(kStep); }
+
+void ChartScroll::Everything() { LookAt(WholeView(newest_, first_span_)); }
+
+void ChartScroll::ZoomIn() { ZoomAtMiddle(1 / kZoom); }
+
+void ChartScroll::ZoomOut() { ZoomAtMiddle(kZoom); }
+
+void ChartScroll::Zoom(double factor, double around) {
+  if (following_) {
+    span_ = NearestSpan(span_ * factor, newest_);
+    view_ = NewestView(newest_, span_);
+  } else {
+    view_ = ZoomedView(view_, factor, around, newest_);
+  }
+}
+
+void ChartScroll::Step(double share) {
+  const double way = share * view_.Span();
+  LookAt({view_.from + way, view_.to + way});
+}
+
+void ChartScroll::ZoomAtMiddle(double factor) { Zoom(factor, (view_.from + view_.to) / 2); }
 
 double TickStep(double span, int most) {
   const auto fits = [&](double step) { return span < step * (most + 1); };

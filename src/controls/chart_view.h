@@ -30,6 +30,49 @@ ChartView NearestView(const ChartView& wanted, double newest);
 // The view `factor` times as wide, as far as it may be, in which the time `around` stands where it stood.
 ChartView ZoomedView(const ChartView& view, double factor, double around, double newest);
 
+// What a chart shows while its strip grows. It follows the newest sample until the operator looks at
+// something else; from then on samples leave the view alone, until it is told to follow again.
+class ChartScroll {
+ public:
+  // `span`: how wide the view is when it begins to follow.
+  explicit ChartScroll(double span);
+
+  const ChartView& View() const { return view_; }
+  bool Following() const { return following_; }
+
+  // Tells the time of the newest sample.
+  void Extend(double newest);
+
+  // Shows the newest samples and goes on with each one to come.
+  void Follow();
+  // Lets the view stand where it is.
+  void Stop() { following_ = false; }
+
+  // Shows what the operator wants to see. Unless that is what is followed anyway, following ends.
+  void LookAt(const ChartView& wanted);
+
+  // Half a view towards the first sample, or towards the newest.
+  void Earlier();
+  void Later();
+  // All samples.
+  void Everything();
+  // Half as much around the middle, or twice as much.
+  void ZoomIn();
+  void ZoomOut();
+  // `factor` times as much around a time. A view that follows goes on following, with another width.
+  void Zoom(double factor, double around);
+
+ private:
+  void Step(double share);
+  void ZoomAtMiddle(double factor);
+
+  double first_span_;
+  double span_;  // while it follows
+  double newest_ = 0;
+  bool following_ = true;
+  ChartView view_;
+};
+
 // The round time from one tick to the next that gives a view about `most` ticks, and never two more.
 double TickStep(double span, int most);
 

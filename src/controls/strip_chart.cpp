@@ -4,7 +4,6 @@
 #include <qcustomplot.h>
 
 #include <QEvent>
-#include <QHBoxLayout>
 #include <QLocale>
 #include <QScopedValueRollback>
 #include <QShortcut>
@@ -12,6 +11,7 @@
 #include <cmath>
 #include <limits>
 
+#include "controls/chart_bar.h"
 #include "controls/tones.h"
 
 namespace dosmara {
@@ -25,8 +25,6 @@ constexpr double kMarkSize = 6;
 constexpr double kDotWidth = 3;
 constexpr double kMarkRoom = 2 * kMarkSize;  // from one point to the next for marks to be drawn, and for dots
 constexpr double kDotRoom = 1;
-constexpr double kStep = 0.5;        // of a view, from one press of Earlier to the next
-constexpr double kZoom = 2;          // of one press of Zoom in
 constexpr double kWheelZoom = 1.25;  // of one step of the wheel
 constexpr double kWheelStep = 120;   // what the wheel tells for it
 constexpr double kLabelRoom = 1.3;   // widths of a time from one tick to the next
@@ -42,54 +40,33 @@ constexpr QSize kSmallestPlot(480, 220);
 constexpr QCPScatterStyle::ScatterShape kMarks[] = {QCPScatterStyle::ssDisc, QCPScatterStyle::ssSquare,
                                                     QCPScatterStyle::ssTriangle};
 
-// The keys that do what the buttons behind Follow do, as their tool tips tell them.
-constexpr const char* kKeys[] = {"\u2190", "\u2192", "+", "-", "Home"};
-
-// Ticks of elapsed time, "mm:ss"; an hour has sixty minutes more.
-class ElapsedTicker : public QCPAxisTickerTime {
+// A ticker of the library with a given number of minor ticks between two others.
+template <typename Ticker>
+class WithMinorTicks : public Ticker {
  public:
-  explicit ElapsedTicker(const StripChartSetup& setup)
-      : most_(setup.time_ticks), minor_ticks_(setup.minor_ticks) {
-    setTimeFormat("%m:%s");
-  }
+  explicit WithMinorTicks(int count) : count_(count) {}
 
-  // Leaves so much room between two ticks that their times do not run into each other.
-  void SetRoom(int ticks) { setTickCount(std::clamp(ticks, 1, most_)); }
+ protected:
+  int getSubTickCount(double /*tickStep*/) override { return count_; }
+
+ private:
+  int count_;
+};
+
+// Ticks of elapsed time at round times.
+class ElapsedTicker : public WithMinorTicks<QCPAxisTickerTime> {
+ public:
+  using WithMinorTicks::WithMinorTicks;
 
   QString TextOf(double time) { return getTickLabel(time, {}, {}, 0); }
 
  protected:
   double getTickStep(const QCPRange& range) override { return TickStep(range.size(), tickCount()); }
-  int getSubTickCount(double /*tickStep*/) override { return minor_ticks_; }
-
- private:
-  int most_;
-  int minor_ticks_;
-};
-
-// Ticks at fixed values.
-class ValueTicker : public QCPAxisTickerFixed {
- public:
-  explicit ValueTicker(const StripChartSetup& setup) : minor_ticks_(setup.minor_ticks) {
-    setTickOrigin(setup.low);
-    setTickStep((setup.high - setup.low) / (setup.value_ticks - 1));
-  }
-
- protected:
-  int getSubTickCount(double /*tickStep*/) override { return minor_ticks_; }
-
- private:
-  int minor_ticks_;
 };
 
 // Whether sample `next` comes right behind sample `number`.
 bool Follows(std::int16_t number, std::int16_t next) {
   return static_cast<std::uint16_t>(next - number) == 1;
-}
-
-bool AreAlike(const ChartView& a, const ChartView& b) {
-  const double tolerance = 1e-6 * b.Span();
-  return std::abs(a.from - b.from) < tolerance && std::abs(a.to - b.to) < tolerance;
 }
 
 // A value as a screen reader tells it: to a tenth.
@@ -98,65 +75,36 @@ QString Spoken(double value) { return QLocale().toString(std::round(value * 10) 
 }  // namespace
 
 StripChart::StripChart(QWidget* parent, const StripChartSetup& setup)
-    : QWidget(parent), setup_(setup), span_(setup.span.count()) {
-  auto* layout = new QVBoxLayout(this);
-  layout->setContentsMargins({});
-  layout->addLayout(NewControls());
+    : QWidget(parent), setup_(setup), scroll_(setup.span.count()) {
+  bar_ = new ChartBar(this, scroll_);
+  connect(bar_, &ChartBar::Moved, this, &StripChart::ShowView);
   plot_ = new QCustomPlot(this);
   plot_->setMinimumSize(kSmallestPlot);
   plot_->setFocusPolicy(Qt::StrongFocus);
   plot_->installEventFilter(this);
-  layout->addWidget(plot_, 1);
   setFocusProxy(plot_);
-  new QShortcut(Qt::Key_Space, plot_, follow_, &QCheckBox::click, Qt::WidgetShortcut);
+  const auto* const space = new QShortcut(Qt::Key_Space, plot_, nullptr, nullptr, Qt::WidgetShortcut);
+  connect(space, &QShortcut::activated, this, [this] { SetFollowing(!Following()); });
+  auto* layout = new QVBoxLayout(this);
+  layout->setContentsMargins({});
+  layout->addWidget(bar_);
+  layout->addWidget(plot_, 1);
   SetUpAxes();
   AddChannels();
   Dress();
-  ShowView(NewestView(newest_time_, span_));
-}
-
-QLayout* StripChart::NewControls() {
-  auto* row = new QHBoxLayout;
-  follow_ = new QCheckBox(this);
-  follow_->setObjectName("Follow");
-  follow_->setChecked(following_);
-  connect(follow_, &QCheckBox::clicked, this, &StripChart::SetFollowing);
-  AddKey(Qt::Key_End, [this] { SetFollowing(true); });
-  row->addWidget(follow_);
-  const struct {
-    const char* name;
-    Qt::Key key;
-    std::function<void()> act;
-  } buttons[] = {
-      {"Earlier", Qt::Key_Left, [this] { Step(-kStep); }},
-      {"Later", Qt::Key_Right, [this] { Step(kStep); }},
-      {"ZoomIn", Qt::Key_Plus, [this] { Zoom(1 / kZoom); }},
-      {"ZoomOut", Qt::Key_Minus, [this] { Zoom(kZoom); }},
-      {"Everything", Qt::Key_Home, [this] { LookAt(WholeView(newest_time_, setup_.span.count())); }},
-  };
-  for (const auto& each : buttons) {
-    auto* button = new QPushButton(this);
-    button->setObjectName(each.name);
-    connect(button, &QPushButton::clicked, this, each.act);
-    AddKey(each.key, each.act);
-    row->addWidget(button);
-    buttons_.push_back(button);
-  }
-  row->addStretch();
-  return row;
-}
-
-// A key that acts wherever the focus is on the chart.
-void StripChart::AddKey(Qt::Key key, const std::function<void()>& act) {
-  connect(new QShortcut(key, this, nullptr, nullptr, Qt::WidgetWithChildrenShortcut), &QShortcut::activated,
-          this, act);
+  ShowView();
 }
 
 void StripChart::SetUpAxes() {
   plot_->axisRect()->setupFullAxesBox();
-  const QSharedPointer<ElapsedTicker> times(new ElapsedTicker(setup_));
+  const QSharedPointer<ElapsedTicker> times(new ElapsedTicker(setup_.minor_ticks));
+  times->setTimeFormat("%m:%s");  // an hour has sixty minutes more
   plot_->xAxis->setTicker(times);
-  plot_->yAxis->setTicker(QSharedPointer<ValueTicker>(new ValueTicker(setup_)));
+  const QSharedPointer<WithMinorTicks<QCPAxisTickerFixed>> values(
+      new WithMinorTicks<QCPAxisTickerFixed>(setup_.minor_ticks));
+  values->setTickOrigin(setup_.low);
+  values->setTickStep((setup_.high - setup_.low) / (setup_.value_ticks - 1));
+  plot_->yAxis->setTicker(values);
   plot_->yAxis->setRange(setup_.low, setup_.high);
   for (QCPAxis* axis : {plot_->xAxis, plot_->yAxis}) {
     axis->setTickLength(0, kTickLength);
@@ -168,20 +116,25 @@ void StripChart::SetUpAxes() {
     axis->setTicks(false);
   }
   connect(plot_, &QCustomPlot::beforeReplot, this, [this, times] {
-    const QString last = times->TextOf(plot_->xAxis->range().upper);
-    times->SetRoom(static_cast<int>(Width() / (kLabelRoom * fontMetrics().horizontalAdvance(last))));
+    // So much room between two ticks that their times do not run into each other.
+    const int width = fontMetrics().horizontalAdvance(times->TextOf(View().to));
+    times->setTickCount(std::clamp(static_cast<int>(Width() / (kLabelRoom * width)), 1, setup_.time_ticks));
     ChooseMarks();
+    plot_->setBufferDevicePixelRatio(devicePixelRatioF());  // the window may have come to another screen
   });
   plot_->setInteraction(QCP::iRangeDrag);
   plot_->axisRect()->setRangeDrag(Qt::Horizontal);
-  connect(plot_->xAxis, qOverload<const QCPRange&>(&QCPAxis::rangeChanged), this, [this] {
-    if (!moving_) {
-      LookAt(View());  // the mouse has moved it
-    }
-  });
+  connect(plot_->xAxis, qOverload<const QCPRange&>(&QCPAxis::rangeChanged), this,
+          [this](const QCPRange& range) {
+            if (!moving_) {  // the mouse has moved it
+              scroll_.LookAt({range.lower, range.upper});
+              ShowView();
+            }
+          });
   connect(plot_, &QCustomPlot::mouseWheel, this, [this](const QWheelEvent* event) {
-    Zoom(std::pow(kWheelZoom, -event->angleDelta().y() / kWheelStep),
-         plot_->xAxis->pixelToCoord(event->position().x()));
+    scroll_.Zoom(std::pow(kWheelZoom, -event->angleDelta().y() / kWheelStep),
+                 plot_->xAxis->pixelToCoord(event->position().x()));
+    ShowView();
   });
 }
 
@@ -199,6 +152,8 @@ void StripChart::AddChannels() {
   plot_->setPlottingHint(QCP::phFastPolylines);  // else wide lines take a tenth of a second
   plot_->legend->setFillOrder(QCPLegend::foColumnsFirst);
   plot_->legend->setVisible(true);
+  // Nothing is drawn apart from all else, so no layer needs pixels of its own.
+  plot_->layer("overlay")->setMode(QCPLayer::lmLogical);
 }
 
 // The width of the samples' field, before it is laid out anew.
@@ -210,11 +165,10 @@ double StripChart::Width() const {
 // Points are marked as far as there is room between them: where they are many, their marks would hide the
 // line, and drawing them would take longer than all else.
 void StripChart::ChooseMarks() {
-  const QCPRange range = plot_->xAxis->range();
   int points = 1;  // in sight, of the channel that has the most
   for (const Channel& channel : channels_) {
     const auto held = channel.graph->data();
-    points = std::max(points, static_cast<int>(held->findEnd(range.upper) - held->findBegin(range.lower)));
+    points = std::max(points, static_cast<int>(held->findEnd(View().to) - held->findBegin(View().from)));
   }
   const double room = Width() / points;
   for (std::size_t n = 0; n < channels_.size(); ++n) {
@@ -276,12 +230,9 @@ void StripChart::AddSample(std::int16_t number, std::chrono::duration<double> ti
     points->add({time.count(), *values[n]});
     channel.last_number = number;
   }
-  newest_time_ = time.count();
-  if (following_) {
-    ShowView(NewestView(newest_time_, span_));
-  }
+  scroll_.Extend(time.count());
+  ShowView();
   TellValues();
-  Redraw();
 }
 
 void StripChart::SetCaptions(const StripChartCaptions& captions) {
@@ -291,31 +242,14 @@ void StripChart::SetCaptions(const StripChartCaptions& captions) {
   for (std::size_t n = 0; n < channels_.size(); ++n) {
     channels_[n].graph->setName(captions_.channels.value(static_cast<int>(n)));
   }
-  const auto caption = [this](QAbstractButton& button, int n, const char* keys) {
-    button.setText(captions_.controls.value(n));
-    button.setToolTip(QStringLiteral("%1  [%2]").arg(button.text(), QString::fromUtf8(keys)));
-  };
-  caption(*follow_, 0, "Space, End");
-  for (std::size_t n = 0; n < buttons_.size(); ++n) {
-    caption(*buttons_[n], static_cast<int>(n) + 1, kKeys[n]);
-  }
+  bar_->SetCaptions(captions_.controls);
   TellValues();
   Redraw();
 }
 
 void StripChart::SetFollowing(bool following) {
-  following_ = following;
-  follow_->setChecked(following);
-  if (following) {
-    span_ = setup_.span.count();
-    ShowView(NewestView(newest_time_, span_));
-    Redraw();
-  }
-}
-
-ChartView StripChart::View() const {
-  const QCPRange range = plot_->xAxis->range();
-  return {range.lower, range.upper};
+  following ? scroll_.Follow() : scroll_.Stop();
+  ShowView();
 }
 
 std::vector<std::vector<QPointF>> StripChart::Lines(int channel) const {
@@ -351,46 +285,11 @@ bool StripChart::eventFilter(QObject* watched, QEvent* event) {
   return QWidget::eventFilter(watched, event);
 }
 
-// The screen that the chart is shown on may be finer than the one that it was made on.
-void StripChart::showEvent(QShowEvent* event) {
-  QWidget::showEvent(event);
-  plot_->setBufferDevicePixelRatio(devicePixelRatioF());
-}
-
-void StripChart::ShowView(const ChartView& view) {
+void StripChart::ShowView() {
+  bar_->ShowFollowing();
   const QScopedValueRollback guard(moving_, true);
-  plot_->xAxis->setRange(view.from, view.to);
-}
-
-// Shows what the operator wants to see. Unless that is what is followed anyway, following ends.
-void StripChart::LookAt(const ChartView& view) {
-  const ChartView shown = NearestView(view, newest_time_);
-  if (following_ && !AreAlike(shown, NewestView(newest_time_, span_))) {
-    SetFollowing(false);
-  }
-  ShowView(shown);
+  plot_->xAxis->setRange(View().from, View().to);
   Redraw();
-}
-
-void StripChart::Step(double share) {
-  const ChartView view = View();
-  LookAt({view.from + share * view.Span(), view.to + share * view.Span()});
-}
-
-void StripChart::Zoom(double factor) {
-  const ChartView view = View();
-  Zoom(factor, (view.from + view.to) / 2);
-}
-
-// A view that follows goes on following, with another width.
-void StripChart::Zoom(double factor, double around) {
-  if (following_) {
-    span_ = NearestSpan(span_ * factor, newest_time_);
-    ShowView(NewestView(newest_time_, span_));
-    Redraw();
-  } else {
-    LookAt(ZoomedView(View(), factor, around, newest_time_));
-  }
 }
 
 // Tells the newest values to a screen reader, in words.

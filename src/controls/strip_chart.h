@@ -2,15 +2,12 @@
 // A chart of measurements over elapsed time, as a recorder writes it on its strip.
 #pragma once
 
-#include <QCheckBox>
 #include <QColor>
 #include <QPointF>
-#include <QPushButton>
 #include <QStringList>
 #include <QWidget>
 #include <chrono>
 #include <cstdint>
-#include <functional>
 #include <optional>
 #include <span>
 #include <vector>
@@ -21,6 +18,8 @@ class QCPGraph;
 class QCustomPlot;
 
 namespace dosmara {
+
+class ChartBar;
 
 // What tells one chart from another.
 struct StripChartSetup {
@@ -63,13 +62,13 @@ class StripChart : public QWidget {
   const StripChartCaptions& Captions() const { return captions_; }
   void SetCaptions(const StripChartCaptions& captions);
 
-  bool Following() const { return following_; }
+  bool Following() const { return scroll_.Following(); }
   // Shows the newest samples in a view of the chart's own width and goes on with each one to come; or lets
   // the view stand where it is.
   void SetFollowing(bool following);
 
   // The stretch of time in sight.
-  ChartView View() const;
+  const ChartView& View() const { return scroll_.View(); }
 
   // The lines of a channel, each with the points that it joins: seconds and value.
   std::vector<std::vector<QPointF>> Lines(int channel) const;
@@ -79,7 +78,6 @@ class StripChart : public QWidget {
  protected:
   void changeEvent(QEvent* event) override;
   bool eventFilter(QObject* watched, QEvent* event) override;
-  void showEvent(QShowEvent* event) override;
 
  private:
   struct Channel {
@@ -88,31 +86,22 @@ class StripChart : public QWidget {
     std::optional<double> newest;             // its value in the newest sample
   };
 
-  QLayout* NewControls();
-  void AddKey(Qt::Key key, const std::function<void()>& act);
   void SetUpAxes();
   void AddChannels();
   double Width() const;
   void ChooseMarks();
   void Dress();
-  void ShowView(const ChartView& view);
-  void LookAt(const ChartView& view);
-  void Step(double share);
-  void Zoom(double factor);
-  void Zoom(double factor, double around);
+  void ShowView();
   void TellValues();
   void Redraw();
 
   StripChartSetup setup_;
   StripChartCaptions captions_;
+  ChartBar* bar_;
   QCustomPlot* plot_;
-  QCheckBox* follow_;
-  std::vector<QPushButton*> buttons_;
   std::vector<Channel> channels_;
-  bool following_ = true;
+  ChartScroll scroll_;
   bool moving_ = false;  // the chart itself changes its view
-  double span_;          // of the view while it follows
-  double newest_time_ = 0;
 };
 
 }  // namespace dosmara

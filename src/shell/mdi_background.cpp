@@ -8,18 +8,20 @@
 
 namespace dosmara {
 
-MdiBackground::MdiBackground() {
+MdiBackground::MdiBackground() : picture_(Drawing(":/art/background.svg")) {
   setObjectName("MDIBackground1");
   setHorizontalScrollBarPolicy(Qt::ScrollBarAsNeeded);
   setVerticalScrollBarPolicy(Qt::ScrollBarAsNeeded);
 }
 
+// The picture covers the area, whatever its shape. It is so plain that painting it takes half a millisecond,
+// while its pixels would take as much memory as all else in the window.
 void MdiBackground::paintEvent(QPaintEvent* /*event*/) {
-  const QSize size = viewport()->size();
-  if (picture_.size() != size * devicePixelRatioF()) {
-    picture_ = Picture(":/art/background.svg", size, devicePixelRatioF(), Qt::KeepAspectRatioByExpanding);
-  }
-  QPainter(viewport()).drawPixmap(0, 0, picture_);
+  const QSizeF size = viewport()->size();
+  QRectF place({}, QSizeF(picture_->defaultSize()).scaled(size, Qt::KeepAspectRatioByExpanding));
+  place.moveCenter(viewport()->rect().toRectF().center());
+  QPainter painter(viewport());
+  picture_->render(&painter, place);
 }
 
 }  // namespace dosmara

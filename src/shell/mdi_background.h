@@ -3,7 +3,8 @@
 #pragma once
 
 #include <QMdiArea>
-#include <QPixmap>
+#include <QSvgRenderer>
+#include <memory>
 
 namespace dosmara {
 
@@ -15,7 +16,7 @@ class MdiBackground : public QMdiArea {
   void paintEvent(QPaintEvent* event) override;
 
  private:
-  QPixmap picture_;  // for the size that the area has now
+  std::unique_ptr<QSvgRenderer> picture_;
 };
 
 }  // namespace dosmara

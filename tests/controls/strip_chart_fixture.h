@@ -7,6 +7,7 @@
 
 #include <QApplication>
 #include <QTest>
+#include <algorithm>
 #include <vector>
 
 #include "controls/strip_chart.h"
@@ -90,8 +91,10 @@ class StripChartTest : public testing::Test {
   int PixelsOf(const QColor& colour, double from, double to) {
     const QImage picture = plot().grab().toImage();
     const QRect samples = plot().axisRect()->rect();
+    const int first = static_cast<int>(std::max<double>(Pixel(from), samples.left()));
+    const int last = static_cast<int>(std::min<double>(Pixel(to), samples.right()));
     int count = 0;
-    for (int x = static_cast<int>(Pixel(from)); x <= static_cast<int>(Pixel(to)); ++x) {
+    for (int x = first; x <= last; ++x) {
       for (int y = samples.top(); y <= samples.bottom(); ++y) {
         count += picture.pixelColor(x, y) == colour ? 1 : 0;
       }

@@ -42,6 +42,13 @@ TEST_F(StripChartTest, LookingElsewhereStopsFollowing) {
   }
 }
 
+TEST_F(StripChartTest, EverythingIsAMinuteAtLeast) {
+  AddMany(3);
+  Press(Qt::Key_Plus);
+  Press(Qt::Key_Home);
+  ExpectView(-0.5, 59.5);
+}
+
 TEST_F(StripChartTest, NewSamplesLeaveAViewAloneThatDoesNotFollow) {
   AddMany(116);
   Press(Qt::Key_Left);

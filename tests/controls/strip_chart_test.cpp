@@ -21,6 +21,7 @@ TEST_F(StripChartTest, DrawsItsChannelsOnBlackWithALimeGrid) {
   EXPECT_GT(PixelsOf({0, 0, 255}, 0, 40), 40);
   EXPECT_GT(PixelsOf({0, 255, 0}, 0, 59), 1000);
   EXPECT_GT(PixelsOf({0, 0, 0}, 0, 59), 200'000);
+  EXPECT_EQ(plot().yAxis->grid()->zeroLinePen().style(), Qt::NoPen) << "its grid has one colour";
   EXPECT_GE(plot().graph(1)->pen().widthF(), 2) << "blue on black is faint";
 }
 
@@ -36,6 +37,12 @@ TEST_F(StripChartTest, HasTwelveTicksOfTimeWheneverItFollows) {
     AddMany(1);
     EXPECT_EQ(plot().xAxis->tickVector().size(), 12) << n;
   }
+}
+
+TEST_F(StripChartTest, HasNoMoreThanTwelveTicksOfTimeHoweverWideItIs) {
+  chart_.resize(2500, 540);
+  Draw();
+  EXPECT_EQ(plot().xAxis->tickVector().size(), 12);
 }
 
 TEST_F(StripChartTest, TicksTheValuesEveryTenFromEndToEnd) {
@@ -98,6 +105,18 @@ TEST_F(StripChartTest, DrawsOnceForEachSample) {
   Add(90, 5);
   Draw();
   EXPECT_EQ(drawn, 32) << "all that has changed, at once";
+}
+
+TEST_F(StripChartTest, KeepsThePixelsOfOneLayerOnly) {
+  for (int n = 0; n < plot().layerCount(); ++n) {
+    EXPECT_EQ(plot().layer(n)->mode(), QCPLayer::lmLogical) << plot().layer(n)->name().toStdString();
+  }
+}
+
+TEST_F(StripChartTest, DrawsAsFineAsItsScreen) {
+  plot().setBufferDevicePixelRatio(3);
+  AddMany(1);
+  EXPECT_EQ(plot().bufferDevicePixelRatio(), chart_.devicePixelRatioF());
 }
 
 TEST_F(StripChartTest, KeepsEverySample) {
@@ -164,6 +183,11 @@ TEST_F(StripChartTest, MarksItsPointsWhereThereIsRoomForMarks) {
   AddMany(2000);
   Press(Qt::Key_Home);
   EXPECT_EQ(shape(0), QCPScatterStyle::ssNone);
+  EXPECT_TRUE(plot().plottingHints().testFlag(QCP::phFastPolylines));
+  EXPECT_FALSE(plot().graph(0)->antialiased()) << "that would take half of the time of a sample";
+  chart_.SetFollowing(true);
+  Draw();
+  EXPECT_TRUE(plot().graph(0)->antialiased());
 }
 
 TEST_F(StripChartTest, TheNumberOfASampleGoesOnBehindItsLargest) {

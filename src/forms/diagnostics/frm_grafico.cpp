@@ -59,12 +59,12 @@ FrmGrafico::FrmGrafico()
   timer_->setTimerType(Qt::PreciseTimer);  // samples are drawn four seconds apart, so they had better be
   connect(timer_, &QTimer::timeout, this, &FrmGrafico::Sample);
   const auto store = [](int& presence) { return [&presence](double value) { presence = LowBits(value); }; };
-  Watch(kMainBoard, GateRecord(kHotDrinks), store(Presenza1));
-  Watch(kMainBoard, GateRecord(kZeth), store(Presenza2));
-  Watch(kMainBoard, GateRecord(kZeth2), store(Presenza3));
-  Watch(kHotDrinks, kBoilerTemperature, [this](double value) { Caldaia = value; });
   WatchTank(kZeth, Offset2, Zeth1);
   WatchTank(kZeth2, Offset3, Zeth2);
+  Watch(kMainBoard, GateRecord(kZeth), store(Presenza2));
+  Watch(kMainBoard, GateRecord(kHotDrinks), store(Presenza1));
+  Watch(kMainBoard, GateRecord(kZeth2), store(Presenza3));
+  Watch(kHotDrinks, kBoilerTemperature, [this](double value) { Caldaia = value; });
 }
 
 // A temperature that comes before its offset is not known yet.
