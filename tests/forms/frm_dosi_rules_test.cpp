@@ -1,53 +1,15 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// FrmDosi's own rules: opening, gate, selections, heads and dependants, tests, entry, closing.
+// FrmDosi's own rules: opening, gate, selections, heads and dependants, entry, closing.
 #include <QAbstractButton>
 #include <QApplication>
 #include <QTest>
 
 #include "controls/echo_mark.h"
-#include "forms/form_fixture.h"
+#include "forms/dosi_fixture.h"
 #include "link/identification.h"
 
 namespace dosmara {
 namespace {
-
-constexpr int kRowRecords[] = {148, 170, 280, 368, 302, 390, 192, 324, 412, 214, 346, 236, 434, 563};
-constexpr int kBitRecords[] = {34, 35, 36, 38, 39, 40, 42, 43, 44, 589, 590, 591};
-
-class FrmDosiTest : public FormFixture {
- protected:
-  void Open() { FormFixture::Open("FrmDosi"); }
-
-  // Everything has arrived and the machine allows changes.
-  void OpenLoaded(int value = 7) {
-    Open();
-    Arrive(0, 312, 4);
-    for (const int record : kBitRecords) Arrive(1, record, 0);
-    for (const int record : kRowRecords) Arrive(1, record, value);
-  }
-
-  // A row is open when its bar can be moved and its box typed into.
-  bool RowOpen(int n) {
-    EXPECT_EQ(Enabled(Element("scrDosi", n)), Shown(Element("txtVal", n))) << "row " << n;
-    return Enabled(Element("scrDosi", n));
-  }
-
-  // What is enabled on a form that is closed to changes: nothing.
-  void ExpectAllGrey() {
-    for (const char* name :
-         {"Command1(0)", "Command1(1)", "Command1(2)", "Label11(0)", "Label11(21)", "HScroll7", "SwitchX1(0)",
-          "SwitchX1(3)", "Label8(0)", "Label8(3)", "cmdProva(0)", "cmdProva(4)"}) {
-      EXPECT_FALSE(Enabled(name)) << name;
-    }
-    for (int n = 0; n < 14; ++n) {
-      EXPECT_FALSE(RowOpen(n)) << n;
-      EXPECT_FALSE(Enabled(Element("lblDes", n))) << n;
-      EXPECT_FALSE(Enabled(Element("lblVal", n))) << n;
-    }
-  }
-};
-
-using Writes = std::vector<Write>;
 
 TEST_F(FrmDosiTest, OpensGreyOnTheFirstSelection) {
   Open();
@@ -268,17 +230,6 @@ TEST_F(FrmDosiTest, AModelBelow25HasNoDecaffeinatedDelay) {
   EXPECT_EQ(LabelText("lblVal(13)"), "0.7");
 }
 
-TEST_F(FrmDosiTest, AModelBelow21HasNoPartTests) {
-  for (const int model : {20, 21}) {
-    ModelCode = static_cast<std::int16_t>(model);
-    OpenLoaded();
-    Arrive(1, 170, 9);
-    EXPECT_TRUE(RowOpen(2));
-    for (int n = 0; n < 5; ++n) EXPECT_EQ(Enabled(Element("cmdProva", n)), model == 21) << n;
-    Close();
-  }
-}
-
 TEST_F(FrmDosiTest, TheDisplayWaitsForTheMachine) {
   OpenLoaded();
   auto& echo = *form().findChildren<EchoMark*>().front();
@@ -299,120 +250,6 @@ TEST_F(FrmDosiTest, NoughtOnAWaterRowComesBackAsOff) {
   EXPECT_EQ(Written(), (Writes{{1, 148, 0}}));
   Arrive(1, 148, 0);
   EXPECT_EQ(LabelText("lblVal(0)"), "OFF");
-}
-
-TEST_F(FrmDosiTest, TheCommandFollowsTheEchoOfTheSelection) {
-  OpenLoaded();
-  Click("Label11(21)");
-  Click("Command1(2)");
-  EXPECT_EQ(Written(), (Writes{{0, 315, 22}}));
-  ExpectAllGrey();
-  EXPECT_TRUE(Running("Timer1"));
-  Arrive(0, 315, 22);
-  EXPECT_EQ(Written(), (Writes{{0, 314, 2}}));
-}
-
-TEST_F(FrmDosiTest, ASelectionThatHasNotReachedTheMachineIsNotTested) {
-  OpenLoaded();
-  Click("Label11(21)");
-  for (const char* button : {"Command1(2)", "cmdProva(1)"}) {
-    Click(button);
-    Written();
-    Arrive(0, 315, 7);  // the machine's old one: the line has lost the write
-    EXPECT_EQ(Written(), Writes{});
-    Fire(button == std::string("cmdProva(1)") ? "Timer3" : "Timer1");
-  }
-}
-
-TEST_F(FrmDosiTest, AMachineThatDoesNotStartGivesTheFormBack) {
-  OpenLoaded();
-  Click("Command1(0)");
-  Fire("Timer1");
-  EXPECT_FALSE(Running("Timer1"));
-  EXPECT_TRUE(Enabled("Command1(0)"));
-  EXPECT_TRUE(RowOpen(0));
-  Arrive(0, 315, 1);
-  EXPECT_EQ(Written(), (Writes{{0, 314, 0}, {0, 315, 1}}));
-}
-
-TEST_F(FrmDosiTest, AStartedDrinkEndsWithTheStatus) {
-  OpenLoaded();
-  Click("Command1(0)");
-  Arrive(0, 317, 2);
-  Fire("Timer1");
-  ExpectAllGrey();
-  EXPECT_FALSE(Running("Timer1"));
-  Arrive(0, 317, 2);
-  ExpectAllGrey();
-  Arrive(0, 317, 253);
-  EXPECT_TRUE(Enabled("Command1(2)"));
-  EXPECT_TRUE(RowOpen(0));
-}
-
-TEST_F(FrmDosiTest, ADrinkOfTheMachinesOwnEndsNoTest) {
-  OpenLoaded();
-  Arrive(0, 312, 0);
-  Arrive(0, 317, 2);
-  Arrive(0, 317, 0);
-  ExpectAllGrey();
-}
-
-TEST_F(FrmDosiTest, AStatusWithoutAStartEndsNoTest) {
-  OpenLoaded();
-  Click("Command1(0)");
-  Arrive(0, 317, 0);
-  ExpectAllGrey();
-}
-
-TEST_F(FrmDosiTest, APartTestEndsByItsTimerAlone) {
-  OpenLoaded();
-  Click("Label11(3)");
-  Arrive(1, 283, 25);
-  Click("cmdProva(0)");
-  EXPECT_EQ(Written(), (Writes{{0, 315, 3}, {0, 316, 66}}));
-  EXPECT_EQ(Find<QTimer>("Timer3").interval(), 3500);
-  ExpectAllGrey();
-  Arrive(0, 317, 2);
-  Arrive(0, 317, 0);
-  ExpectAllGrey();
-  Fire("Timer3");
-  EXPECT_FALSE(Running("Timer3"));
-  EXPECT_TRUE(Enabled("cmdProva(0)"));
-  EXPECT_TRUE(RowOpen(2));
-  Arrive(0, 317, 2);
-  Arrive(0, 312, 0);
-  Arrive(0, 317, 0);
-  ExpectAllGrey();
-}
-
-TEST_F(FrmDosiTest, AStartThatWasSeenEndsWithItsTest) {
-  OpenLoaded();
-  for (const char* test : {"Command1(1)", "cmdProva(0)"}) {
-    SCOPED_TRACE(test);
-    Click(test);
-    Arrive(0, 317, 2);
-    Arrive(0, 317, 0);
-    if (Running("Timer3")) Fire("Timer3");
-    EXPECT_TRUE(RowOpen(0));
-    Click("Command1(0)");
-    Arrive(0, 317, 0);
-    ExpectAllGrey();
-    Fire("Timer1");
-    EXPECT_TRUE(RowOpen(0));
-  }
-}
-
-TEST_F(FrmDosiTest, TheStatusEndsADrinkThatIsTestedAfterAPart) {
-  OpenLoaded();
-  Click("cmdProva(4)");
-  Fire("Timer3");
-  Click("Command1(2)");
-  Arrive(0, 317, 2);
-  Fire("Timer1");
-  ExpectAllGrey();
-  Arrive(0, 317, 0);
-  EXPECT_TRUE(Enabled("Command1(2)"));
-  EXPECT_TRUE(RowOpen(0));
 }
 
 TEST_F(FrmDosiTest, ABoxThatIsLeftForTheKeypadShowsWhatItsLabelShows) {
@@ -450,26 +287,6 @@ TEST_F(FrmDosiTest, ASwitchThatTheMachineDoesNotTakeSaysSoUntilItIsChangedAgain)
   EXPECT_EQ(mark(), EchoMark::State::kOnItsWay);
   Arrive(1, 34, 0);
   EXPECT_EQ(mark(), EchoMark::State::kTaken);
-}
-
-TEST_F(FrmDosiTest, APartWithoutTimeIsTestedForATenthOfASecond) {
-  OpenLoaded();
-  Arrive(1, 280, 0);
-  Click("cmdProva(0)");
-  EXPECT_EQ(Find<QTimer>("Timer3").interval(), 100);
-  Fire("Timer3");
-  Arrive(1, 280, 1);
-  Click("cmdProva(0)");
-  EXPECT_EQ(Find<QTimer>("Timer3").interval(), 1100);
-}
-
-TEST_F(FrmDosiTest, AfterATestTheFocusIsBackOnItsButton) {
-  OpenLoaded();
-  Focus("cmdProva(4)");
-  QTest::keyClick(&Find("cmdProva(4)"), Qt::Key_Space);
-  ExpectAllGrey();
-  Fire("Timer3");
-  EXPECT_TRUE(Find("cmdProva(4)").hasFocus());
 }
 
 TEST_F(FrmDosiTest, TheTabKeyFollowsTheRows) {
