@@ -1,6 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // FrmDosi's own rules: opening, gate, selections, heads and dependants, entry, closing.
-#include <QAbstractButton>
 #include <QApplication>
 #include <QTest>
 
