@@ -199,11 +199,19 @@ TEST_F(InOutDrinksTest, AWishThatDoesNotComeTrueInTimeIsNotTakenUnlessItComesLat
   Start();
   Click("SwitchLed1(5)");
   EXPECT_EQ(Find<QTimer>("Patience").interval(), 5000);
+  EXPECT_TRUE(Running("Patience"));
   Fire("Patience");
   EXPECT_EQ(Mark(), State::kNotTaken);
+  EXPECT_FALSE(Running("Patience"));
   Arrive(1, 547, 0);
   EXPECT_EQ(Mark(), State::kNotTaken);
   Arrive(1, 547, 32);
+  EXPECT_EQ(Mark(), State::kTaken);
+  Fire("Timer1");
+  Click("SwitchLed1(5)");
+  Fire("Patience");
+  EXPECT_EQ(Mark(), State::kNotTaken);
+  Arrive(1, 547, 0);
   EXPECT_EQ(Mark(), State::kTaken);
 }
 

@@ -240,6 +240,20 @@ TEST_F(InOutTest, TheTestIsOnWhenAllBoardsReportIt) {
   EXPECT_TRUE(Enabled("Command1"));
 }
 
+TEST_F(InOutTest, TheTestStaysOnInAnotherLanguage) {
+  InTest(1, 1, 1);
+  for (const int line : {318, 320}) CaptionTable[line] = "neu " + QString::number(line);
+  form().InitMessaggi();
+  EXPECT_EQ(Find<QPushButton>("Command1").text(), "neu 318");
+  EXPECT_EQ(LabelText("Label7"), "neu 320");
+  EXPECT_EQ(Colour(), 65280);
+}
+
+TEST_F(InOutTest, OneBitOfTheStatusTellsTheTest) {
+  InTest(3, 129, 255);
+  EXPECT_EQ(LabelText("Label7"), "#320");
+}
+
 TEST_F(InOutTest, TheTestIsOffWhenOneBoardHasLeftIt) {
   for (const std::pair<int, int>& status : {std::pair(1, 541), std::pair(2, 290), std::pair(3, 290)}) {
     InTest(1, 1, 1);
@@ -354,10 +368,10 @@ TEST_F(InOutTest, TimeUpOpensAllInSilenceAndForgetsWhatIsWaitedFor) {
   EXPECT_FALSE(Running("Timer1"));
   ExpectOpen(true);
   EXPECT_EQ(Written(), Writes{});
-  Arrive(0, 312, 0);  // what closes now would open with the end of a write
-  for (const int value : {1, 1}) Arrive(1, 547, value);
-  EXPECT_FALSE(Enabled("SwitchLed1(0)"));
-  Arrive(0, 312, 4);
+  InTest(0, 0, 0);  // what closes now would open with the end of a write
+  Arrive(1, 547, 1);
+  ExpectOpen(false);
+  InTest(1, 1, 1);
   for (const char* press : {"SwitchLed3(0)", "SwitchLed4", "SwitchLed5(9)", "SwitchLed6"}) {
     Click(press);
     Fire("Timer1");
@@ -382,6 +396,20 @@ TEST_F(InOutTest, TheFocusWaitsForTheButton) {
   Focus("SwitchLed3(7)");
   InTest(0, 0, 0);
   EXPECT_FALSE(Find("Command1").hasFocus());
+}
+
+TEST_F(InOutTest, TheFocusComesBackToTheButtonFromTheFrameOfTheWindow) {
+  Present(4, 4, 4);
+  QTest::keyClick(&Find("Command1"), Qt::Key_Space);
+  form().parentWidget()->setFocus();
+  ASSERT_EQ(QApplication::focusWidget(), form().parentWidget());
+  InTest(1, 1, 1);
+  EXPECT_TRUE(Find("Command1").hasFocus());
+}
+
+TEST_F(InOutTest, TheFocusBeginsOnTheButtonAlsoWhereTheTestIsOnAlready) {
+  InTest(1, 1, 1);
+  EXPECT_TRUE(Find("Command1").hasFocus());
 }
 
 TEST_F(InOutTest, EachGroupIsOneStopOfTab) {
