@@ -419,6 +419,24 @@ TEST_F(InOutTest, EachGroupIsOneStopOfTab) {
                                                      "SwitchLed5(0)", "SwitchLed6", "Command1"}));
 }
 
+TEST_F(InOutTest, TabLeavesAGroupFromAnyOfItsSwitches) {
+  Start();
+  struct Step {
+    const char* from;
+    const char* next;
+    const char* back;
+  };
+  for (const Step& step : {Step{"SwitchLed1(9)", "SwitchLed3(0)", "Command1"},
+                           Step{"SwitchLed3(47)", "SwitchLed4", "SwitchLed1(0)"},
+                           Step{"SwitchLed5(20)", "SwitchLed6", "SwitchLed4"}}) {
+    Focus(step.from);
+    EXPECT_EQ(TabThrough(1), (std::vector<std::string>{step.next}));
+    Focus(step.from);
+    QTest::keyClick(&Find(step.from), Qt::Key_Backtab, Qt::ShiftModifier);
+    EXPECT_EQ(QApplication::focusWidget()->objectName().toStdString(), step.back) << step.from;
+  }
+}
+
 TEST_F(InOutTest, ArrowsMoveInsideAGroup) {
   Start();
   Focus("SwitchLed1(0)");
