@@ -6,6 +6,7 @@
 
 #include <QAccessible>
 #include <QApplication>
+#include <QKeyEvent>
 #include <QLineEdit>
 #include <QTest>
 #include <QVBoxLayout>
@@ -26,6 +27,12 @@ TEST(NeighbourOf, PrefersTheNearestRowAndInItTheNearestButton) {
                                       QRect(0, 60, 20, 20)};
   EXPECT_EQ(NeighbourOf(buttons, 0, Qt::Key_Down), 2);
   EXPECT_EQ(NeighbourOf(buttons, 0, Qt::Key_Right), 0);
+}
+
+TEST(NeighbourOf, TakesNoButtonOfItsOwnRowForTheNextOne) {
+  const std::vector<QRect> buttons = {QRect(0, 0, 20, 20), QRect(40, 3, 20, 20)};
+  EXPECT_EQ(NeighbourOf(buttons, 0, Qt::Key_Down), 0);
+  EXPECT_EQ(NeighbourOf(buttons, 0, Qt::Key_Right), 1);
 }
 
 // A keypad between two boxes.
@@ -156,6 +163,14 @@ TEST_F(KeypadKeysTest, SpaceAndEnterPress) {
   Press(Qt::Key_Right);
   Press(Qt::Key_Enter);
   EXPECT_EQ(pressed_, (std::vector<int>{3, 3, 3}));
+}
+
+TEST_F(KeypadKeysTest, EnterThatIsHeldDownPressesOnce) {
+  keypad_->Key(3).setFocus();
+  Press(Qt::Key_Return);
+  QKeyEvent again(QEvent::KeyPress, Qt::Key_Return, Qt::NoModifier, "\r", true);
+  QApplication::sendEvent(&keypad_->Key(3), &again);
+  EXPECT_EQ(pressed_, (std::vector<int>{3}));
 }
 
 TEST_F(KeypadKeysTest, AnArrowPressesNothing) {
