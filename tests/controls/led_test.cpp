@@ -274,6 +274,25 @@ TEST_F(MatrixPadTest, LiesInSixRowsOfEightWithItsCaptionsBelow) {
   }
 }
 
+TEST_F(MatrixPadTest, NumbersItsRowsAtTheLeftAndItsColumnsAtTheTop) {
+  std::vector<int> rows(6);
+  std::vector<int> columns(8);
+  for (const QLabel* label : pad_->findChildren<QLabel*>()) {
+    const QPoint place = label->geometry().center();
+    for (int n = 0; n < 48; ++n) {
+      const QRect each = pad_->Switch(n).geometry();
+      if (place.x() < each.left() && place.y() >= each.top() && place.y() <= each.bottom()) {
+        rows[n / 8] = label->text().toInt();
+      }
+      if (place.y() < pad_->Switch(0).y() && place.x() >= each.left() && place.x() <= each.right()) {
+        columns[n % 8] = label->text().toInt();
+      }
+    }
+  }
+  EXPECT_EQ(rows, (std::vector<int>{1, 2, 3, 4, 5, 6}));
+  EXPECT_EQ(columns, (std::vector<int>{1, 2, 3, 4, 5, 6, 7, 8}));
+}
+
 TEST_F(MatrixPadTest, IsOneStopOfTabWithArrowsInside) {
   Press(Qt::Key_Tab);
   EXPECT_TRUE(pad_->Switch(0).hasFocus());

@@ -307,5 +307,23 @@ TEST(StateLabel, ShowsItsColourInADiscInFrontOfAReadableWord) {
   }
 }
 
+TEST(StateLabel, AnotherColourIsPaintedAtOnce) {
+  struct Counter : QObject {
+    bool eventFilter(QObject*, QEvent* event) override {
+      paintings += event->type() == QEvent::Paint ? 1 : 0;
+      return false;
+    }
+    int paintings = 0;
+  };
+  StateLabel label(nullptr);
+  label.show();
+  QApplication::processEvents();
+  Counter counter;
+  label.installEventFilter(&counter);
+  label.SetColour(65280);
+  QApplication::processEvents();
+  EXPECT_EQ(counter.paintings, 1);
+}
+
 }  // namespace
 }  // namespace dosmara

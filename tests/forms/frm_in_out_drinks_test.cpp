@@ -83,7 +83,8 @@ TEST_F(InOutDrinksTest, TheCommandFollowsTheThirdImage) {
   Start();
   Click("SwitchLed1(2)");
   Written();
-  for (const int record : {536, 537, 539, 535}) Arrive(1, record, 4);
+  Arrive(1, 536, 4);
+  for (const int record : {537, 539, 535}) Arrive(1, record, 0);
   Arrive(2, 538, 0);
   EXPECT_EQ(Written(), Writes{});
   Arrive(1, 538, 0);
@@ -91,6 +92,27 @@ TEST_F(InOutDrinksTest, TheCommandFollowsTheThirdImage) {
   Arrive(1, 538, 0);
   Arrive(1, 536, 0);
   EXPECT_EQ(Written(), Writes{});
+}
+
+TEST_F(InOutDrinksTest, NothingIsSwitchedByAnImageThatHasBeenLostOnItsWay) {
+  Start();
+  for (int lost = 536; lost <= 538; ++lost) {
+    AllOff();
+    Click("SwitchLed1(5)");
+    Written();
+    for (int record = 536; record <= 538; ++record) {
+      const int image = record == 536 ? 32 : 0;
+      Arrive(1, record, record == lost ? 60 : image);  // what the board has held before
+    }
+    EXPECT_EQ(Written(), Writes{}) << lost;
+    ExpectOpen(false);
+    Fire("Timer1");
+  }
+  AllOff();
+  Click("SwitchLed1(5)");
+  Written();
+  for (int record = 536; record <= 538; ++record) Arrive(1, record, record == 536 ? 32 : 0);
+  EXPECT_EQ(Written(), (Writes{{1, 535, 2}}));
 }
 
 TEST_F(InOutDrinksTest, TheFirstZethUnitIsSentToIdleAndTheSecondIsLeftAlone) {
@@ -199,11 +221,19 @@ TEST_F(InOutDrinksTest, AWishThatDoesNotComeTrueInTimeIsNotTakenUnlessItComesLat
   Start();
   Click("SwitchLed1(5)");
   EXPECT_EQ(Find<QTimer>("Patience").interval(), 5000);
+  EXPECT_TRUE(Running("Patience"));
   Fire("Patience");
   EXPECT_EQ(Mark(), State::kNotTaken);
+  EXPECT_FALSE(Running("Patience"));
   Arrive(1, 547, 0);
   EXPECT_EQ(Mark(), State::kNotTaken);
   Arrive(1, 547, 32);
+  EXPECT_EQ(Mark(), State::kTaken);
+  Fire("Timer1");
+  Click("SwitchLed1(5)");
+  Fire("Patience");
+  EXPECT_EQ(Mark(), State::kNotTaken);
+  Arrive(1, 547, 0);
   EXPECT_EQ(Mark(), State::kTaken);
 }
 

@@ -240,6 +240,20 @@ TEST_F(InOutTest, TheTestIsOnWhenAllBoardsReportIt) {
   EXPECT_TRUE(Enabled("Command1"));
 }
 
+TEST_F(InOutTest, TheTestStaysOnInAnotherLanguage) {
+  InTest(1, 1, 1);
+  for (const int line : {318, 320}) CaptionTable[line] = "neu " + QString::number(line);
+  form().InitMessaggi();
+  EXPECT_EQ(Find<QPushButton>("Command1").text(), "neu 318");
+  EXPECT_EQ(LabelText("Label7"), "neu 320");
+  EXPECT_EQ(Colour(), 65280);
+}
+
+TEST_F(InOutTest, OneBitOfTheStatusTellsTheTest) {
+  InTest(3, 129, 255);
+  EXPECT_EQ(LabelText("Label7"), "#320");
+}
+
 TEST_F(InOutTest, TheTestIsOffWhenOneBoardHasLeftIt) {
   for (const std::pair<int, int>& status : {std::pair(1, 541), std::pair(2, 290), std::pair(3, 290)}) {
     InTest(1, 1, 1);
@@ -355,10 +369,10 @@ TEST_F(InOutTest, TimeUpOpensAllInSilenceAndForgetsWhatIsWaitedFor) {
   EXPECT_FALSE(Running("Timer1"));
   ExpectOpen(true);
   EXPECT_EQ(Written(), Writes{});
-  Arrive(0, 312, 0);  // what closes now would open with the end of a write
-  for (const int value : {1, 1}) Arrive(1, 547, value);
-  EXPECT_FALSE(Enabled("SwitchLed1(0)"));
-  Arrive(0, 312, 4);
+  InTest(0, 0, 0);  // what closes now would open with the end of a write
+  Arrive(1, 547, 1);
+  ExpectOpen(false);
+  InTest(1, 1, 1);
   for (const char* press : {"SwitchLed3(0)", "SwitchLed4", "SwitchLed5(9)", "SwitchLed6"}) {
     Click(press);
     Fire("Timer1");
@@ -385,11 +399,43 @@ TEST_F(InOutTest, TheFocusWaitsForTheButton) {
   EXPECT_FALSE(Find("Command1").hasFocus());
 }
 
+TEST_F(InOutTest, TheFocusComesBackToTheButtonFromTheFrameOfTheWindow) {
+  Present(4, 4, 4);
+  QTest::keyClick(&Find("Command1"), Qt::Key_Space);
+  form().parentWidget()->setFocus();
+  ASSERT_EQ(QApplication::focusWidget(), form().parentWidget());
+  InTest(1, 1, 1);
+  EXPECT_TRUE(Find("Command1").hasFocus());
+}
+
+TEST_F(InOutTest, TheFocusBeginsOnTheButtonAlsoWhereTheTestIsOnAlready) {
+  InTest(1, 1, 1);
+  EXPECT_TRUE(Find("Command1").hasFocus());
+}
+
 TEST_F(InOutTest, EachGroupIsOneStopOfTab) {
   Start();
   Focus("Command1");
   EXPECT_EQ(TabThrough(6), (std::vector<std::string>{"SwitchLed1(0)", "SwitchLed3(0)", "SwitchLed4",
                                                      "SwitchLed5(0)", "SwitchLed6", "Command1"}));
+}
+
+TEST_F(InOutTest, TabLeavesAGroupFromAnyOfItsSwitches) {
+  Start();
+  struct Step {
+    const char* from;
+    const char* next;
+    const char* back;
+  };
+  for (const Step& step : {Step{"SwitchLed1(9)", "SwitchLed3(0)", "Command1"},
+                           Step{"SwitchLed3(47)", "SwitchLed4", "SwitchLed1(0)"},
+                           Step{"SwitchLed5(20)", "SwitchLed6", "SwitchLed4"}}) {
+    Focus(step.from);
+    EXPECT_EQ(TabThrough(1), (std::vector<std::string>{step.next}));
+    Focus(step.from);
+    QTest::keyClick(&Find(step.from), Qt::Key_Backtab, Qt::ShiftModifier);
+    EXPECT_EQ(QApplication::focusWidget()->objectName().toStdString(), step.back) << step.from;
+  }
 }
 
 TEST_F(InOutTest, ArrowsMoveInsideAGroup) {

@@ -104,16 +104,40 @@ TEST_P(InOutZeth, ItsTwinAndTheHotDrinksUnitAreSentToIdle) {
 TEST_P(InOutZeth, TheCommandFollowsRowAndColumnInEitherOrder) {
   Start();
   for (const int first : {285, 286}) {
-    Click(Sector(first - 285));
+    const int column = first - 285;
+    Click(Sector(column));
     Written();
-    Arrive(node(), first, 1);
+    Arrive(node(), first, first == 285 ? 1 : 1 << column);
     EXPECT_EQ(Written(), Writes{});
-    Arrive(node(), 571 - first, 1);
+    Arrive(node(), 571 - first, first == 285 ? 1 << column : 1);
     EXPECT_EQ(Written(), (Writes{{node(), 284, 2}}));
     Arrive(node(), first, 1);
     EXPECT_EQ(Written(), Writes{});
     Fire("Timer1");
   }
+}
+
+TEST_P(InOutZeth, NothingIsSwitchedByARowOrColumnThatHasBeenLostOnItsWay) {
+  Start();
+  for (const std::pair<int, int>& held : {std::pair(60, 4), std::pair(2, 128)}) {
+    for (const bool row_first : {true, false}) {
+      Click(Sector(10));
+      Written();
+      if (row_first) Arrive(node(), 285, held.first);
+      Arrive(node(), 286, held.second);
+      if (!row_first) Arrive(node(), 285, held.first);
+      EXPECT_EQ(Written(), Writes{});
+      ExpectOpen(false);
+      Fire("Timer1");
+      Click(Sector(11));  // so that the sector is no second one
+      Fire("Timer1");
+    }
+  }
+  Click(Sector(10));
+  Written();
+  Arrive(node(), 285, 2);
+  Arrive(node(), 286, 4);
+  EXPECT_EQ(Written(), (Writes{{node(), 284, 2}}));
 }
 
 TEST_P(InOutZeth, AWriteClosesAllSwitchesAndIsDoneByTheSecondEqualReadBack) {

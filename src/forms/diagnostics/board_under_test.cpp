@@ -53,15 +53,19 @@ std::optional<bool> DrinksUnderTest::Wish(int i, bool on) {
   image = on ? image | output.mask : image & ~output.mask;
   Attesa[output.image] = true;
   for (int n = 0; n < kImages; ++n) {
-    PutRecord(node(), kFirstWanted + n, *Uscite[n]);
+    written_[n] = *Uscite[n];
+    PutRecord(node(), kFirstWanted + n, written_[n]);
   }
   Comando = kDriveCommand;
   return on;
 }
 
-void DrinksUnderTest::TakeEcho(int record) {
-  const bool mode = Comando == kModeCommand && record == kFirstWanted;
-  const bool drive = Comando == kDriveCommand && record == kLastThatMatters;
+void DrinksUnderTest::TakeEcho(int image, double value) {
+  if (Comando == kDriveCommand && LowBits(value) != written_[image]) {
+    Comando = 0;
+  }
+  const bool mode = Comando == kModeCommand && image == 0;
+  const bool drive = Comando == kDriveCommand && image == kLastThatMatters;
   if (mode || drive) {
     PutRecord(node(), kDrinksCommand, Comando);
     Comando = 0;
@@ -93,6 +97,7 @@ void ZethUnderTest::OpenSwitches(bool open) {
 }
 
 void ZethUnderTest::Write(int row, int column) {
+  written_ = {row, column};
   PutRecord(node(), WantedOf(node()).first, row);
   PutRecord(node(), WantedOf(node()).first + 1, column);
   Comando = kDriveCommand;
@@ -122,7 +127,10 @@ std::optional<bool> ZethUnderTest::WishCompressor(bool on) {
   return on;
 }
 
-void ZethUnderTest::TakeEcho() {
+void ZethUnderTest::TakeEcho(int n, double value) {
+  if (Comando == kDriveCommand && LowBits(value) != written_[n]) {
+    Comando = 0;
+  }
   const Records wanted = WantedOf(node());
   const bool mode = Comando == kModeCommand && ParamIsFresh(wanted.first, node());
   const bool drive = Comando == kDriveCommand && AllFresh(wanted);

@@ -56,8 +56,9 @@ class DrinksUnderTest : public BoardUnderTest {
   // Writes all images with output i on or off, and returns that. Writes and returns nothing while any image
   // is unknown.
   std::optional<bool> Wish(int i, bool on);
-  // The echo of one of the images: the command follows the data.
-  void TakeEcho(int record);
+  // The echo of one of the images: the command follows the data. An image that comes back as it was not
+  // written has been lost on its way; the board holds an older one, and is not told to switch by that.
+  void TakeEcho(int image, double value);
   // Shows an image that has been read back. Returns whether a write is done by it.
   bool TakeReadBack(int image, double value);
 
@@ -69,6 +70,7 @@ class DrinksUnderTest : public BoardUnderTest {
   // Records 536 to 539: as they are to be, and whether their read-back is waited for.
   std::array<std::optional<int>, in_out::kImages> Uscite;
   std::array<bool, in_out::kImages> Attesa{};
+  std::array<int, in_out::kImages> written_{};
 };
 
 // Nodes 2 and 3: a matrix of sectors, one of which can be on, and a compressor, which is a bit of the row.
@@ -89,8 +91,8 @@ class ZethUnderTest : public BoardUnderTest {
   std::optional<bool> WishSector(int i, std::uint16_t& last);
   // Writes the compressor on or off, with the sector as it is; else as above.
   std::optional<bool> WishCompressor(bool on);
-  // The echo of row or column: the command follows the data.
-  void TakeEcho();
+  // The echo of row (0) or column (1), else as above: the command follows the data.
+  void TakeEcho(int n, double value);
   void TakeOffset(double value);
   void TakeTemperature(double value);
   void TakeRow(double value);
@@ -109,6 +111,7 @@ class ZethUnderTest : public BoardUnderTest {
   std::optional<int> Riga;
   std::optional<int> Colonna;
   std::optional<int> RigaNuova;
+  std::array<int, 2> written_{};
   bool AttesaSettore = false;
   bool AttesaCompr = false;
   std::optional<int> Offset;  // of the temperature, in degrees

@@ -51,8 +51,8 @@ void FrmInOut::Connect() {
 void FrmInOut::WatchDrinks() {
   Watch({kHotDrinks, kFirstReadBack, kImages},
         [this](int n, double value) { TakeReadBack(drinks_.TakeReadBack(n, value)); });
-  for (const int record : {kFirstWanted, kLastThatMatters}) {
-    Listen(kHotDrinks, record, [this, record](double) { drinks_.TakeEcho(record); });
+  for (int n = 0; n <= kLastThatMatters; ++n) {
+    Listen(kHotDrinks, kFirstWanted + n, [this, n](double value) { drinks_.TakeEcho(n, value); });
   }
 }
 
@@ -64,7 +64,7 @@ void FrmInOut::WatchZeth(ZethUnderTest& unit) {
   Watch(node, kColumn, [this, &unit](double value) { TakeReadBack(unit.TakeColumn(value)); });
   const Records wanted = WantedOf(node);
   for (int n = 0; n < wanted.count; ++n) {
-    Listen(node, wanted.first + n, [&unit](double) { unit.TakeEcho(); });
+    Listen(node, wanted.first + n, [&unit, n](double value) { unit.TakeEcho(n, value); });
   }
 }
 

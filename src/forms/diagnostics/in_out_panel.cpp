@@ -139,7 +139,6 @@ QGroupBox* InOutPanel::LayOutDrinks() {
     outputs->setColumnStretch(column + 1, 1);
   }
   auto* boiler = new QHBoxLayout;
-  boiler_->setParent(drinks_.outputs);
   boiler->addWidget(NewCaption(boiler_, "iAnalogX1", "Label6", 283));
   boiler->addWidget(boiler_);
   boiler->addStretch();
@@ -171,7 +170,6 @@ QGroupBox* InOutPanel::LayOutZeth(ZethUnderTest& unit, const ZethControls& contr
   compressor->addWidget(NewCaption(led_switch, controls.compressor, controls.compressor_caption, 323));
   line->addWidget(unit.compressor);
   line->addStretch();
-  unit.temperature->setParent(unit.frame);
   line->addWidget(NewCaption(unit.temperature, controls.temperature, controls.temperature_caption, 322));
   line->addWidget(unit.temperature);
   layout->addLayout(line);

@@ -28,8 +28,8 @@ inline constexpr int kFirstWanted = 536;
 inline constexpr int kDrinksStatus = 541;
 inline constexpr int kBoilerTemperature = 542;
 inline constexpr int kFirstReadBack = 547;
-// With its echo the data that matter have arrived.
-inline constexpr int kLastThatMatters = 538;
+// With the echo of this image the data that matter have arrived.
+inline constexpr int kLastThatMatters = 2;
 
 // A Zeth unit.
 inline constexpr int kTankOffset = 52;  // stored with 5 added

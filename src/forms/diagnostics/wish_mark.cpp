@@ -40,7 +40,7 @@ void WishMark::Sent(const LedSwitch& target, const QGroupBox& group, bool on) {
 
 // A wish that comes true late is taken after all.
 void WishMark::Look() {
-  if (target_ == nullptr || !target_->IsKnown() || target_->IsOn() != on_) {
+  if (target_ == nullptr || target_->IsOn() != on_) {
     return;
   }
   if (mark_->state() == EchoMark::State::kNotTaken) {

@@ -7,14 +7,15 @@ namespace dosmara {
 
 namespace {
 
-// Puts the controls of `layout` behind `last`, and returns the last of them.
+// Puts the controls of `layout` behind `last`, and returns the last of them. Buttons that only a click gives
+// the focus to are among them: Tab goes on from where the arrow keys have led.
 QWidget* Append(QLayout& layout, QWidget* last) {
   for (int i = 0; i < layout.count(); ++i) {
     QWidget* const widget = layout.itemAt(i)->widget();
     QLayout* const inner = widget != nullptr ? widget->layout() : layout.itemAt(i)->layout();
     if (inner != nullptr) {
       last = Append(*inner, last);
-    } else if (widget != nullptr && (widget->focusPolicy() & Qt::TabFocus) != 0) {
+    } else if (widget != nullptr && widget->focusPolicy() != Qt::NoFocus) {
       QWidget::setTabOrder(last, widget);
       last = widget;
     }
