@@ -28,6 +28,12 @@ TEST(NeighbourOf, PrefersTheNearestRowAndInItTheNearestButton) {
   EXPECT_EQ(NeighbourOf(buttons, 0, Qt::Key_Right), 0);
 }
 
+TEST(NeighbourOf, TakesNoButtonOfItsOwnRowForTheNextOne) {
+  const std::vector<QRect> buttons = {QRect(0, 0, 20, 20), QRect(40, 3, 20, 20)};
+  EXPECT_EQ(NeighbourOf(buttons, 0, Qt::Key_Down), 0);
+  EXPECT_EQ(NeighbourOf(buttons, 0, Qt::Key_Right), 1);
+}
+
 // A keypad between two boxes.
 class KeypadKeysTest : public testing::Test {
  protected:
