@@ -153,8 +153,7 @@ void FrmDosi::SendSelection(int selection) {
   PutRecord(kMainBoard, kTestSelection, selection);
 }
 
-// A failing line loses a write and reads the machine's old selection in its place, which nobody has asked
-// for.
+// A failing line loses a write and reads the machine's old selection, for which nobody has asked.
 void FrmDosi::SendCommand(double selection) {
   if (TestCode == 0 || selection == TestedSelection) {
     PutRecord(kMainBoard, kTestCommand, TestCode);
