@@ -60,7 +60,7 @@ void PressTest(Tour& tour, QWidget& form, int line) {
              "the boards do not follow", kTestMs);
 }
 
-// Whether the lamps of a form are the bits of a record of the second board.
+// Whether the lamps of a form from one on are the bits of a record of the hot drinks unit's board.
 bool LampsShow(Tour& tour, QWidget& form, int first_lamp, int record) {
   const int bits = static_cast<int>(tour.machine().Get(kHotDrinks, record));
   for (int bit = 0; bit < 8; ++bit) {
@@ -88,6 +88,11 @@ void CloseBesideGraph(Tour& tour, QWidget& form) {
       }
     }
   });
+}
+
+// Whether the lamps of all valves, motors and mixers are as the machine runs them.
+bool AllLampsShow(Tour& tour, QWidget& form) {
+  return LampsShow(tour, form, 0, 547) && LampsShow(tour, form, 8, 548) && LampsShow(tour, form, 16, 549);
 }
 
 void PressKey(Tour& tour, QWidget& form, int key) {
@@ -132,7 +137,10 @@ void VisitUnit(Tour& tour, const char* entry, const char* name, int node, const 
 
 QWidget* StartGraph(Tour& tour) {
   QWidget* form = nullptr;
-  tour.Step("FrmGrafico opens", [&] { form = &tour.Open("smnuGrafico", "FrmGrafico"); });
+  tour.Step("FrmGrafico opens and is put aside", [&] {
+    form = &tour.Open("smnuGrafico", "FrmGrafico");
+    form->parentWidget()->showMinimized();
+  });
   return form;
 }
 
@@ -182,14 +190,14 @@ void VisitSchema(Tour& tour) {
   tour.Step("FrmSchema opens and shows a drink on its way", [&] {
     form = &tour.Open("ssmnuSchema", "FrmSchema");
     tour.Expect(tour.machine().Command("vend 1 paid").has_value(), "the machine sells nothing");
-    tour.Await([&] { return Runs(tour, kPump) && LampsShow(tour, *form, 0, 547); },
+    tour.Await([&] { return Runs(tour, kPump) && AllLampsShow(tour, *form); },
                "the lamps do not follow the machine", kDrinkMs);
     tour.Picture("schema");
     const auto& shown = tour.Control<SevenSegment>(*form, "iSevenSegmentAnalogX1");
     tour.Await([&] { return shown.Value() == tour.machine().Get(kHotDrinks, 542); },
                "the temperature does not follow", kTestMs);
-    tour.Await([&] { return !Runs(tour, kPump) && LampsShow(tour, *form, 0, 547); },
-               "the lamps do not go out", kDrinkMs);
+    tour.Await([&] { return !Runs(tour, kPump) && AllLampsShow(tour, *form); }, "the lamps do not go out",
+               kDrinkMs);
   });
   if (form != nullptr) {
     CloseBesideGraph(tour, *form);
