@@ -3,6 +3,7 @@
 
 #include <QApplication>
 #include <QKeyEvent>
+#include <QScrollArea>
 #include <cstdlib>
 #include <utility>
 
@@ -28,6 +29,19 @@ int NeighbourOf(const std::vector<QRect>& buttons, int from, Qt::Key arrow) {
   }
   return best;
 }
+
+namespace {
+
+// Scroll areas follow Tab by themselves, and no other way of the focus.
+void BringIntoSight(QWidget& button) {
+  for (QWidget* around = button.parentWidget(); around != nullptr; around = around->parentWidget()) {
+    if (auto* area = qobject_cast<QScrollArea*>(around)) {
+      area->ensureWidgetVisible(&button);
+    }
+  }
+}
+
+}  // namespace
 
 Pad::Pad(QWidget* parent) : QWidget(parent) {}
 
@@ -80,7 +94,9 @@ bool Pad::TakesKey(int button, const QKeyEvent& event) {
       for (const QAbstractButton* other : buttons_) {
         places.push_back(other->isEnabled() ? other->geometry() : QRect());
       }
-      buttons_[NeighbourOf(places, button, key)]->setFocus(Qt::OtherFocusReason);
+      QAbstractButton* next = buttons_[NeighbourOf(places, button, key)];
+      next->setFocus(Qt::OtherFocusReason);
+      BringIntoSight(*next);
       return true;
     }
     case Qt::Key_Return:

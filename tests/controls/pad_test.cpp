@@ -7,6 +7,7 @@
 #include <QAccessible>
 #include <QApplication>
 #include <QLineEdit>
+#include <QScrollArea>
 #include <QTest>
 #include <QVBoxLayout>
 #include <vector>
@@ -162,6 +163,22 @@ TEST_F(KeypadKeysTest, SpaceAndEnterPress) {
   Press(Qt::Key_Right);
   Press(Qt::Key_Enter);
   EXPECT_EQ(pressed_, (std::vector<int>{3, 3, 3}));
+}
+
+TEST_F(KeypadKeysTest, ArrowsScrollToWhereTheyLead) {
+  QScrollArea area;
+  auto* keypad = new Keypad(&area);
+  area.setWidget(keypad);
+  area.resize(120, 120);
+  area.show();
+  QApplication::setActiveWindow(&area);
+  keypad->Key(0).setFocus();
+  for (const Qt::Key arrow : {Qt::Key_Right, Qt::Key_Right, Qt::Key_Right, Qt::Key_Down, Qt::Key_Down}) {
+    Press(arrow);
+    const QWidget& key = *QApplication::focusWidget();
+    EXPECT_EQ(key.visibleRegion().boundingRect(), key.rect());
+  }
+  EXPECT_TRUE(keypad->Key(11).hasFocus());
 }
 
 TEST_F(KeypadKeysTest, EnterPressesOnceHoweverLongItIsHeld) {

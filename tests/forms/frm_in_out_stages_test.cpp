@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // The input and output test where things cross: commands that still stand, boards that come and go in the
 // middle of a write, and records that arrive in another order.
+#include <QApplication>
+
 #include "forms/in_out_fixture.h"
 
 namespace dosmara {
@@ -107,6 +109,17 @@ TEST_F(InOutStagesTest, AUnitThatVanishesDuringItsWriteClosesTheOthersNoLongerTh
     Arrive(0, gate, 4);
     ExpectOpen(true);
     EXPECT_EQ(LabelText("Label7"), "#320");
+  }
+}
+
+TEST_F(InOutStagesTest, AUnitThatVanishesHandsTheFocusToNoOtherSwitch) {
+  Start();
+  for (const bool writing : {false, true}) {
+    Focus("SwitchLed3(9)");
+    if (writing) PressEnter();
+    Arrive(0, 313, 0);
+    EXPECT_EQ(QApplication::focusWidget(), nullptr) << writing;
+    Arrive(0, 313, 4);
   }
 }
 
