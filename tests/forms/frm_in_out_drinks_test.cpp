@@ -205,7 +205,7 @@ TEST_F(InOutDrinksTest, TheMarkTellsWhatHasBecomeOfTheLastWish) {
   EXPECT_EQ(Mark(), State::kNone);
   Click("SwitchLed1(5)");
   EXPECT_EQ(Mark(), State::kOnItsWay);
-  EXPECT_EQ(LabelText("lblWish"), "#284\n#290");
+  EXPECT_EQ(LabelText("lblWish"), "#284: #110\n#290");
   Arrive(1, 547, 0);
   EXPECT_EQ(Mark(), State::kOnItsWay);
   Arrive(1, 547, 32);
@@ -214,7 +214,7 @@ TEST_F(InOutDrinksTest, TheMarkTellsWhatHasBecomeOfTheLastWish) {
   EXPECT_FALSE(Running("Patience"));
   CaptionTable[290] = "pompe";
   form().InitMessaggi();
-  EXPECT_EQ(LabelText("lblWish"), "#284\npompe");
+  EXPECT_EQ(LabelText("lblWish"), "#284: #110\npompe");
 }
 
 TEST_F(InOutDrinksTest, AWishThatDoesNotComeTrueInTimeIsNotTakenUnlessItComesLate) {

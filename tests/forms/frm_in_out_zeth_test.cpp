@@ -270,7 +270,7 @@ TEST_P(InOutZeth, TheMarkTellsWhatHasBecomeOfTheLastWish) {
   Start();
   Click(Sector(9));
   EXPECT_EQ(Mark(), State::kOnItsWay);
-  EXPECT_EQ(LabelText("lblWish"), std::string(unit().frame) + "\n#317 22");
+  EXPECT_EQ(LabelText("lblWish"), std::string(unit().frame) + ": #110\n#317 22");
   ReadBack(node(), 0, 0);
   EXPECT_EQ(Mark(), State::kOnItsWay);
   ReadBack(node(), 2, 2);
@@ -278,11 +278,12 @@ TEST_P(InOutZeth, TheMarkTellsWhatHasBecomeOfTheLastWish) {
   Fire("Timer1");
   Click(Sector(9));
   EXPECT_EQ(Mark(), State::kOnItsWay);
+  EXPECT_EQ(LabelText("lblWish"), std::string(unit().frame) + ": #109\n#317 22");
   ReadBack(node(), 0, 0);
   EXPECT_EQ(Mark(), State::kTaken);
   Fire("Timer1");
   Click(unit().compressor);
-  EXPECT_EQ(LabelText("lblWish"), std::string(unit().frame) + "\n#323");
+  EXPECT_EQ(LabelText("lblWish"), std::string(unit().frame) + ": #110\n#323");
   ReadBack(node(), 0, 0);
   EXPECT_EQ(Mark(), State::kOnItsWay);
   ReadBack(node(), 128, 0);

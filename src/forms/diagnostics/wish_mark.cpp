@@ -4,6 +4,9 @@
 #include <QHBoxLayout>
 #include <chrono>
 
+#include "forms/diagnostics/in_out_tables.h"
+#include "shell/caption_table.h"
+
 namespace dosmara {
 
 namespace {
@@ -52,7 +55,8 @@ void WishMark::Look() {
 
 void WishMark::SetCaptions() {
   if (target_ != nullptr) {
-    name_->setText(group_->title() + '\n' + target_->accessibleName());
+    const QString wish = Caption(on_ ? in_out::kOnLine : in_out::kOffLine);
+    name_->setText(group_->title() + ": " + wish + '\n' + target_->accessibleName());
   }
 }
 

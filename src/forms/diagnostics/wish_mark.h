@@ -11,8 +11,9 @@
 
 namespace dosmara {
 
-// The name of the switch that was pressed last, and a mark: on its way until the switch shows what was
-// wished, or not taken when it has not in time. Empty before the first wish.
+// The name of the switch that was pressed last and what was wished of it, which a unit's second press on a
+// dark sector makes off, and a mark: on its way until the switch shows it, or not taken when it has not in
+// time. Empty before the first wish.
 class WishMark : public QWidget {
  public:
   explicit WishMark(QWidget* parent);
@@ -21,7 +22,7 @@ class WishMark : public QWidget {
   void Sent(const LedSwitch& target, const QGroupBox& group, bool on);
   // Looks whether the switch shows what was wished. Called when something may have changed it.
   void Look();
-  // Names the switch in the language as it is now.
+  // Names the switch and the wish in the language as it is now.
   void SetCaptions();
 
  private:
