@@ -4,7 +4,8 @@
 // How long each form takes from the click to its opening for changes (0: it is never closed) and to the last
 // of its values, over a real pseudo-terminal, beside what the pace of the scan allows: a tick for each record
 // and one for each end of a node on the way. Then the memory of this process with all of them open, beside
-// that of a process with the least window that the toolkit can show.
+// that of a process with a window of one word. After 0 times it is that of a process which has done nothing
+// else; each form that was opened before leaves holes.
 #include <QAbstractButton>
 #include <QAction>
 #include <QApplication>
@@ -159,9 +160,10 @@ void Run(int times, const std::vector<const char*>& forms) {
 int main(int argc, char** argv) {
   QApplication app(argc, argv);
   const QStringList arguments = QApplication::arguments();
-  const int times = arguments.value(1).toInt();
+  bool counted = false;
+  const int times = arguments.value(1).toInt(&counted);
   const auto forms = dosmara::FormsToOpen(arguments.mid(2));
-  if (times <= 0 || forms.empty()) {
+  if (!counted || times < 0 || forms.empty()) {
     std::fputs("usage: bench_open TIMES [FORM...]\n", stderr);
     return 2;
   }

@@ -62,7 +62,7 @@ Qt::Alignment AlignmentOf(Beside side) {
 
 }  // namespace
 
-SchemaDrawing::SchemaDrawing(QWidget* parent) : QWidget(parent) {}
+SchemaDrawing::SchemaDrawing(QWidget* parent) : QWidget(parent), machine_(Drawing(":/art/machine.svg")) {}
 
 void SchemaDrawing::Add(Led* lamp, QLabel* caption, const LampPlace& place) {
   lamp->setParent(this);
@@ -171,13 +171,9 @@ void SchemaDrawing::PaintPlates(QPainter& painter) const {
 }
 
 void SchemaDrawing::paintEvent(QPaintEvent*) {
-  const QSize size = (kSchemaSize * Scale()).toSize();
-  if (picture_.size() != size * devicePixelRatioF()) {
-    picture_ = Picture(":/art/machine.svg", size, devicePixelRatioF());
-  }
   QPainter painter(this);
   painter.setRenderHint(QPainter::Antialiasing);
-  painter.drawPixmap(Origin(), picture_);
+  machine_->render(&painter, QRectF(Origin(), kSchemaSize * Scale()));
   PaintPlates(painter);
   painter.translate(Origin());
   painter.scale(Scale(), Scale());

@@ -3,8 +3,9 @@
 #pragma once
 
 #include <QLabel>
-#include <QPixmap>
+#include <QSvgRenderer>
 #include <QWidget>
+#include <memory>
 #include <vector>
 
 #include "controls/led.h"
@@ -57,10 +58,12 @@ class SchemaDrawing : public QWidget {
   void LayOut();
   void LayOutText(QLabel& label, QPointF at, Beside side, double width);
 
+  // Painted each time, which takes three milliseconds, and one for a lamp that changes; its pixels would take
+  // as much memory as a dozen forms.
+  std::unique_ptr<QSvgRenderer> machine_;
   std::vector<Lamp> lamps_;
   std::vector<Word> words_;
   std::vector<Instrument> instruments_;
-  QPixmap picture_;
 };
 
 }  // namespace dosmara
