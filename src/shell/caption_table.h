@@ -15,4 +15,7 @@ extern QString CaptionTable[kLastCaption + 1];
 // Line `line` of the language file; empty for a number outside the table.
 QString Caption(int line);
 
+// The same, or `otherwise` where the language has no word on that line: a file may be older than the line.
+QString CaptionOr(int line, const char* otherwise);
+
 }  // namespace dosmara

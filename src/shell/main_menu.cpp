@@ -67,8 +67,7 @@ void MainMenu::InitMessaggi() {
   const std::span<const MenuRow> rows = MenuTable();
   for (std::size_t i = 0; i < rows.size(); ++i) {
     if (rows[i].line != 0) {
-      const QString caption = Caption(rows[i].line);
-      captions_[i] = caption.isEmpty() ? rows[i].caption : caption;
+      captions_[i] = CaptionOr(rows[i].line, rows[i].caption);
     }
   }
   ShowCaptions();

@@ -90,8 +90,7 @@ void FrmGrafico::InitMessaggi() {
     captions.channels.append(Caption(line));
   }
   for (const auto& control : kControls) {
-    const QString word = Caption(control.line);
-    captions.controls.append(word.isEmpty() ? QString(control.otherwise) : word);
+    captions.controls.append(CaptionOr(control.line, control.otherwise));
   }
   chart_->SetCaptions(captions);
 }

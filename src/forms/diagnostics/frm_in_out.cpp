@@ -138,7 +138,7 @@ void FrmInOut::TakeStatus(BoardUnderTest& board, double value) {
   if (all != TestAttivo) {
     TestAttivo = all;
     OpenButton(true);
-    ShowState(all);
+    ShowState();
     OpenSwitches(all);
   }
 }

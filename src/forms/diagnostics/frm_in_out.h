@@ -38,7 +38,6 @@ class FrmInOut : public InOutPanel {
   void OpenButton(bool open);
 
   bool InAggiorna = false;  // the form itself changes controls: what a switch tells is no wish
-  bool TestAttivo = false;  // all boards that are there report test mode
   // The sector last switched on. There is one for both units: a click on the same sector of the other one
   // counts as the second.
   std::uint16_t UltimoSettore = ZethUnderTest::kNoSector;

@@ -116,8 +116,7 @@ void FrmOrologio::InitMessaggi() {
     Speak(time_[n], clock);
   }
   for (int n = 0; n < date_.size(); ++n) {
-    const QString unit = Caption(kDateUnitLines[n]);
-    date_[n].SetCaption(unit.isEmpty() ? kDateUnits[n] : unit);
+    date_[n].SetCaption(CaptionOr(kDateUnitLines[n], kDateUnits[n]));
     Speak(date_[n], clock);
   }
   for (const PointFrame& frame : kPointFrames) {

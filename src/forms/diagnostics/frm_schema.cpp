@@ -112,8 +112,8 @@ void FrmSchema::Load() {
 
 void FrmSchema::InitMessaggi() {
   DataForm::InitMessaggi();
-  const QString not_known = Caption(kNotKnown).isEmpty() ? kNotKnownOtherwise : Caption(kNotKnown);
-  const QString states = QStringList{Caption(kOff), Caption(kOn), not_known}.join(',');
+  const QStringList words = {Caption(kOff), Caption(kOn), CaptionOr(kNotKnown, kNotKnownOtherwise)};
+  const QString states = words.join(',');
   for (const Lamp& lamp : lamps_) {
     lamp.caption->setText(Caption(lamp.line));
     lamp.led->setAccessibleName(Caption(lamp.line));

@@ -137,9 +137,7 @@ void FrmTestZeth::LayOut() {
 
 void FrmTestZeth::InitMessaggi() {
   DataForm::InitMessaggi();
-  if (zero_->text().isEmpty()) {  // the language has no word for it
-    zero_->setText("Set zero motori");
-  }
+  zero_->setText(CaptionOr(window_.zero_line, "Set zero motori"));
   keypad_->setAccessibleName(Caption(window_.title_line));
 }
 

@@ -69,12 +69,11 @@ void InOutPanel::InitMessaggi() {
     }
   }
   mark_->SetCaptions();
-  ShowState(testing_);
+  ShowState();
 }
 
-void InOutPanel::ShowState(bool testing) {
-  testing_ = testing;
-  const State& state = testing ? kTesting : kNormal;
+void InOutPanel::ShowState() {
+  const State& state = TestAttivo ? kTesting : kNormal;
   button_->setText(Caption(state.button_line));
   state_->setText(Caption(state.line));
   state_->SetColour(state.colour);

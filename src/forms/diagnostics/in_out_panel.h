@@ -20,8 +20,10 @@ class InOutPanel : public DataForm {
   void InitMessaggi() override;
 
  protected:
-  // Tells whether the test is on, also in the language as it is now.
-  void ShowState(bool testing);
+  // Tells whether the test is on.
+  void ShowState();
+
+  bool TestAttivo = false;  // all boards that are there report test mode
 
   DrinksUnderTest drinks_;
   ZethUnderTest zeth_;
@@ -46,7 +48,6 @@ class InOutPanel : public DataForm {
   BitRows& inputs_;
   SevenSegment* boiler_;  // iAnalogX1
   StateLabel* state_;     // Label7
-  bool testing_ = false;
   std::vector<Instrument> instruments_;
 };
 
