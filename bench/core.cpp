@@ -98,7 +98,9 @@ void UnwantedArrival(benchmark::State& state) {
   OpenAllForms(area);
   std::vector<EmptyForm> empty_forms(FormList().size());
   std::vector<LoadedForm*> calls;
-  for (EmptyForm& form : empty_forms) calls.push_back(&form);
+  for (EmptyForm& form : empty_forms) {
+    calls.push_back(&form);
+  }
   NodeIndex = 1;
   const Bytes reply = {57, 1};
   const auto arrivals = [&] {
@@ -109,7 +111,9 @@ void UnwantedArrival(benchmark::State& state) {
   };
   const auto empty_calls = [&] {
     for (int i = 0; i < kRounds; ++i) {
-      for (LoadedForm* form : calls) form->SLabelChange(kUnwanted, 57);
+      for (LoadedForm* form : calls) {
+        form->SLabelChange(kUnwanted, 57);
+      }
       benchmark::ClobberMemory();
     }
   };
@@ -125,6 +129,8 @@ BENCHMARK(UnwantedArrival)->UseManualTime();
 int main(int argc, char** argv) {
   QApplication application(argc, argv);
   benchmark::Initialize(&argc, argv);
-  if (benchmark::ReportUnrecognizedArguments(argc, argv)) return 1;
+  if (benchmark::ReportUnrecognizedArguments(argc, argv)) {
+    return 1;
+  }
   benchmark::RunSpecifiedBenchmarks();
 }

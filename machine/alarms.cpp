@@ -24,14 +24,18 @@ void Alarms::Raise(std::uint32_t code) {
   const bool empty = board.Get(EntryAt(newest) + kCode) > kLargestAlarm;
   const int entry = empty ? newest : (newest + 1) % kEntries;
   int record = EntryAt(entry);
-  for (const int field : kClockRecords) board.Set(record++, calendar_.fitted() ? board.Get(field) : 0);
+  for (const int field : kClockRecords) {
+    board.Set(record++, calendar_.fitted() ? board.Get(field) : 0);
+  }
   board.Set(record, code);
   board.Set(kNewest, static_cast<std::uint32_t>(entry));
 }
 
 void Alarms::Clear() {
   for (int entry = 0; entry < kEntries; ++entry) {
-    for (int field = 0; field < kCode; ++field) boards_[0].Set(EntryAt(entry) + field, 0);
+    for (int field = 0; field < kCode; ++field) {
+      boards_[0].Set(EntryAt(entry) + field, 0);
+    }
     boards_[0].Set(EntryAt(entry) + kCode, kEmpty);
   }
   boards_[0].Set(kNewest, 0);

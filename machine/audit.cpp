@@ -36,9 +36,13 @@ constexpr Counters kCounters[] = {
 }  // namespace
 
 void Audit::OnWrite(int node, int record) {
-  if (node != 0 || record != kCommandRecord) return;
+  if (node != 0 || record != kCommandRecord) {
+    return;
+  }
   const std::uint32_t command = boards_[0].Get(kCommandRecord);
-  if (command != kClear && command != kClearAll) return;
+  if (command != kClear && command != kClearAll) {
+    return;
+  }
   clear_ = true;
   clear_all_ |= command == kClearAll;
   if (dispenser_.busy()) {
@@ -50,9 +54,13 @@ void Audit::OnWrite(int node, int record) {
 
 void Audit::ClearIfWanted() {
   const bool all = std::exchange(clear_all_, false);
-  if (!std::exchange(clear_, false)) return;
+  if (!std::exchange(clear_, false)) {
+    return;
+  }
   for (const Counters& counters : kCounters) {
-    if ((counters.for_life && !all) || !presence_.IsPresent(counters.node)) continue;
+    if ((counters.for_life && !all) || !presence_.IsPresent(counters.node)) {
+      continue;
+    }
     for (int n = counters.first; n <= counters.last; ++n) {
       boards_[static_cast<std::size_t>(counters.node)].Set(n, 0);
     }

@@ -10,7 +10,9 @@ namespace {
 void StoreLittleEndian(std::uint32_t value, Cell& cell) {
   cell.bytes.fill(0);
   const std::size_t width = std::min<std::size_t>(cell.address.length(), sizeof value);
-  for (std::size_t i = 0; i < width; ++i) cell.bytes[i] = static_cast<std::uint8_t>(value >> (8 * i));
+  for (std::size_t i = 0; i < width; ++i) {
+    cell.bytes[i] = static_cast<std::uint8_t>(value >> (8 * i));
+  }
 }
 
 }  // namespace
@@ -32,7 +34,9 @@ void Board::SetIdentity(const Identity& identity) {
                                                  {13, identity.type & 255},  {14, identity.type >> 8},
                                                  {17, identity.file_number}, {18, identity.model}};
   for (const auto& [entry, value] : entries) {
-    if (entry > identification_.size()) continue;
+    if (entry > identification_.size()) {
+      continue;
+    }
     cells_[identification_[entry - 1]].bytes[0] = static_cast<std::uint8_t>(value);
   }
 }
@@ -43,20 +47,28 @@ Cell* Board::Find(const Address& address) {
 }
 
 std::uint32_t Board::Get(int number) const {
-  if (!HasRecord(number)) return 0;
+  if (!HasRecord(number)) {
+    return 0;
+  }
   const Cell& cell = At(number);
   std::uint32_t value = 0;
-  for (std::size_t i = 0; i < sizeof value; ++i) value |= std::uint32_t{cell.bytes[i]} << (8 * i);
+  for (std::size_t i = 0; i < sizeof value; ++i) {
+    value |= std::uint32_t{cell.bytes[i]} << (8 * i);
+  }
   return value;
 }
 
 void Board::Set(int number, std::uint32_t value) {
-  if (!HasRecord(number)) return;
+  if (!HasRecord(number)) {
+    return;
+  }
   StoreLittleEndian(value, cells_[records_[static_cast<std::size_t>(number) - 1]]);
 }
 
 void Board::Add(int number, std::uint32_t amount) {
-  if (!HasRecord(number)) return;
+  if (!HasRecord(number)) {
+    return;
+  }
   const std::uint32_t value = Get(number);
   Set(number, value + std::min(amount, Largest(number) - value));
 }
@@ -67,7 +79,9 @@ std::uint32_t Board::Largest(int number) const {
 }
 
 bool Board::Register(const Cell& cell, std::vector<Index>& places) {
-  if (!by_address_.emplace(cell.address, cells_.size()).second) return false;
+  if (!by_address_.emplace(cell.address, cells_.size()).second) {
+    return false;
+  }
   places.push_back(cells_.size());
   cells_.push_back(cell);
   return true;

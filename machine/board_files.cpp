@@ -26,7 +26,9 @@ constexpr OwnSetting kSecondUnit[] = {{51, 266, 8},   // degrees wanted
 
 Bytes ReadWhole(const std::filesystem::path& path) {
   std::ifstream file(path, std::ios::binary);
-  if (!file) throw FileError(path.string() + ": cannot be read");
+  if (!file) {
+    throw FileError(path.string() + ": cannot be read");
+  }
   return Bytes(std::istreambuf_iterator<char>(file), {});
 }
 
@@ -47,22 +49,34 @@ Boards LoadBoards(const std::filesystem::path& directory) {
     const auto small_path = directory / kind.small_file;
     const Bytes small = ReadWhole(small_path);
     for (std::size_t row = 0; row < small.size() / kSmallRow; ++row) {
-      if (!boards[node].AddIdentification(AddressOf(&small[row * kSmallRow]))) RefuseRow(small_path, row);
+      if (!boards[node].AddIdentification(AddressOf(&small[row * kSmallRow]))) {
+        RefuseRow(small_path, row);
+      }
     }
     const auto full_path = directory / (std::string(kind.full_file) + ".inx");
     const Bytes full = ReadWhole(full_path);
-    if (full.empty()) throw FileError(full_path.string() + ": holds no records");
-    if (full.size() % kFullRow != 0) throw FileError(full_path.string() + ": ends within a record");
+    if (full.empty()) {
+      throw FileError(full_path.string() + ": holds no records");
+    }
+    if (full.size() % kFullRow != 0) {
+      throw FileError(full_path.string() + ": ends within a record");
+    }
     for (std::size_t row = 0; row < full.size() / kFullRow; ++row) {
       const std::uint8_t* bytes = &full[row * kFullRow];
       std::uint32_t value = 0;
-      for (int i = 0; i < 4; ++i) value |= std::uint32_t{bytes[5 + i]} << (8 * i);
-      if (!boards[node].AddRecord(AddressOf(bytes), value)) RefuseRow(full_path, row);
+      for (int i = 0; i < 4; ++i) {
+        value |= std::uint32_t{bytes[5 + i]} << (8 * i);
+      }
+      if (!boards[node].AddRecord(AddressOf(bytes), value)) {
+        RefuseRow(full_path, row);
+      }
     }
     boards[node].SetIdentity(kind.identity);
   }
   for (const OwnSetting& own : kSecondUnit) {
-    for (const int record : {own.record, own.mirror}) boards[3].Set(record, own.value);
+    for (const int record : {own.record, own.mirror}) {
+      boards[3].Set(record, own.value);
+    }
   }
   return boards;
 }

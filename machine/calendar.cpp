@@ -24,18 +24,28 @@ constexpr int kYear = 324;
 }  // namespace
 
 void Calendar::OnWrite(int node, int record) {
-  if (node != 0 || !fitted()) return;
+  if (node != 0 || !fitted()) {
+    return;
+  }
   for (const Field& field : kFields) {
-    if (record != field.wanted) continue;
+    if (record != field.wanted) {
+      continue;
+    }
     const std::uint32_t value = boards_[0].Get(record);
-    if (value < field.least || value > field.largest) return;
+    if (value < field.least || value > field.largest) {
+      return;
+    }
     boards_[0].Set(field.running, value);
-    if (field.running == kMinute) second_ = 0;
+    if (field.running == kMinute) {
+      second_ = 0;
+    }
   }
 }
 
 void Calendar::OnSecond() {
-  if (!fitted() || ++second_ < 60) return;
+  if (!fitted() || ++second_ < 60) {
+    return;
+  }
   second_ = 0;
   if (Step(kMinute, 0, 59) && Step(kHour, 0, 23) && Step(kDay, 1, DaysOfMonth()) && Step(kMonth, 1, 12)) {
     Step(kYear, 0, 99);
@@ -59,7 +69,9 @@ bool Calendar::Step(int record, std::uint32_t first, std::uint32_t last) {
 // All years of two digits that a multiple of four ends are leap years from 2000 on.
 std::uint32_t Calendar::DaysOfMonth() const {
   const std::uint32_t month = boards_[0].Get(kMonth);
-  if (month == 2) return boards_[0].Get(kYear) % 4 == 0 ? 29 : 28;
+  if (month == 2) {
+    return boards_[0].Get(kYear) % 4 == 0 ? 29 : 28;
+  }
   return month == 4 || month == 6 || month == 9 || month == 11 ? 30 : 31;
 }
 

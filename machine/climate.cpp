@@ -55,19 +55,27 @@ Climate::Climate(Boards& boards, const Defects& defects, Alarms& alarms)
 
 void Climate::OnSecond() {
   StepBoiler();
-  for (const int node : {2, 3}) StepTank(node);
+  for (const int node : {2, 3}) {
+    StepTank(node);
+  }
 }
 
 // A temperature set by hand is where the boiler or tank goes on from.
 void Climate::OnSet(int node, int record) {
-  if (node == 1 && record == kBoilerRecord) boiler_ = boards_[1].Get(record);
-  if (node < 2 || record != kRawRecord) return;
+  if (node == 1 && record == kBoilerRecord) {
+    boiler_ = boards_[1].Get(record);
+  }
+  if (node < 2 || record != kRawRecord) {
+    return;
+  }
   const auto raw = static_cast<std::int16_t>(boards_[static_cast<std::size_t>(node)].Get(record));
   TankOf(node).raw = raw / 256.0;
 }
 
 void Climate::OnServed(const Serving& serving) {
-  if (serving.kind != Serving::Kind::kDrink) return;
+  if (serving.kind != Serving::Kind::kDrink) {
+    return;
+  }
   boiler_ = std::max(kRoom, boiler_ - kDrawn * WaterOf(boards_[1], serving.index));
 }
 
@@ -85,9 +93,13 @@ void Climate::StepBoiler() {
   boiler_ = std::min(boiler_, kBoiling);
   board.Set(kBoilerRecord, static_cast<std::uint32_t>(std::max(0L, std::lround(boiler_))));
 
-  if (boiler_ > kOverheated && !too_hot_) alarms_.Raise(Alarm::kBoilerHot);
+  if (boiler_ > kOverheated && !too_hot_) {
+    alarms_.Raise(Alarm::kBoilerHot);
+  }
   too_hot_ = boiler_ > kOverheated;
-  if (boiler_ > wanted - kColdBand / 2) was_hot_ = true;
+  if (boiler_ > wanted - kColdBand / 2) {
+    was_hot_ = true;
+  }
   if (boiler_ < wanted - kColdBand && was_hot_) {
     was_hot_ = false;
     alarms_.Raise(Alarm::kBoilerCold);
@@ -117,7 +129,9 @@ void Climate::StepTank(int node) {
 bool Climate::CompressorWanted(int node, double temperature) const {
   const Board& board = boards_[static_cast<std::size_t>(node)];
   const std::uint32_t wanted = board.Get(kTankWanted);
-  if (wanted >= kTankOff || tanks_[static_cast<std::size_t>(node) - 2].defrosting > 0) return false;
+  if (wanted >= kTankOff || tanks_[static_cast<std::size_t>(node) - 2].defrosting > 0) {
+    return false;
+  }
   const bool on = CompressorOn(board);
   return temperature >= wanted + board.Get(kHysteresis) / 10.0 || (on && temperature > wanted);
 }

@@ -28,7 +28,9 @@ template <typename Predicate>
 std::string NodesWhere(Predicate holds) {
   std::string nodes;
   for (int node = 1; node < kNodeCount; ++node) {
-    if (holds(node)) nodes += (nodes.empty() ? "" : ",") + std::to_string(node);
+    if (holds(node)) {
+      nodes += (nodes.empty() ? "" : ",") + std::to_string(node);
+    }
   }
   return nodes.empty() ? "none" : nodes;
 }
@@ -49,18 +51,24 @@ std::string Console::Play(const std::string& path) {
 
 void Console::Add(std::string_view line) {
   const auto words = Words(line);
-  if (!words.empty() && words.front().front() != '#') lines_.emplace_back(line);
+  if (!words.empty() && words.front().front() != '#') {
+    lines_.emplace_back(line);
+  }
 }
 
 std::optional<std::string> Console::RunNext() {
-  if (lines_.empty() || machine_.now() < resumes_at_) return std::nullopt;
+  if (lines_.empty() || machine_.now() < resumes_at_) {
+    return std::nullopt;
+  }
   const std::string line = std::move(lines_.front());
   lines_.pop_front();
   return Execute(line);
 }
 
 std::optional<Time> Console::resumes_at() const {
-  if (lines_.empty()) return std::nullopt;
+  if (lines_.empty()) {
+    return std::nullopt;
+  }
   return resumes_at_;
 }
 
@@ -81,7 +89,9 @@ std::string Console::Test(Arguments arguments) {
   const std::uint32_t command = NumberIn("command", arguments[0], 2, 7);
   const std::uint32_t selection = NumberIn("selection", arguments[1], 0, 255);
   const std::uint32_t part = arguments.size() == 3 ? NumberIn("part", arguments[2], 0, 255) : 0;
-  if (machine_.dispenser().busy()) throw CommandError("the machine is dispensing");
+  if (machine_.dispenser().busy()) {
+    throw CommandError("the machine is dispensing");
+  }
   const std::pair<int, std::uint32_t> wanted[] = {
       {kSelectionRecord, selection}, {kPartRecord, part}, {kCommandRecord, command}};
   std::vector<std::pair<int, std::uint32_t>> before;
@@ -89,8 +99,12 @@ std::string Console::Test(Arguments arguments) {
     before.emplace_back(record, machine_.board(0).Get(record));
     machine_.Write(0, record, value);
   }
-  if (machine_.dispenser().busy()) return {};
-  for (const auto& [record, value] : before) machine_.board(0).Set(record, value);
+  if (machine_.dispenser().busy()) {
+    return {};
+  }
+  for (const auto& [record, value] : before) {
+    machine_.board(0).Set(record, value);
+  }
   throw CommandError("the machine does not start that");
 }
 
@@ -105,12 +119,16 @@ std::string Console::SetPresence(std::string_view node, bool present) {
 
 std::string Console::SetFault(Arguments arguments) {
   if (arguments.size() == 1) {
-    if (arguments[0] != "off") throw CommandError("a count, a rate such as 5%, or off is missing");
+    if (arguments[0] != "off") {
+      throw CommandError("a count, a rate such as 5%, or off is missing");
+    }
     machine_.faults().ClearAll();
     return {};
   }
   const auto fault = FaultByName(arguments[0]);
-  if (!fault) throw CommandError("no fault " + Quoted(arguments[0]) + ", try help fault");
+  if (!fault) {
+    throw CommandError("no fault " + Quoted(arguments[0]) + ", try help fault");
+  }
   std::string_view amount = arguments[1];
   if (amount == "off") {
     machine_.faults().SetCount(*fault, 0);
@@ -134,14 +152,22 @@ std::string Console::Restart(Arguments) {
 }
 
 std::string Console::Unplug(Arguments) {
-  if (!plug_.plugged()) throw CommandError("unplugged already");
-  if (const auto failure = plug_.Unplug(); !failure.empty()) throw CommandError(failure);
+  if (!plug_.plugged()) {
+    throw CommandError("unplugged already");
+  }
+  if (const auto failure = plug_.Unplug(); !failure.empty()) {
+    throw CommandError(failure);
+  }
   return {};
 }
 
 std::string Console::Replug(Arguments) {
-  if (plug_.plugged()) throw CommandError("plugged in already");
-  if (const auto failure = plug_.Replug(); !failure.empty()) throw CommandError(failure);
+  if (plug_.plugged()) {
+    throw CommandError("plugged in already");
+  }
+  if (const auto failure = plug_.Replug(); !failure.empty()) {
+    throw CommandError(failure);
+  }
   return {};
 }
 
@@ -155,7 +181,9 @@ std::string Console::Status(Arguments) {
   const std::string testing = NodesWhere([this](int node) { return machine_.InTest(node); });
   std::string faults;
   for (std::size_t i = 0; i < kFaultNames.size(); ++i) {
-    if (!machine_.faults().Armed(static_cast<Fault>(i))) continue;
+    if (!machine_.faults().Armed(static_cast<Fault>(i))) {
+      continue;
+    }
     faults += (faults.empty() ? "" : ",") + std::string(kFaultNames[i]);
   }
   const Traffic& traffic = machine_.traffic();

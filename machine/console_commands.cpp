@@ -95,24 +95,36 @@ std::string Console::CommandList() {
 
 std::string Console::Check(std::string_view line) {
   const auto words = Words(line);
-  if (words.empty()) return "no command";
+  if (words.empty()) {
+    return "no command";
+  }
   const Command* command = Find(words.front());
-  if (command == nullptr) return "no command " + Quoted(words.front()) + ", try help";
+  if (command == nullptr) {
+    return "no command " + Quoted(words.front()) + ", try help";
+  }
   const std::size_t arguments = words.size() - 1;
-  if (arguments >= command->least && arguments <= command->most) return {};
+  if (arguments >= command->least && arguments <= command->most) {
+    return {};
+  }
   return "usage: " + Usage(*command);
 }
 
 // A scenario keeps the time of its lines by itself, and begins no other.
 std::string Console::CheckInScenario(std::string_view line) {
-  if (auto wrong = Check(line); !wrong.empty()) return wrong;
+  if (auto wrong = Check(line); !wrong.empty()) {
+    return wrong;
+  }
   const std::string_view name = Words(line).front();
-  if (name == "wait" || name == "scenario") return Quoted(name) + " has no place in a scenario";
+  if (name == "wait" || name == "scenario") {
+    return Quoted(name) + " has no place in a scenario";
+  }
   return {};
 }
 
 std::string Console::Execute(std::string_view line) {
-  if (const auto wrong = Check(line); !wrong.empty()) return "error: " + wrong;
+  if (const auto wrong = Check(line); !wrong.empty()) {
+    return "error: " + wrong;
+  }
   const auto words = Words(line);
   try {
     const std::string result = (this->*Find(words.front())->run)(Arguments(words).subspan(1));
@@ -125,12 +137,15 @@ std::string Console::Execute(std::string_view line) {
 std::string Console::Help(Arguments arguments) {
   if (arguments.empty()) {
     std::string names;
-    for (const Command& command : Commands())
+    for (const Command& command : Commands()) {
       names += (names.empty() ? "" : ", ") + std::string(command.name);
+    }
     return names;
   }
   const Command* command = Find(arguments[0]);
-  if (command == nullptr) throw CommandError("no command " + Quoted(arguments[0]));
+  if (command == nullptr) {
+    throw CommandError("no command " + Quoted(arguments[0]));
+  }
   return Usage(*command) + ": " + std::string(command->help);
 }
 

@@ -39,7 +39,9 @@ Order OrderFor(std::string_view text) {
   const auto colon = text.find(':');
   std::optional<int> index;
   if (colon == std::string_view::npos) {
-    if (const auto number = Number(text, 1, 26)) index = SelectionOfNumber(static_cast<int>(*number));
+    if (const auto number = Number(text, 1, 26)) {
+      index = SelectionOfNumber(static_cast<int>(*number));
+    }
   } else {
     const auto node = Number(text.substr(0, colon), 2, 3);
     const auto position = Number(text.substr(colon + 1), 11, 68);
@@ -48,7 +50,9 @@ Order OrderFor(std::string_view text) {
       index = PositionAt(static_cast<int>(*position / 10), static_cast<int>(*position % 10));
     }
   }
-  if (!index) throw CommandError("a selection such as 3 or a position such as 2:34, not " + Quoted(text));
+  if (!index) {
+    throw CommandError("a selection such as 3 or a position such as 2:34, not " + Quoted(text));
+  }
   order.index = *index;
   return order;
 }
@@ -71,9 +75,13 @@ std::vector<std::uint32_t> DateFields(std::string_view text) {
     const auto date = [](auto y, auto m, auto d) {
       return std::chrono::year(static_cast<int>(y)) / std::chrono::month(m) / std::chrono::day(d);
     };
-    if (year && month && day && date(*year, *month, *day).ok()) fields = {*year - 2000, *month, *day};
+    if (year && month && day && date(*year, *month, *day).ok()) {
+      fields = {*year - 2000, *month, *day};
+    }
   }
-  if (fields.empty()) throw CommandError("a date such as 2024-03-04, not " + Quoted(text));
+  if (fields.empty()) {
+    throw CommandError("a date such as 2024-03-04, not " + Quoted(text));
+  }
   return fields;
 }
 
@@ -87,7 +95,9 @@ std::string Console::Vend(Arguments arguments) {
     const auto means = std::ranges::find(kPayments, arguments[i], &PaymentWord::word);
     const auto extra = std::ranges::find(kExtras, arguments[i], &ExtraWord::word);
     if (means != std::end(kPayments)) {
-      if (payment) throw CommandError("only one of paid, bill, token, key and free");
+      if (payment) {
+        throw CommandError("only one of paid, bill, token, key and free");
+      }
       payment = means->payment;
       const bool by_amount = payment != Payment::kKey && payment != Payment::kFree;
       if (by_amount && i + 1 < arguments.size() && arguments[i + 1].front() <= '9') {
@@ -100,7 +110,9 @@ std::string Console::Vend(Arguments arguments) {
     }
   }
   const auto refusal = machine_.sales().Vend(order, payment.value_or(Payment::kCoins), amount);
-  if (!refusal.empty()) throw CommandError(refusal);
+  if (!refusal.empty()) {
+    throw CommandError(refusal);
+  }
   return {};
 }
 
@@ -128,17 +140,23 @@ std::string Console::Service(Arguments arguments) {
     machine_.supplies().Service(SupplyFor(arguments[0]));
     return {};
   }
-  for (const std::string_view name : kSupplyNames) machine_.supplies().Service(SupplyFor(name));
+  for (const std::string_view name : kSupplyNames) {
+    machine_.supplies().Service(SupplyFor(name));
+  }
   return {};
 }
 
 std::string Console::Break(Arguments arguments) {
-  if (machine_.defects().Break(arguments[0])) return {};
+  if (machine_.defects().Break(arguments[0])) {
+    return {};
+  }
   throw CommandError("no part " + Quoted(arguments[0]) + "; parts: " + Defects::Names());
 }
 
 std::string Console::Mend(Arguments arguments) {
-  if (machine_.defects().Mend(arguments[0])) return {};
+  if (machine_.defects().Mend(arguments[0])) {
+    return {};
+  }
   throw CommandError("no part " + Quoted(arguments[0]) + "; parts: " + Defects::Names());
 }
 
@@ -149,7 +167,9 @@ std::string Console::Door(Arguments arguments) {
 
 std::string Console::Input(Arguments arguments) {
   const bool on = OneOf(arguments[1], "on", "off");
-  if (machine_.inputs().SetByHand(arguments[0], on)) return {};
+  if (machine_.inputs().SetByHand(arguments[0], on)) {
+    return {};
+  }
   throw CommandError("no input " + Quoted(arguments[0]) + "; inputs: " + Inputs::Names());
 }
 
@@ -171,26 +191,38 @@ std::string Console::Tubes(Arguments arguments) {
 
 std::string Console::Key(Arguments arguments) {
   const auto refusal = machine_.till().LoadKey(NumberIn("amount", arguments[0], 1, 1000000));
-  if (!refusal.empty()) throw CommandError(refusal);
+  if (!refusal.empty()) {
+    throw CommandError(refusal);
+  }
   return {};
 }
 
 std::string Console::Clock(Arguments arguments) {
   if (arguments[0] == "fitted" || arguments[0] == "missing") {
-    if (arguments.size() != 1) throw CommandError("usage: clock fitted|missing");
+    if (arguments.size() != 1) {
+      throw CommandError("usage: clock fitted|missing");
+    }
     machine_.calendar().SetFitted(arguments[0] == "fitted");
     return {};
   }
   const auto time = TimeOfDay(arguments[0]);
-  if (!time || *time % 60 != 0) throw CommandError("a time such as 08:00, not " + Quoted(arguments[0]));
+  if (!time || *time % 60 != 0) {
+    throw CommandError("a time such as 08:00, not " + Quoted(arguments[0]));
+  }
   std::vector<std::uint32_t> date;
-  if (arguments.size() == 2) date = DateFields(arguments[1]);
-  if (!machine_.calendar().fitted()) throw CommandError("no clock is fitted");
+  if (arguments.size() == 2) {
+    date = DateFields(arguments[1]);
+  }
+  if (!machine_.calendar().fitted()) {
+    throw CommandError("no clock is fitted");
+  }
   const auto seconds = static_cast<std::uint32_t>(*time);
   std::vector<std::uint32_t> fields = {seconds / 3600, seconds / 60 % 60};
   fields.insert(fields.end(), date.rbegin(), date.rend());
   int record = kFirstClockRecord;
-  for (const std::uint32_t field : fields) machine_.Set(0, record++, field);
+  for (const std::uint32_t field : fields) {
+    machine_.Set(0, record++, field);
+  }
   return {};
 }
 
@@ -209,7 +241,9 @@ std::string Console::PlayScenario(Arguments arguments) {
     scenario_.Stop();
     return {};
   }
-  if (const auto wrong = Play(std::string(arguments[0])); !wrong.empty()) throw CommandError(wrong);
+  if (const auto wrong = Play(std::string(arguments[0])); !wrong.empty()) {
+    throw CommandError(wrong);
+  }
   return std::to_string(scenario_.left()) + " lines to come";
 }
 

@@ -71,20 +71,30 @@ const Part* FindPart(std::string_view name) {
 
 bool Defects::Break(std::string_view name) {
   const Part* part = FindPart(name);
-  if (part == nullptr) return false;
-  if (broken_.emplace(name).second && part->shows == Shows::kAtOnce) alarms_.Raise(part->alarm);
+  if (part == nullptr) {
+    return false;
+  }
+  if (broken_.emplace(name).second && part->shows == Shows::kAtOnce) {
+    alarms_.Raise(part->alarm);
+  }
   return true;
 }
 
 bool Defects::Mend(std::string_view name) {
-  if (FindPart(name) == nullptr) return false;
-  if (const auto found = broken_.find(name); found != broken_.end()) broken_.erase(found);
+  if (FindPart(name) == nullptr) {
+    return false;
+  }
+  if (const auto found = broken_.find(name); found != broken_.end()) {
+    broken_.erase(found);
+  }
   return true;
 }
 
 std::optional<Defects::Failure> Defects::FailureOf(const Serving& serving) const {
   for (const Part& part : kParts) {
-    if (!Broken(part.name) || !Hits(part, serving, boards_[1])) continue;
+    if (!Broken(part.name) || !Hits(part, serving, boards_[1])) {
+      continue;
+    }
     const std::uint32_t timeout = boards_[static_cast<std::size_t>(part.node)].Get(part.timeout);
     return Failure{timeout * part.unit, part.alarm, part.output};
   }
@@ -93,7 +103,9 @@ std::optional<Defects::Failure> Defects::FailureOf(const Serving& serving) const
 
 std::string Defects::Names() {
   std::string names;
-  for (const Part& part : kParts) names += (names.empty() ? "" : " ") + std::string(part.name);
+  for (const Part& part : kParts) {
+    names += (names.empty() ? "" : " ") + std::string(part.name);
+  }
   return names;
 }
 

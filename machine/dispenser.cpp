@@ -28,35 +28,51 @@ constexpr int kColumnsFrom = 38;
 }  // namespace
 
 std::string Dispenser::Serve(const Serving& serving) {
-  if (auto obstacle = ObstacleTo(serving); !obstacle.empty()) return obstacle;
+  if (auto obstacle = ObstacleTo(serving); !obstacle.empty()) {
+    return obstacle;
+  }
   Plan plan = PlanOf(serving);
-  if (plan.length == Time(0)) return "there is nothing to dispense";
+  if (plan.length == Time(0)) {
+    return "there is nothing to dispense";
+  }
   std::optional<Alarm> failure;
   if (const auto defect = defects_.FailureOf(serving)) {
     plan.length = defect->timeout;
     failure = defect->alarm;
     for (Run& run : plan.runs) {
-      if (run.output == defect->output) run.to = plan.length;
+      if (run.output == defect->output) {
+        run.to = plan.length;
+      }
     }
   }
   serving_ = serving;
   schedule_.In(kStartDelay, [this] { Show(true); });
   for (const Run& run : plan.runs) {
-    if (run.from >= plan.length) continue;
+    if (run.from >= plan.length) {
+      continue;
+    }
     schedule_.In(kStartDelay + run.from, [this, run] { Drive(run.output, true); });
-    if (run.to < plan.length) schedule_.In(kStartDelay + run.to, [this, run] { Drive(run.output, false); });
+    if (run.to < plan.length) {
+      schedule_.In(kStartDelay + run.to, [this, run] { Drive(run.output, false); });
+    }
   }
   schedule_.In(kStartDelay + plan.length, [this, failure] { End(failure); });
   return {};
 }
 
 void Dispenser::OnWrite(int node, int record) {
-  if (node != 0 || record != kCommandRecord) return;
+  if (node != 0 || record != kCommandRecord) {
+    return;
+  }
   const std::uint32_t command = boards_[0].Get(kCommandRecord);
-  if (command == kClear || command == kClearAll) return;
+  if (command == kClear || command == kClearAll) {
+    return;
+  }
   const auto serving = Commanded();
   const std::string refusal = serving ? Serve(*serving) : "there is no such command, selection or part";
-  if (!refusal.empty()) remarks_.Refused("test command " + std::to_string(command), refusal);
+  if (!refusal.empty()) {
+    remarks_.Refused("test command " + std::to_string(command), refusal);
+  }
 }
 
 void Dispenser::OnRestart() {
@@ -65,8 +81,12 @@ void Dispenser::OnRestart() {
 }
 
 std::string Dispenser::Describe() const {
-  if (!serving_) return "nothing";
-  if (serving_->kind == Serving::Kind::kWash) return "wash";
+  if (!serving_) {
+    return "nothing";
+  }
+  if (serving_->kind == Serving::Kind::kWash) {
+    return "wash";
+  }
   const std::string what = serving_->kind == Serving::Kind::kProduct
                                ? "product-" + PositionName(serving_->node, serving_->index)
                                : (serving_->kind == Serving::Kind::kPart ? "part-of-" : "drink-") +
@@ -81,20 +101,32 @@ std::optional<Serving> Dispenser::Commanded() const {
   if (command == kComplete && selection > kColumnsFrom) {
     const int node = NodeOfLetter(static_cast<std::uint8_t>(boards_[0].Get(kUnitRecord)));
     const auto position = PositionAt(static_cast<int>(part / 16), selection - kColumnsFrom);
-    if (node < 2 || !position) return std::nullopt;
+    if (node < 2 || !position) {
+      return std::nullopt;
+    }
     return Serving{.kind = Serving::Kind::kProduct, .node = node, .index = *position};
   }
   if (command == kSinglePart) {
-    if (selection >= kSelections) return std::nullopt;
+    if (selection >= kSelections) {
+      return std::nullopt;
+    }
     return Serving{.kind = Serving::Kind::kPart, .index = selection, .part = part};
   }
-  if (selection < 1 || selection > kSelections) return std::nullopt;
+  if (selection < 1 || selection > kSelections) {
+    return std::nullopt;
+  }
   Serving drink{.index = selection - 1};
-  if (command == kComplete) return drink;
+  if (command == kComplete) {
+    return drink;
+  }
   drink.sugar = false;
-  if (command == kWithoutSugar) return drink;
+  if (command == kWithoutSugar) {
+    return drink;
+  }
   drink.powders = false;
-  if (command == kWaterOnly) return drink;
+  if (command == kWaterOnly) {
+    return drink;
+  }
   return std::nullopt;
 }
 
@@ -113,11 +145,19 @@ Plan Dispenser::PlanOf(const Serving& serving) const {
 }
 
 std::string Dispenser::ObstacleTo(const Serving& serving) const {
-  if (busy()) return "the machine is dispensing";
+  if (busy()) {
+    return "the machine is dispensing";
+  }
   const std::string board = "the board at node " + std::to_string(serving.node);
-  if (!presence_.IsPresent(serving.node)) return board + " is absent";
-  if (!presence_.IsOpen(serving.node)) return board + " is closed";
-  if (InTestMode(boards_, serving.node)) return board + " is in test mode";
+  if (!presence_.IsPresent(serving.node)) {
+    return board + " is absent";
+  }
+  if (!presence_.IsOpen(serving.node)) {
+    return board + " is closed";
+  }
+  if (InTestMode(boards_, serving.node)) {
+    return board + " is in test mode";
+  }
   if (serving.kind == Serving::Kind::kProduct && MotorsRun(boards_, serving.node)) {
     return "the motors of " + board + " are on their way to zero";
   }
@@ -131,10 +171,14 @@ void Dispenser::Show(bool on) {
   SetBits(boards_[0], kStatusRecord, kDispensingBit, on);
   if (!on && !InTestMode(boards_, 1)) {
     for (int output = 0; output < kDrinksOutputs; ++output) {
-      if (output != kHeaterOutput) SetOutput(boards_[1], output, false);
+      if (output != kHeaterOutput) {
+        SetOutput(boards_[1], output, false);
+      }
     }
   }
-  if (serving_ && serving_->kind == Serving::Kind::kProduct) ShowSector(on);
+  if (serving_ && serving_->kind == Serving::Kind::kProduct) {
+    ShowSector(on);
+  }
   sensors_.Follow();
 }
 
@@ -143,7 +187,9 @@ void Dispenser::ShowSector(bool on) {
   const auto [node, position] = std::pair(serving_->node, serving_->index);
   Board& unit = boards_[static_cast<std::size_t>(node)];
   SetBits(unit, kUnitStatusRecord, kMotorsBit, on);
-  if (InTestMode(boards_, node)) return;
+  if (InTestMode(boards_, node)) {
+    return;
+  }
   const std::uint32_t compressor = unit.Get(kRowRecord) & kCompressorOutput;
   unit.Set(kRowRecord, compressor | (on ? 1u << (position / kColumns) : 0));
   unit.Set(kColumnRecord, on ? 1u << (position % kColumns) : 0);
@@ -151,14 +197,18 @@ void Dispenser::ShowSector(bool on) {
 
 // In test mode the outputs are the tool's.
 void Dispenser::Drive(int output, bool on) {
-  if (!InTestMode(boards_, 1)) SetOutput(boards_[1], output, on);
+  if (!InTestMode(boards_, 1)) {
+    SetOutput(boards_[1], output, on);
+  }
   sensors_.Follow();
 }
 
 void Dispenser::End(std::optional<Alarm> failure) {
   Show(false);
   const Serving serving = *std::exchange(serving_, std::nullopt);
-  if (failure) alarms_.Raise(*failure);
+  if (failure) {
+    alarms_.Raise(*failure);
+  }
   ended_(serving, !failure);
 }
 

@@ -13,7 +13,9 @@ constexpr std::size_t kFloodBytes = 500;
 
 std::optional<Fault> FaultByName(std::string_view name) {
   const auto found = std::find(kFaultNames.begin(), kFaultNames.end(), name);
-  if (found == kFaultNames.end()) return std::nullopt;
+  if (found == kFaultNames.end()) {
+    return std::nullopt;
+  }
   return static_cast<Fault>(found - kFaultNames.begin());
 }
 
@@ -37,15 +39,23 @@ Bytes Faults::Damage(const Bytes& reply) {
     AppendRandom(kFloodBytes, sent);
     return sent;
   }
-  if (Strikes(Fault::kNoise)) AppendRandom(1 + random_() % 3, sent);
+  if (Strikes(Fault::kNoise)) {
+    AppendRandom(1 + random_() % 3, sent);
+  }
   sent.insert(sent.end(), reply.begin(), reply.end());
-  if (Strikes(Fault::kCorrupt)) sent.back() ^= static_cast<std::uint8_t>(1u << random_() % 8);
-  if (Strikes(Fault::kSurplus)) AppendRandom(1, sent);
+  if (Strikes(Fault::kCorrupt)) {
+    sent.back() ^= static_cast<std::uint8_t>(1u << random_() % 8);
+  }
+  if (Strikes(Fault::kSurplus)) {
+    AppendRandom(1, sent);
+  }
   return sent;
 }
 
 void Faults::AppendRandom(std::size_t count, Bytes& bytes) {
-  for (std::size_t i = 0; i < count; ++i) bytes.push_back(RandomByte());
+  for (std::size_t i = 0; i < count; ++i) {
+    bytes.push_back(RandomByte());
+  }
 }
 
 }  // namespace machine

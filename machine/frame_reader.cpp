@@ -43,15 +43,23 @@ int NodeOfLetter(std::uint8_t letter) {
 }
 
 std::size_t FrameLength(std::uint8_t first) {
-  if (first >= kForwardedWrite) return kForwardedHeader + DataBytes(first - kForwardedWrite) + kCheck;
-  if (first == kForwardedRead) return kForwardedHeader + kCheck;
-  if (first & kWriteBit) return kDirectHeader + DataBytes(first & 15u) + kCheck;
+  if (first >= kForwardedWrite) {
+    return kForwardedHeader + DataBytes(first - kForwardedWrite) + kCheck;
+  }
+  if (first == kForwardedRead) {
+    return kForwardedHeader + kCheck;
+  }
+  if (first & kWriteBit) {
+    return kDirectHeader + DataBytes(first & 15u) + kCheck;
+  }
   return kDirectHeader + kCheck;
 }
 
 std::optional<Request> DecodeFrame(std::span<const std::uint8_t> frame) {
   const std::uint8_t check = frame.back();
-  if (Sum(frame.first(frame.size() - kCheck)) != check) return std::nullopt;
+  if (Sum(frame.first(frame.size() - kCheck)) != check) {
+    return std::nullopt;
+  }
 
   const bool forwarded = frame[0] >= kForwardedRead;
   const std::uint8_t control = forwarded ? frame[4] : frame[0];
@@ -59,9 +67,13 @@ std::optional<Request> DecodeFrame(std::span<const std::uint8_t> frame) {
   request.write = (control & kWriteBit) != 0;
   if (forwarded) {
     request.node = NodeOfLetter(frame[5]);
-    if (request.node == 0) return std::nullopt;
+    if (request.node == 0) {
+      return std::nullopt;
+    }
     const unsigned marker = request.write ? kForwardedWrite + (control & 15u) : kForwardedRead;
-    if (frame[0] != marker) return std::nullopt;
+    if (frame[0] != marker) {
+      return std::nullopt;
+    }
   }
   request.address = {frame[1], frame[2], frame[3], static_cast<std::uint8_t>(control & ~kWriteBit)};
   const std::size_t header = forwarded ? kForwardedHeader : kDirectHeader;
@@ -82,7 +94,9 @@ void FrameReader::Silence() {
 }
 
 std::optional<Request> FrameReader::TakeRequest() {
-  if (requests_.empty()) return std::nullopt;
+  if (requests_.empty()) {
+    return std::nullopt;
+  }
   Request request = std::move(requests_.front());
   requests_.pop_front();
   return request;
@@ -94,7 +108,9 @@ void FrameReader::Search(bool silent) {
   while (!pending_.empty()) {
     const std::size_t length = FrameLength(pending_.front());
     if (pending_.size() < length) {
-      if (!silent) return;
+      if (!silent) {
+        return;
+      }
       DropFirst();
       continue;
     }

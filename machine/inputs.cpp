@@ -58,28 +58,36 @@ Inputs::Inputs(Boards& boards, const Supplies& supplies, const Defects& defects,
 void Inputs::OnSecond() {
   for (std::size_t i = 0; i < known_.size(); ++i) {
     const bool on = Cause(i);
-    if (known_[i] == on) continue;
+    if (known_[i] == on) {
+      continue;
+    }
     known_[i] = on;
     Show(boards_, kPlaces[i], on);
   }
 }
 
 void Inputs::SetDoorOpen(bool open) {
-  if (open && !door_open_) alarms_.Raise(Alarm::kDoorOpen);
+  if (open && !door_open_) {
+    alarms_.Raise(Alarm::kDoorOpen);
+  }
   door_open_ = open;
   OnSecond();
 }
 
 bool Inputs::SetByHand(std::string_view name, bool on) {
   const auto place = std::ranges::find(kPlaces, name, &Place::name);
-  if (place == std::end(kPlaces)) return false;
+  if (place == std::end(kPlaces)) {
+    return false;
+  }
   Show(boards_, *place, on);
   return true;
 }
 
 std::string Inputs::Names() {
   std::string names;
-  for (const Place& place : kPlaces) names += (names.empty() ? "" : " ") + std::string(place.name);
+  for (const Place& place : kPlaces) {
+    names += (names.empty() ? "" : " ") + std::string(place.name);
+  }
   return names;
 }
 

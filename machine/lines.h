@@ -17,9 +17,13 @@ inline constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
 // The lines of a file, without a byte order mark; nothing when it cannot be read.
 inline std::optional<std::vector<std::string>> LinesOf(const std::filesystem::path& path) {
   std::ifstream file(path);
-  if (!file || std::filesystem::is_directory(path)) return std::nullopt;
+  if (!file || std::filesystem::is_directory(path)) {
+    return std::nullopt;
+  }
   std::vector<std::string> lines;
-  for (std::string line; std::getline(file, line);) lines.push_back(line);
+  for (std::string line; std::getline(file, line);) {
+    lines.push_back(line);
+  }
   if (!lines.empty() && lines.front().starts_with(kByteOrderMark)) {
     lines.front().erase(0, kByteOrderMark.size());
   }

@@ -53,7 +53,9 @@ void Machine::Restart() {
   incoming_ = {};
   outgoing_ = {};
   ready_at_ = now() + kStartUp;
-  for (Concern* concern : concerns_) concern->OnRestart();
+  for (Concern* concern : concerns_) {
+    concern->OnRestart();
+  }
   StartTime();
 }
 
@@ -65,12 +67,16 @@ void Machine::SetSpeed(unsigned factor) {
 
 void Machine::Write(int node, int record, std::uint32_t value) {
   board(node).Set(record, value);
-  for (Concern* concern : concerns_) concern->OnWrite(node, record);
+  for (Concern* concern : concerns_) {
+    concern->OnWrite(node, record);
+  }
 }
 
 void Machine::Set(int node, int record, std::uint32_t value) {
   board(node).Set(record, value);
-  for (Concern* concern : concerns_) concern->OnSet(node, record);
+  for (Concern* concern : concerns_) {
+    concern->OnSet(node, record);
+  }
 }
 
 void Machine::SetPresent(int node, bool present) {
@@ -87,10 +93,16 @@ void Machine::StartTime() {
 
 void Machine::ScheduleSecond() {
   schedule_.In(Time(1s) / speed_, [this, day = day_] {
-    if (day != day_) return;
-    for (Concern* concern : concerns_) concern->OnSecond();
+    if (day != day_) {
+      return;
+    }
+    for (Concern* concern : concerns_) {
+      concern->OnSecond();
+    }
     each_second_();
-    if (day == day_) ScheduleSecond();
+    if (day == day_) {
+      ScheduleSecond();
+    }
   });
 }
 
@@ -105,7 +117,9 @@ void Machine::TakeByte(std::uint8_t byte) {
   TakeRequests();
   schedule_.In(kSilentTime, [this] {
     // Another byte has arrived since, or is on its way.
-    if (incoming_.free_at() > last_byte_ || now() - last_byte_ < kSilentTime) return;
+    if (incoming_.free_at() > last_byte_ || now() - last_byte_ < kSilentTime) {
+      return;
+    }
     reader_.Silence();
     TakeRequests();
   });
@@ -114,9 +128,13 @@ void Machine::TakeByte(std::uint8_t byte) {
 void Machine::TakeRequests() {
   const Bytes dropped = reader_.TakeDropped();
   traffic_.dropped_bytes += static_cast<unsigned>(dropped.size());
-  if (!dropped.empty()) ++traffic_.errors;
+  if (!dropped.empty()) {
+    ++traffic_.errors;
+  }
   log_.Dropped(now(), dropped);
-  while (const auto request = reader_.TakeRequest()) Handle(*request);
+  while (const auto request = reader_.TakeRequest()) {
+    Handle(*request);
+  }
 }
 
 void Machine::Handle(const Request& request) {
@@ -125,8 +143,12 @@ void Machine::Handle(const Request& request) {
   ++frames_this_second_;
   last_request_ = now();
   log_.In(now(), request, cell);
-  if (muted_ || now() < ready_at_ || !presence_.IsPresent(request.node)) return;
-  if (cell == nullptr && !IsPortTest(request)) return;
+  if (muted_ || now() < ready_at_ || !presence_.IsPresent(request.node)) {
+    return;
+  }
+  if (cell == nullptr && !IsPortTest(request)) {
+    return;
+  }
   if (faults_.Strikes(Fault::kSilence)) {
     ++traffic_.errors;
     return;
@@ -135,8 +157,12 @@ void Machine::Handle(const Request& request) {
   const Bytes reply = faults_.Damage(answer);
   const bool late = faults_.Strikes(Fault::kLate);
   const bool lost = faults_.Strikes(Fault::kLost);
-  if (late || lost || reply != answer) ++traffic_.errors;
-  if (lost) return;
+  if (late || lost || reply != answer) {
+    ++traffic_.errors;
+  }
+  if (lost) {
+    return;
+  }
 
   const Time turnaround = request.node == 0 ? kDirectTurnaround : kForwardedTurnaround;
   schedule_.In(late ? kLateTurnaround : turnaround, [this, request, cell, reply] {
@@ -153,12 +179,16 @@ Bytes Machine::Answer(const Request& request, Cell* cell) {
     cell->bytes.fill(0);
     std::copy(request.data.begin(), request.data.end(), cell->bytes.begin());
     if (!cell->identification) {
-      for (Concern* concern : concerns_) concern->OnWrite(request.node, cell->number);
+      for (Concern* concern : concerns_) {
+        concern->OnWrite(request.node, cell->number);
+      }
     }
     return {static_cast<std::uint8_t>(2 * request.check)};
   }
   Bytes reply(request.address.length(), 0);
-  if (cell != nullptr) std::copy_n(cell->bytes.begin(), reply.size(), reply.begin());
+  if (cell != nullptr) {
+    std::copy_n(cell->bytes.begin(), reply.size(), reply.begin());
+  }
   reply.push_back(static_cast<std::uint8_t>(std::accumulate(reply.begin(), reply.end(), 0u)));
   return reply;
 }

@@ -109,8 +109,12 @@ Options ParseOptions(std::span<const char* const> arguments) {
       continue;
     }
     const auto option = std::ranges::find(kOptions, name, &Option::name);
-    if (option == std::end(kOptions)) throw UsageError("no option '" + std::string(name) + "', try --help");
-    if (++i == arguments.size()) throw UsageError(std::string(name) + " needs an argument");
+    if (option == std::end(kOptions)) {
+      throw UsageError("no option '" + std::string(name) + "', try --help");
+    }
+    if (++i == arguments.size()) {
+      throw UsageError(std::string(name) + " needs an argument");
+    }
     Apply(*option, arguments[i], options);
   }
   return options;

@@ -21,7 +21,9 @@ void Output::Add(std::string_view line) {
     ++lost_;
     return;
   }
-  if (lost_ > 0) text_ += "(" + std::to_string(std::exchange(lost_, 0)) + " lines lost)\n";
+  if (lost_ > 0) {
+    text_ += "(" + std::to_string(std::exchange(lost_, 0)) + " lines lost)\n";
+  }
   text_ += line;
   text_ += '\n';
   Flush();
@@ -32,7 +34,9 @@ void Output::Flush() {
   while (written < text_.size() && Ready()) {
     const ssize_t count =
         write(descriptor_, text_.data() + written, std::min(text_.size() - written, kPiece));
-    if (count < 0 && (errno == EINTR || errno == EAGAIN)) break;
+    if (count < 0 && (errno == EINTR || errno == EAGAIN)) {
+      break;
+    }
     written = count < 0 ? text_.size() : written + static_cast<std::size_t>(count);
   }
   text_.erase(0, written);

@@ -50,11 +50,15 @@ bool MotorsRun(const Boards& boards, int node) {
 }
 
 void OutputTest::OnWrite(int node, int record) {
-  if (node == 0 || record != PlaceOf(node).command) return;
+  if (node == 0 || record != PlaceOf(node).command) {
+    return;
+  }
   const Board& board = boards_[static_cast<std::size_t>(node)];
   const std::uint32_t command = board.Get(record);
   const std::uint32_t first = board.Get(PlaceOf(node).wanted);
-  if (node > 1 && command == kZeroCommand) return;
+  if (node > 1 && command == kZeroCommand) {
+    return;
+  }
   if (command == kModeCommand && (first == kEnter || first == kLeave)) {
     SetMode(node, first == kEnter);
   } else if (command == kDriveCommand && InTestMode(boards_, node)) {
@@ -66,13 +70,17 @@ void OutputTest::OnWrite(int node, int record) {
 }
 
 void OutputTest::OnRestart() {
-  for (int node = 1; node < kNodeCount; ++node) SetMode(node, false);
+  for (int node = 1; node < kNodeCount; ++node) {
+    SetMode(node, false);
+  }
 }
 
 void OutputTest::SetMode(int node, bool on) {
   Board& board = boards_[static_cast<std::size_t>(node)];
   const Place& place = PlaceOf(node);
-  for (int i = 0; i < place.count; ++i) board.Set(place.outputs + i, 0);
+  for (int i = 0; i < place.count; ++i) {
+    board.Set(place.outputs + i, 0);
+  }
   SetBits(board, place.mode, kTestBit, on);
 }
 

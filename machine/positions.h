@@ -17,13 +17,19 @@ inline int SelectionNumber(int index) { return index < 16 ? index + 1 : index + 
 
 // The selection of a number on the keypad.
 inline std::optional<int> SelectionOfNumber(int number) {
-  if (number >= 1 && number <= 16) return number - 1;
-  if (number >= 21 && number <= 26) return number - 5;
+  if (number >= 1 && number <= 16) {
+    return number - 1;
+  }
+  if (number >= 21 && number <= 26) {
+    return number - 5;
+  }
   return std::nullopt;
 }
 
 inline std::optional<int> PositionAt(int row, int column) {
-  if (row < 1 || row > kRows || column < 1 || column > kColumns) return std::nullopt;
+  if (row < 1 || row > kRows || column < 1 || column > kColumns) {
+    return std::nullopt;
+  }
   return (row - 1) * kColumns + column - 1;
 }
 

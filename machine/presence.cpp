@@ -12,7 +12,9 @@ constexpr std::array<int, kNodeCount> kGateRecords = {0, 312, 313, 357};
 }  // namespace
 
 Presence::Presence(Boards& boards) : boards_(boards) {
-  for (int node = 1; node < kNodeCount; ++node) SetPresent(node, true);
+  for (int node = 1; node < kNodeCount; ++node) {
+    SetPresent(node, true);
+  }
   present_[0] = true;
 }
 

@@ -26,8 +26,12 @@ Boards LoadMachine(const Options& options) {
 }
 
 RecordNames LoadNames(const Options& options) {
-  if (options.names.empty()) return RecordNames::Load(options.boards);
-  if (!std::filesystem::is_directory(options.names)) throw FileError(options.names + ": no such folder");
+  if (options.names.empty()) {
+    return RecordNames::Load(options.boards);
+  }
+  if (!std::filesystem::is_directory(options.names)) {
+    throw FileError(options.names + ": no such folder");
+  }
   return RecordNames::Load(options.names);
 }
 
@@ -53,15 +57,23 @@ sigset_t HoldEndSignals() {
 Program::Program(const Options& options)
     : options_(options), machine_(LoadMachine(options), options.seed, MakeLog()) {
   machine_.log().Switch(!options_.log.empty());
-  for (const int node : options_.absent) machine_.presence().SetPresent(node, false);
+  for (const int node : options_.absent) {
+    machine_.presence().SetPresent(node, false);
+  }
   machine_.SetSpeed(options_.speed);
   if (!options_.scenario.empty()) {
-    if (const auto wrong = console_.Play(options_.scenario); !wrong.empty()) throw FileError(wrong);
+    if (const auto wrong = console_.Play(options_.scenario); !wrong.empty()) {
+      throw FileError(wrong);
+    }
   }
   if (!options_.script.empty()) {
     const auto script = LinesOf(options_.script);
-    if (!script) throw FileError(options_.script + ": cannot be read");
-    for (const std::string& line : *script) console_.Add(line);
+    if (!script) {
+      throw FileError(options_.script + ": cannot be read");
+    }
+    for (const std::string& line : *script) {
+      console_.Add(line);
+    }
   }
   pty_.emplace(options_.link);
 }
@@ -73,7 +85,9 @@ void Program::Run() {
     machine_.AdvanceTo(RealTime());
     RunCommands();
     SendBytes();
-    if (!ended_) WaitForEvent(signals);
+    if (!ended_) {
+      WaitForEvent(signals);
+    }
   }
 }
 
@@ -96,13 +110,17 @@ FrameLog Program::MakeLog() {
     return {LoadNames(options_), [this](const std::string& line) { errors_.Add(line); }};
   }
   log_file_.open(options_.log);
-  if (!log_file_) throw FileError(options_.log + ": cannot be written");
+  if (!log_file_) {
+    throw FileError(options_.log + ": cannot be written");
+  }
   return {LoadNames(options_), [this](const std::string& line) { LogToFile(line); }};
 }
 
 // A file that takes no more ends the log, until it is switched on again.
 void Program::LogToFile(const std::string& line) {
-  if (log_file_ << line << std::endl) return;
+  if (log_file_ << line << std::endl) {
+    return;
+  }
   errors_.Add("dosmara-machine: " + options_.log + ": " + std::strerror(errno) + ", the log is off");
   log_file_.clear();
   machine_.log().Switch(false);
@@ -113,21 +131,29 @@ void Program::RunCommands() {
   errors_.Flush();
   while (!ended_ && !replies_.waiting()) {
     const auto reply = console_.RunNext();
-    if (!reply) return;
+    if (!reply) {
+      return;
+    }
     replies_.Add(*reply);
   }
 }
 
 void Program::SendBytes() {
   Bytes bytes;
-  for (const SentByte& sent : machine_.TakeSent()) bytes.push_back(sent.byte);
-  if (pty_ && !bytes.empty()) pty_->Write(bytes);
+  for (const SentByte& sent : machine_.TakeSent()) {
+    bytes.push_back(sent.byte);
+  }
+  if (pty_ && !bytes.empty()) {
+    pty_->Write(bytes);
+  }
 }
 
 void Program::WaitForEvent(const sigset_t& signals) {
   std::optional<Time> until = machine_.next_event();
   const auto resume = replies_.waiting() ? std::nullopt : console_.resumes_at();
-  if (resume) until = until ? std::min(*until, *resume) : *resume;
+  if (resume) {
+    until = until ? std::min(*until, *resume) : *resume;
+  }
   timespec timeout{};
   if (until) {
     const Time left = std::max(*until - RealTime(), Time(0));
@@ -141,10 +167,16 @@ void Program::WaitForEvent(const sigset_t& signals) {
        {.fd = commands_open_ && !replies_.waiting() ? STDIN_FILENO : -1, .events = POLLIN, .revents = 0},
        {.fd = unread(replies_), .events = POLLOUT, .revents = 0},
        {.fd = unread(errors_), .events = POLLOUT, .revents = 0}}};
-  if (ppoll(waits.data(), waits.size(), until ? &timeout : nullptr, &signals) <= 0) return;
+  if (ppoll(waits.data(), waits.size(), until ? &timeout : nullptr, &signals) <= 0) {
+    return;
+  }
   machine_.AdvanceTo(RealTime());
-  if (waits[0].revents != 0) machine_.Receive(pty_->Read());
-  if (waits[1].revents != 0) ReadCommands();
+  if (waits[0].revents != 0) {
+    machine_.Receive(pty_->Read());
+  }
+  if (waits[1].revents != 0) {
+    ReadCommands();
+  }
 }
 
 void Program::ReadCommands() {

@@ -14,7 +14,9 @@ namespace machine {
 namespace {
 
 int Checked(int result, const char* what) {
-  if (result < 0) throw std::system_error(errno, std::generic_category(), what);
+  if (result < 0) {
+    throw std::system_error(errno, std::generic_category(), what);
+  }
   return result;
 }
 
@@ -57,7 +59,9 @@ Pty::Pty(std::filesystem::path link)
       tool_end_(OpenToolEnd(device_)) {
   MakeRaw(tool_end_.number());
   Checked(fcntl(machine_end_.number(), F_SETFL, O_NONBLOCK), device_.c_str());
-  if (!link_.empty()) PlaceLink();
+  if (!link_.empty()) {
+    PlaceLink();
+  }
 }
 
 Pty::~Pty() {
@@ -85,14 +89,20 @@ void Pty::PlaceLink() const {
   std::error_code ignored;
   for (const auto& place : {link_, fresh}) {
     const auto status = std::filesystem::symlink_status(place, ignored);
-    if (!std::filesystem::exists(status) || std::filesystem::is_symlink(status)) continue;
+    if (!std::filesystem::exists(status) || std::filesystem::is_symlink(status)) {
+      continue;
+    }
     throw std::system_error(std::make_error_code(std::errc::file_exists), place.string() + " is no link");
   }
   std::error_code failure;
   std::filesystem::remove(fresh, ignored);
   std::filesystem::create_symlink(device_, fresh, failure);
-  if (!failure) std::filesystem::rename(fresh, link_, failure);
-  if (!failure) return;
+  if (!failure) {
+    std::filesystem::rename(fresh, link_, failure);
+  }
+  if (!failure) {
+    return;
+  }
   std::filesystem::remove(fresh, ignored);
   throw std::system_error(failure, link_.string());
 }

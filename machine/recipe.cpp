@@ -70,14 +70,18 @@ bool Option(const Board& unit, int record, std::uint32_t mask) { return (unit.Ge
 Time Tenths(const Board& unit, int record) { return unit.Get(record) * Time(100ms); }
 
 Time SugarTime(const Board& unit, const Serving& drink) {
-  if (!drink.sugar) return Time(0);
+  if (!drink.sugar) {
+    return Time(0);
+  }
   return Tenths(unit, kSugarTime + drink.index) +
          (drink.extra_sugar ? Tenths(unit, kExtraSugarTime) : Time(0));
 }
 
 Time PowderTime(const Board& unit, const Powder& powder, const Serving& drink) {
   const Time time = Tenths(unit, powder.time + drink.index);
-  if (powder.time != kMilkTime || time == Time(0)) return time;
+  if (powder.time != kMilkTime || time == Time(0)) {
+    return time;
+  }
   return time * (Option(unit, kMilkOptions, kDoubleMilk) ? 2 : 1) +
          (drink.extra_milk ? Tenths(unit, kExtraMilkTime) : Time(0));
 }
@@ -86,18 +90,26 @@ Time PowderTime(const Board& unit, const Powder& powder, const Serving& drink) {
 void AddPart(const Board& unit, const Part& part, const Serving& drink, Plan& plan) {
   const Time start = plan.length;
   const Time water = unit.Get(part.water + drink.index) * kWaterPulse;
-  if (water == Time(0)) return;
+  if (water == Time(0)) {
+    return;
+  }
   Time longest = water;
   plan.runs.push_back({start, start + water, part.valve});
   plan.runs.push_back({start, start + water, kPumpOutput});
   for (const Powder& powder : part.powders) {
-    if (!drink.powders || powder.time == 0) continue;
+    if (!drink.powders || powder.time == 0) {
+      continue;
+    }
     const Time delay = Tenths(unit, powder.delay + drink.index);
     const Time time = PowderTime(unit, powder, drink);
     longest = std::max(longest, delay + time);
-    if (time == Time(0)) continue;
+    if (time == Time(0)) {
+      continue;
+    }
     plan.runs.push_back({start + delay, start + delay + time, powder.motor});
-    if (powder.mixer >= 0) plan.runs.push_back({start, start + std::max(water, delay + time), powder.mixer});
+    if (powder.mixer >= 0) {
+      plan.runs.push_back({start, start + std::max(water, delay + time), powder.mixer});
+    }
   }
   plan.length += longest;
 }
@@ -107,9 +119,13 @@ void AddPart(const Board& unit, const Part& part, const Serving& drink, Plan& pl
 void AddCoffee(const Board& unit, const Serving& drink, Time before, Plan& plan) {
   const Time start = plan.length;
   AddPart(unit, kParts[0], drink, plan);
-  if (plan.length == start) return;
+  if (plan.length == start) {
+    return;
+  }
   plan.runs.push_back({start, plan.length, kBrewer});
-  if (!drink.powders) return;
+  if (!drink.powders) {
+    return;
+  }
   const bool grind_first = Option(unit, kCupOptions, kGrindFirst);
   plan.runs.push_back(grind_first ? Run{Time(0), before / 2, kGrinder} : Run{start, plan.length, kGrinder});
   plan.runs.push_back({before / 2, before, kDoser});
@@ -126,18 +142,30 @@ Plan DrinkPlan(const Boards& boards, const Serving& drink) {
   const Time sugar = SugarTime(unit, drink);
   const Time before = kFall + sugar;
   Plan plan{.length = before, .runs = {}};
-  if (sugar > Time(0)) plan.runs.push_back({kFall, before, kSugarMotor});
+  if (sugar > Time(0)) {
+    plan.runs.push_back({kFall, before, kSugarMotor});
+  }
   const bool milk_first = SelectionBit(boards, kMilkFirst, drink.index);
-  if (milk_first) AddPart(unit, kParts[1], drink, plan);
+  if (milk_first) {
+    AddPart(unit, kParts[1], drink, plan);
+  }
   AddCoffee(unit, drink, before, plan);
-  if (!milk_first) AddPart(unit, kParts[1], drink, plan);
-  for (const Part& part : {kParts[2], kParts[3], kParts[4]}) AddPart(unit, part, drink, plan);
-  if (plan.length == kFall) return {};
+  if (!milk_first) {
+    AddPart(unit, kParts[1], drink, plan);
+  }
+  for (const Part& part : {kParts[2], kParts[3], kParts[4]}) {
+    AddPart(unit, part, drink, plan);
+  }
+  if (plan.length == kFall) {
+    return {};
+  }
   if (drink.cup) {
     plan.runs.push_back({Time(0), kFall, kCupRelease});
     plan.runs.push_back({kFall / 2, kFall, kCupColumn});
   }
-  if (GetsStirrer(boards, drink)) plan.runs.push_back({plan.length - kFall, plan.length, kStirrerRelease});
+  if (GetsStirrer(boards, drink)) {
+    plan.runs.push_back({plan.length - kFall, plan.length, kStirrerRelease});
+  }
   for (const int output : {kBayLight, kPanelLight, kFlapLock}) {
     plan.runs.push_back({Time(0), plan.length, output});
   }
@@ -146,11 +174,15 @@ Plan DrinkPlan(const Boards& boards, const Serving& drink) {
 
 Plan PartPlan(const Boards& boards, const Serving& part) {
   const auto single = std::ranges::find(kSingleParts, part.part, &SinglePart::code);
-  if (single == std::end(kSingleParts)) return {};
+  if (single == std::end(kSingleParts)) {
+    return {};
+  }
   const Time length = Tenths(boards[1], single->time + part.index);
   Plan plan{.length = length, .runs = {}};
   for (const int output : {single->motor, single->mixer, int{kBayLight}, int{kPanelLight}, int{kFlapLock}}) {
-    if (output >= 0) plan.runs.push_back({Time(0), length, output});
+    if (output >= 0) {
+      plan.runs.push_back({Time(0), length, output});
+    }
   }
   return plan;
 }
@@ -165,7 +197,9 @@ Plan WashPlan(const Boards& boards) {
 }
 
 bool GetsStirrer(const Boards& boards, const Serving& drink) {
-  if (!drink.cup) return false;
+  if (!drink.cup) {
+    return false;
+  }
   const Board& unit = boards[1];
   const bool powder = std::ranges::any_of(kParts, [&](const Part& part) {
     return drink.powders && unit.Get(part.water + drink.index) > 0 &&
@@ -179,7 +213,9 @@ bool GetsStirrer(const Boards& boards, const Serving& drink) {
 
 std::uint32_t WaterOf(const Board& board, int selection) {
   std::uint32_t water = 0;
-  for (const Part& part : kParts) water += board.Get(part.water + selection);
+  for (const Part& part : kParts) {
+    water += board.Get(part.water + selection);
+  }
   return water;
 }
 

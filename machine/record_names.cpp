@@ -15,7 +15,9 @@ RecordNames RecordNames::Load(const std::filesystem::path& directory) {
     for (std::string row; std::getline(table, row);) {
       const auto number_end = row.find('\t');
       const auto record = Number(std::string_view(row).substr(0, number_end), 1, 33000);
-      if (!record || number_end == std::string::npos) continue;  // the header row
+      if (!record || number_end == std::string::npos) {
+        continue;  // the header row
+      }
       const auto name_end = row.find('\t', number_end + 1);
       names.names_[node][static_cast<int>(*record)] = row.substr(number_end + 1, name_end - number_end - 1);
     }

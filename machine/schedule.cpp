@@ -20,7 +20,9 @@ void Schedule::AdvanceTo(Time when) {
 }
 
 std::optional<Time> Schedule::next() const {
-  if (waiting_.empty()) return std::nullopt;
+  if (waiting_.empty()) {
+    return std::nullopt;
+  }
   return waiting_.begin()->first;
 }
 

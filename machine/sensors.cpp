@@ -38,7 +38,9 @@ void Sensors::Follow() {
 }
 
 void Sensors::OnWrite(int node, int record) {
-  if (node == 1 && record == kOutputCommand) Follow();
+  if (node == 1 && record == kOutputCommand) {
+    Follow();
+  }
 }
 
 void Sensors::OnRestart() {
@@ -54,7 +56,9 @@ void Sensors::Pulse() {
   pulsing_ = WaterFlows();
   high_ = pulsing_ && !high_;
   SetBits(boards_[1], kInputs, kFlowMeter, !high_);
-  if (pulsing_) schedule_.In(kHalfPulse, [this] { Pulse(); });
+  if (pulsing_) {
+    schedule_.In(kHalfPulse, [this] { Pulse(); });
+  }
 }
 
 }  // namespace machine

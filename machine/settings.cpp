@@ -11,7 +11,9 @@ constexpr std::uint32_t kDecimals = 3;
 }  // namespace
 
 void Settings::OnWrite(int node, int record) {
-  if (node != 0 || record != kDecimalsWanted) return;
+  if (node != 0 || record != kDecimalsWanted) {
+    return;
+  }
   const std::uint32_t others = boards_[0].Get(kDecimalsInUse) & ~kDecimals;
   boards_[0].Set(kDecimalsInUse, others | (boards_[0].Get(kDecimalsWanted) & kDecimals));
 }

@@ -21,20 +21,26 @@ constexpr std::array<Kind, kSupplyNames.size()> kKinds = {{{Alarm::kNoWater, 1, 
 }  // namespace
 
 Supplies::Supplies(Boards& boards, Alarms& alarms) : boards_(boards), alarms_(alarms) {
-  for (std::size_t i = 0; i < left_.size(); ++i) left_[i] = kKinds[i].servings;
+  for (std::size_t i = 0; i < left_.size(); ++i) {
+    left_[i] = kKinds[i].servings;
+  }
 }
 
 std::optional<Supply> Supplies::MissingFor(const Serving& serving) const {
   for (std::size_t i = 0; i < left_.size(); ++i) {
     const auto supply = static_cast<Supply>(i);
-    if (!Has(supply) && Needs(supply, serving)) return supply;
+    if (!Has(supply) && Needs(supply, serving)) {
+      return supply;
+    }
   }
   return std::nullopt;
 }
 
 void Supplies::Exhaust(Supply supply) {
   const auto index = static_cast<std::size_t>(supply);
-  if (left_[index] == 0) return;
+  if (left_[index] == 0) {
+    return;
+  }
   left_[index] = 0;
   alarms_.Raise(kKinds[index].alarm);
 }
@@ -47,7 +53,9 @@ void Supplies::Service(Supply supply) {
 void Supplies::OnServed(const Serving& serving) {
   for (std::size_t i = 0; i < left_.size(); ++i) {
     const auto supply = static_cast<Supply>(i);
-    if (kKinds[i].endless || !Needs(supply, serving)) continue;
+    if (kKinds[i].endless || !Needs(supply, serving)) {
+      continue;
+    }
     if (left_[i] == 1) {
       Exhaust(supply);
     } else {
@@ -58,8 +66,12 @@ void Supplies::OnServed(const Serving& serving) {
 
 // A part on its own is tested dry, a product needs nothing of the drinks unit.
 bool Supplies::Needs(Supply supply, const Serving& serving) const {
-  if (serving.kind == Serving::Kind::kWash) return supply == Supply::kWater || supply == Supply::kTray;
-  if (serving.kind != Serving::Kind::kDrink) return false;
+  if (serving.kind == Serving::Kind::kWash) {
+    return supply == Supply::kWater || supply == Supply::kTray;
+  }
+  if (serving.kind != Serving::Kind::kDrink) {
+    return false;
+  }
   switch (supply) {
     case Supply::kWater:
     case Supply::kTray:

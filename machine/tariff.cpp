@@ -34,16 +34,24 @@ Cost Tariff::CostOf(const Order& order) const {
   const std::uint32_t listed = Money((first_prices ? kFirstPrice : kPrice31) + offset);
 
   Cost cost;
-  if (first_prices && InDiscountBand()) cost.discount = Money(kFirstDiscount + offset);
-  if (order.no_cup) cost.discount += Money(kNoCupDiscount);
+  if (first_prices && InDiscountBand()) {
+    cost.discount = Money(kFirstDiscount + offset);
+  }
+  if (order.no_cup) {
+    cost.discount += Money(kNoCupDiscount);
+  }
   cost.discount = std::min(cost.discount, listed);
   cost.price = listed - cost.discount;
   if (order.jug) {
     cost.price *= boards_[1].Get(kJugCups);
     cost.discount *= boards_[1].Get(kJugCups);
   }
-  if (order.extra_sugar) cost.price += Money(kSugarPrice);
-  if (order.extra_milk) cost.price += Money(kMilkPrice);
+  if (order.extra_sugar) {
+    cost.price += Money(kSugarPrice);
+  }
+  if (order.extra_milk) {
+    cost.price += Money(kMilkPrice);
+  }
   return cost;
 }
 

@@ -16,10 +16,14 @@ inline std::vector<std::string_view> Words(std::string_view line) {
   std::vector<std::string_view> words;
   while (true) {
     const auto begin = line.find_first_not_of(kBlanks);
-    if (begin == std::string_view::npos) return words;
+    if (begin == std::string_view::npos) {
+      return words;
+    }
     const auto end = line.find_first_of(kBlanks, begin);
     words.push_back(line.substr(begin, end - begin));
-    if (end == std::string_view::npos) return words;
+    if (end == std::string_view::npos) {
+      return words;
+    }
     line.remove_prefix(end);
   }
 }
@@ -29,8 +33,12 @@ inline std::optional<std::uint32_t> Number(std::string_view text, std::uint32_t 
                                            std::uint32_t largest) {
   std::uint32_t value = 0;
   const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), value);
-  if (error != std::errc() || end != text.data() + text.size()) return std::nullopt;
-  if (value < least || value > largest) return std::nullopt;
+  if (error != std::errc() || end != text.data() + text.size()) {
+    return std::nullopt;
+  }
+  if (value < least || value > largest) {
+    return std::nullopt;
+  }
   return value;
 }
 

@@ -49,8 +49,12 @@ constexpr std::array<std::uint32_t, 7> kBillValues = {500, 1000, 2000, 5000, 100
 }  // namespace
 
 PaymentSystem Till::system() const {
-  if (Option(kPaymentOptions, kMdb)) return PaymentSystem::kMdb;
-  if (Option(kPaymentOptions, kExecutive)) return PaymentSystem::kExecutive;
+  if (Option(kPaymentOptions, kMdb)) {
+    return PaymentSystem::kMdb;
+  }
+  if (Option(kPaymentOptions, kExecutive)) {
+    return PaymentSystem::kExecutive;
+  }
   return Option(kPaymentOptions, kG13) ? PaymentSystem::kG13 : PaymentSystem::kTokens;
 }
 
@@ -69,25 +73,41 @@ std::string Till::Take(Payment payment, std::uint32_t price, std::optional<std::
     case Payment::kCoins:
       break;
   }
-  if (system() != PaymentSystem::kExecutive) return TakeCoins(amount, money);
+  if (system() != PaymentSystem::kExecutive) {
+    return TakeCoins(amount, money);
+  }
   return amount && *amount < price ? "the price is " + std::to_string(price) : "";
 }
 
 void Till::Begin(const Money& money) {
-  if (money.change_first) Move(money);
+  if (money.change_first) {
+    Move(money);
+  }
 }
 
 void Till::Finish(const Money& money) {
-  if (money.payment == Payment::kFree) return;
-  if (!money.change_first) Move(money);
-  for (const int record : {kTakingsForLife, kTakings}) boards_[0].Add(record, money.price);
-  for (const int record : {kOverpayForLife, kOverpay}) boards_[0].Add(record, money.overpay);
-  if (money.payment == Payment::kKey) AddFlow(kFromKey, money.price);
+  if (money.payment == Payment::kFree) {
+    return;
+  }
+  if (!money.change_first) {
+    Move(money);
+  }
+  for (const int record : {kTakingsForLife, kTakings}) {
+    boards_[0].Add(record, money.price);
+  }
+  for (const int record : {kOverpayForLife, kOverpay}) {
+    boards_[0].Add(record, money.overpay);
+  }
+  if (money.payment == Payment::kKey) {
+    AddFlow(kFromKey, money.price);
+  }
 }
 
 // Without change ahead of the drink nothing has moved yet.
 void Till::Fail(const Money& money) {
-  if (!money.change_first || money.payment == Payment::kKey || money.payment == Payment::kFree) return;
+  if (!money.change_first || money.payment == Payment::kKey || money.payment == Payment::kFree) {
+    return;
+  }
   const std::uint32_t back = std::min(tubes_, money.price + money.overpay);
   tubes_ -= back;
   AddFlow(kOutOfTubes, back);
@@ -99,16 +119,22 @@ void Till::FillTubes(std::uint32_t amount) {
 }
 
 bool Till::EmptyTubes(std::uint32_t amount) {
-  if (amount > tubes_) return false;
+  if (amount > tubes_) {
+    return false;
+  }
   tubes_ -= amount;
   AddFlow(kOutOfTubesByHand, amount);
   return true;
 }
 
 std::string Till::LoadKey(std::uint32_t amount) {
-  if (!mdb()) return "the payment system loads no keys";
+  if (!mdb()) {
+    return "the payment system loads no keys";
+  }
   const std::uint32_t most = boards_[0].Get(kMaximumKey);
-  if (most > 0 && amount > most) return "the largest credit of a key is " + std::to_string(most);
+  if (most > 0 && amount > most) {
+    return "the largest credit of a key is " + std::to_string(most);
+  }
   AddFlow(kOntoKey, amount);
   return {};
 }
@@ -118,7 +144,9 @@ Coins Till::AcceptedCoins() const {
   for (std::size_t channel = 0; channel < values.size(); ++channel) {
     const bool accepted = system() == PaymentSystem::kTokens ? channel == kTokenChannel
                                                              : Option(kChannelsAccepted, 1u << channel);
-    if (accepted) values[channel] = boards_[0].Get(kCoinValues + static_cast<int>(channel));
+    if (accepted) {
+      values[channel] = boards_[0].Get(kCoinValues + static_cast<int>(channel));
+    }
   }
   return values;
 }
@@ -127,8 +155,12 @@ std::optional<std::uint32_t> Till::AcceptedBill(std::uint32_t price,
                                                 std::optional<std::uint32_t> amount) const {
   for (std::size_t channel = 0; channel < kBillValues.size(); ++channel) {
     const std::uint32_t value = kBillValues[channel];
-    if (!Option(kBillsAccepted, 1u << channel)) continue;
-    if (amount ? value == *amount : value >= price) return value;
+    if (!Option(kBillsAccepted, 1u << channel)) {
+      continue;
+    }
+    if (amount ? value == *amount : value >= price) {
+      return value;
+    }
   }
   return std::nullopt;
 }
@@ -136,9 +168,13 @@ std::optional<std::uint32_t> Till::AcceptedBill(std::uint32_t price,
 std::string Till::TakeCoins(std::optional<std::uint32_t> amount, Money& money) const {
   const Coins values = AcceptedCoins();
   const auto coins = CoinsFor(amount.value_or(money.price), !amount, values);
-  if (!coins) return "no accepted coins make that amount";
+  if (!coins) {
+    return "no accepted coins make that amount";
+  }
   money.coins = *coins;
-  for (std::size_t i = 0; i < values.size(); ++i) money.into_tubes += money.coins[i] * values[i];
+  for (std::size_t i = 0; i < values.size(); ++i) {
+    money.into_tubes += money.coins[i] * values[i];
+  }
   return Part(money.into_tubes, money);
 }
 
@@ -148,18 +184,26 @@ std::string Till::TakeOneBill(std::optional<std::uint32_t> amount, Money& money)
 }
 
 std::string Till::TakeOneToken(std::uint32_t number, Money& money) const {
-  if (number < 1 || number > kTokens) return "tokens are 1 to 3";
+  if (number < 1 || number > kTokens) {
+    return "tokens are 1 to 3";
+  }
   return Part(boards_[0].Get(kTokenValues + static_cast<int>(number) - 1), money);
 }
 
 // Change is given by a coin changer, up to the largest change and what the tubes hold. Where exact change
 // counts, a sale whose change the tubes do not hold is refused; else what is left over is the machine's.
 std::string Till::Part(std::uint32_t sum, Money& money) const {
-  if (sum < money.price) return "the price is " + std::to_string(money.price);
+  if (sum < money.price) {
+    return "the price is " + std::to_string(money.price);
+  }
   const std::uint32_t most = boards_[0].Get(kMaximumCash);
-  if (most > 0 && sum > most) return "the largest credit is " + std::to_string(most);
+  if (most > 0 && sum > most) {
+    return "the largest credit is " + std::to_string(most);
+  }
   const std::uint32_t left = sum - money.price;
-  if (left == 0) return {};
+  if (left == 0) {
+    return {};
+  }
   const bool token = money.payment == Payment::kToken;
   if (token && !Option(kSellingOptions, kChangeForToken) && Option(kSellingOptions, kRechargeForToken)) {
     money.onto_key = left;
@@ -171,7 +215,9 @@ std::string Till::Part(std::uint32_t sum, Money& money) const {
   if (change && left > tubes_) {
     alarms_.Raise(Alarm::kTubesEmpty);
     const bool exact = !token || Option(kSellingOptions, kExactChangeForToken);
-    if (exact && !Option(kChangeOptions, kIgnoreExactChange)) return "exact change only";
+    if (exact && !Option(kChangeOptions, kIgnoreExactChange)) {
+      return "exact change only";
+    }
   }
   (change && left <= tubes_ ? money.change : money.overpay) = left;
   return {};
@@ -189,7 +235,9 @@ void Till::Move(const Money& money) {
 
 // The flows are those of the MDB system and stand still without it.
 void Till::AddFlow(int record, std::uint32_t amount) {
-  if (mdb()) boards_[0].Add(record, amount);
+  if (mdb()) {
+    boards_[0].Add(record, amount);
+  }
 }
 
 }  // namespace machine

@@ -27,22 +27,32 @@ bool InBand(const Board& main, const Calendar& calendar, const Band& band) {
 bool Timetable::SwitchedOn() const {
   const Board& main = boards_[0];
   const auto exists = [&](const Band& band) { return Exists(main, band); };
-  if (!calendar_.fitted() || std::ranges::none_of(kSwitchedOn, exists)) return true;
+  if (!calendar_.fitted() || std::ranges::none_of(kSwitchedOn, exists)) {
+    return true;
+  }
   return std::ranges::any_of(kSwitchedOn, [&](const Band& band) { return InBand(main, calendar_, band); });
 }
 
 void Timetable::OnSecond() {
   const int minute = calendar_.minute_of_day();
-  if (std::exchange(minute_, minute) != minute && WashDue()) wash_wanted_ = true;
-  if (!wash_wanted_ || dispenser_.busy()) return;
+  if (std::exchange(minute_, minute) != minute && WashDue()) {
+    wash_wanted_ = true;
+  }
+  if (!wash_wanted_ || dispenser_.busy()) {
+    return;
+  }
   wash_wanted_ = false;
   const auto refusal = dispenser_.Serve({.kind = Serving::Kind::kWash, .cup = false});
-  if (!refusal.empty()) remarks_.Refused("wash", refusal);
+  if (!refusal.empty()) {
+    remarks_.Refused("wash", refusal);
+  }
 }
 
 bool Timetable::WashDue() const {
   const Board& main = boards_[0];
-  if (!calendar_.fitted() || (main.Get(kPaymentOptions) & kWashing) == 0) return false;
+  if (!calendar_.fitted() || (main.Get(kPaymentOptions) & kWashing) == 0) {
+    return false;
+  }
   return std::ranges::any_of(
       kWashes, [&](int wash) { return TimeAt(main, wash) == static_cast<std::uint32_t>(minute_); });
 }

@@ -21,8 +21,12 @@ constexpr Time kWayToZero = 8s;
 }  // namespace
 
 void UnitMotors::OnWrite(int node, int record) {
-  if (node < 2 || record != kUnitCommandRecord) return;
-  if (boards_[static_cast<std::size_t>(node)].Get(record) != kZeroCommand || UnitAt(node).running) return;
+  if (node < 2 || record != kUnitCommandRecord) {
+    return;
+  }
+  if (boards_[static_cast<std::size_t>(node)].Get(record) != kZeroCommand || UnitAt(node).running) {
+    return;
+  }
   if (dispenser_.TurnsSpiral(node)) {
     UnitAt(node).wanted = true;
     remarks_.Waits("motors of node " + std::to_string(node) + " to zero", "a product comes");
@@ -32,13 +36,19 @@ void UnitMotors::OnWrite(int node, int record) {
 }
 
 void UnitMotors::OnFailed(const Serving& serving) {
-  if (serving.kind != Serving::Kind::kProduct) return;
-  if (std::exchange(UnitAt(serving.node).wanted, false)) Start(serving.node);
+  if (serving.kind != Serving::Kind::kProduct) {
+    return;
+  }
+  if (std::exchange(UnitAt(serving.node).wanted, false)) {
+    Start(serving.node);
+  }
 }
 
 void UnitMotors::OnRestart() {
   units_ = {};
-  for (const std::size_t node : {2, 3}) SetBits(boards_[node], kUnitStatusRecord, kMotorsBit, false);
+  for (const std::size_t node : {2, 3}) {
+    SetBits(boards_[node], kUnitStatusRecord, kMotorsBit, false);
+  }
 }
 
 void UnitMotors::Start(int node) {
@@ -55,7 +65,9 @@ void UnitMotors::Start(int node) {
 void UnitMotors::Stop(int node, bool broken) {
   UnitAt(node).running = false;
   SetBits(boards_[static_cast<std::size_t>(node)], kUnitStatusRecord, kMotorsBit, false);
-  if (broken) alarms_.Raise(OfUnit(Alarm::kUnitMotor, node));
+  if (broken) {
+    alarms_.Raise(OfUnit(Alarm::kUnitMotor, node));
+  }
 }
 
 }  // namespace machine

@@ -34,7 +34,9 @@ Bytes EncodeRequest(const Request& request) {
     frame.push_back(request.control);
     frame.push_back(static_cast<std::uint8_t>(request.letter));
   }
-  if (write) frame.insert(frame.end(), request.value.begin(), request.value.end());
+  if (write) {
+    frame.insert(frame.end(), request.value.begin(), request.value.end());
+  }
   frame.push_back(Sum(frame));
   return frame;
 }

@@ -65,7 +65,9 @@ std::string PortName() { return "Com" + std::to_string(PortNumber); }
 
 // Opens PortNumber and asks for a board on it.
 PortTrouble TestPort() {
-  for (int port = kFirstPort; port <= kLastPort; ++port) Host().TickPort(port, false);
+  for (int port = kFirstPort; port <= kLastPort; ++port) {
+    Host().TickPort(port, false);
+  }
   Host().TickPort(PortNumber, true);
   Host().ClosePort();
   const bool exists = PortNumber >= kFirstPort && PortNumber <= kLastPort;
@@ -76,9 +78,13 @@ PortTrouble TestPort() {
   Host().WaitBlocking(kPortTestTime);
   Bytes input = Host().TakeInput();
   const char* const words = input.empty() ? "no answer" : "wrong answer";
-  if (input.empty()) input = {'X', 'Y'};
+  if (input.empty()) {
+    input = {'X', 'Y'};
+  }
   ReplyData = {input[0]};
-  if (input.size() == 2 && input[0] == input[1]) return {};
+  if (input.size() == 2 && input[0] == input[1]) {
+    return {};
+  }
   return {kErrorDeviceUnavailable, words};
 }
 
@@ -106,10 +112,14 @@ std::optional<std::uint8_t> SendIdentRead(int node, int k) {
     Host().EnableTimer(LinkTimer::Timer5);
     NodeIndex = static_cast<std::uint8_t>(node);
     LinkSend();
-    while (!LinkIdle && !IdentTimedOut) Host().PumpEvents();
+    while (!LinkIdle && !IdentTimedOut) {
+      Host().PumpEvents();
+    }
     GiveUpExchange();
     NodePresent[node] = !ReplyData.empty();
-    if (NodePresent[node]) return ReplyData[0];
+    if (NodePresent[node]) {
+      return ReplyData[0];
+    }
     if (node != 0) {
       ReplyData = {0};
       return std::nullopt;
@@ -124,10 +134,18 @@ std::optional<std::uint8_t> SendIdentRead(int node, int k) {
 // Ends the program if the main board is not one that this program fits. The last failing test has the word.
 void RefuseForeignMainBoard(const BoardIdentity& board) {
   std::string text;
-  if (board.board_code != kBoardCode) text = "Not Compatible\nBoard";
-  if (board.board_type != NodeType[0]) text = "Not Compatible\nBoard Type";
-  if (board.revision != NodeRevision[0] || ModelCode < kLowestModel) text = "Not Compatible\nBoard Software";
-  if (!text.empty()) TellAndEnd(text, "ERROR");
+  if (board.board_code != kBoardCode) {
+    text = "Not Compatible\nBoard";
+  }
+  if (board.board_type != NodeType[0]) {
+    text = "Not Compatible\nBoard Type";
+  }
+  if (board.revision != NodeRevision[0] || ModelCode < kLowestModel) {
+    text = "Not Compatible\nBoard Software";
+  }
+  if (!text.empty()) {
+    TellAndEnd(text, "ERROR");
+  }
 }
 
 using IndexLoad = void(const std::filesystem::path& folder, const std::string& name, int node);
@@ -137,17 +155,23 @@ void LoadOrEnd(IndexLoad load, const std::filesystem::path& folder, const std::s
   try {
     load(folder, name, node);
   } catch (const RunTimeError& error) {
-    if (error.number() != kErrorFileNotFound) throw;
+    if (error.number() != kErrorFileNotFound) {
+      throw;
+    }
     TellAndEnd(error.what(), "ERROR");
   }
 }
 
 // What the operator reads of a failure of the start.
 std::string StartFailureText(const RunTimeError& error) {
-  if (error.number() == kErrorFileNotFound && NodeRecordCount[0] > 0) return "New Board\nOld Program";
+  if (error.number() == kErrorFileNotFound && NodeRecordCount[0] > 0) {
+    return "New Board\nOld Program";
+  }
   std::string text = "Reinstall Program";
   const bool damaged_file = error.number() == kErrorOutOfRange || error.number() == kErrorOverflow;
-  if (damaged_file) text += std::string("\n") + error.what();
+  if (damaged_file) {
+    text += std::string("\n") + error.what();
+  }
   return text;
 }
 
@@ -193,7 +217,9 @@ void LinkOpenPort(int port) {
 }
 
 BoardIdentity BoardIdentify(int node) {
-  if (node < 0 || node >= kNodeCount) StopProgram("BoardIdentify: no such node");
+  if (node < 0 || node >= kNodeCount) {
+    StopProgram("BoardIdentify: no such node");
+  }
   BoardIdentity board;
   // One row for each read in its order; a silent node ends them.
   struct Read {
@@ -207,10 +233,14 @@ BoardIdentity BoardIdentify(int node) {
                         {kEntryTypeLow, &board.board_type, 1}, {kEntryTypeHigh, &board.board_type, 256}};
   for (const Read& read : reads) {
     const std::optional<std::uint8_t> reply = SendIdentRead(node, read.entry);
-    if (!reply) return board;
+    if (!reply) {
+      return board;
+    }
     *read.result += *reply * read.factor;
   }
-  if (node != 0) return board;
+  if (node != 0) {
+    return board;
+  }
   ModelCode = SendIdentRead(node, kEntryModel).value_or(0);
   RefuseForeignMainBoard(board);
   return board;
@@ -222,7 +252,9 @@ void ParamLoadIndex(const std::filesystem::path& folder) {
   }
   for (int node = 0; node < kNodeCount; ++node) {
     const BoardIdentity board = BoardIdentify(node);
-    if (!NodePresent[node]) continue;
+    if (!NodePresent[node]) {
+      continue;
+    }
     LoadOrEnd(LoadFullIndex, folder, FullIndexName(board.board_type, board.revision, board.file_number),
               node);
   }

@@ -85,7 +85,9 @@ void MoveToNextNode() {
 // Whether a record that is due takes its turn in this pass; counts its period. A write that waits does not
 // shorten the countdown.
 bool TakesItsTurn(ParamRec& record) {
-  if (record.Period == 0) return true;
+  if (record.Period == 0) {
+    return true;
+  }
   if (record.Period >= kCountdownStep) {
     record.Period = static_cast<std::uint8_t>(record.Period - kCountdownStep);
     return false;
@@ -143,11 +145,15 @@ void ConcludeReply(bool good) {
 // Takes what came too early for a bad reply once nothing has followed it. The line is quiet then, so that the
 // reply to the repeated request is trusted however early it comes.
 void AskAnewInSilence() {
-  if (!last_leftover || Host().Now() - *last_leftover < kSilence) return;
+  if (!last_leftover || Host().Now() - *last_leftover < kSilence) {
+    return;
+  }
   Host().TakeInput();
   Host().DisableTimer(LinkTimer::Timer2);
   NodeIndex = exch_node;
-  if (!unanswered_since) unanswered_since = request_sent;
+  if (!unanswered_since) {
+    unanswered_since = request_sent;
+  }
   ConcludeReply(false);
   resend_leaves_until = microseconds(0);
 }
@@ -190,7 +196,9 @@ void LinkAttach(LinkHost& host) {
 }
 
 LinkHost& Host() {
-  if (link_host == nullptr) StopProgram("Host: the link has no host");
+  if (link_host == nullptr) {
+    StopProgram("Host: the link has no host");
+  }
   return *link_host;
 }
 
@@ -200,8 +208,12 @@ void LinkScan() {
   // small file but has no records: what was put on it waits there for good.
   const std::int32_t end = NodePresent[NodeIndex] ? NodeRecordCount[NodeIndex] : 0;
   for (std::int32_t cursor = ScanCursor; cursor < end; ++cursor) {
-    if (!(table[cursor].Flags & kDue)) continue;
-    if (!TakesItsTurn(table[cursor])) continue;
+    if (!(table[cursor].Flags & kDue)) {
+      continue;
+    }
+    if (!TakesItsTurn(table[cursor])) {
+      continue;
+    }
     ScanCursor = cursor;
     BeginExchange(table[cursor]);
     LinkSend();
@@ -215,7 +227,9 @@ void LinkSend() {
   SetLinkStatus(4);
   LinkIdle = false;
   exch_node = NodeIndex;
-  if (ExchValue.size() > ExchLength + 1U) ExchValue.resize(ExchLength + 1U);
+  if (ExchValue.size() > ExchLength + 1U) {
+    ExchValue.resize(ExchLength + 1U);
+  }
   const Bytes frame = EncodeRequest({.control = ExchControl,
                                      .bank = ExchBank,
                                      .addr_hi = ExchAddrHi,
@@ -236,19 +250,27 @@ void LinkSend() {
 
 void ReceiveEvent() {
   if (LinkIdle) {
-    if (!Host().TakeInput().empty()) last_stray = Host().Now();
+    if (!Host().TakeInput().empty()) {
+      last_stray = Host().Now();
+    }
     return;
   }
   if (Host().Now() < resend_leaves_until) {
-    if (Host().TakeInput().empty()) return;
+    if (Host().TakeInput().empty()) {
+      return;
+    }
     reply_untrusted = true;
     last_leftover = Host().Now();
     return;
   }
-  if (last_leftover) last_leftover = Host().Now();
+  if (last_leftover) {
+    last_leftover = Host().Now();
+  }
   const std::size_t length = ExchLength + 1U;
   const std::size_t waiting = Host().InputCount();
-  if (waiting == 0 || (!IsWrite() && waiting <= length)) return;
+  if (waiting == 0 || (!IsWrite() && waiting <= length)) {
+    return;
+  }
   const Bytes taken = Host().TakeInput();
   NodeIndex = exch_node;
   Host().DisableTimer(LinkTimer::Timer2);
@@ -272,22 +294,30 @@ void LinkComplete() {
   // A value put while the exchange ran is newer than its reply. It stays, and goes out in the next pass.
   const bool overtaken = record.Flags & kWritePending;
   if ((record.Flags & kDue) && !ReplyData.empty() && !overtaken) {
-    if (!(record.Flags & kWanted)) StopProgram("LinkComplete: a record arrived that nobody wanted");
+    if (!(record.Flags & kWanted)) {
+      StopProgram("LinkComplete: a record arrived that nobody wanted");
+    }
     record.Flags |= kArrived;
     if ((record.Flags & kOneShot) || record.Period == 0) {
       record.Flags = static_cast<std::uint8_t>(record.Flags & ~kDue);
     }
-    for (std::size_t i = 0; i < kValueBytes; ++i) record.Value[i] = i < ReplyData.size() ? ReplyData[i] : 0;
+    for (std::size_t i = 0; i < kValueBytes; ++i) {
+      record.Value[i] = i < ReplyData.size() ? ReplyData[i] : 0;
+    }
     NotifyForms(ScanCursor, ReplyData);
   }
   ++ScanCursor;
-  if (ScanCursor == NodeRecordCount[NodeIndex]) MoveToNextNode();
+  if (ScanCursor == NodeRecordCount[NodeIndex]) {
+    MoveToNextNode();
+  }
   LinkIdle = true;
 }
 
 void SetLinkStatus(int n) {
   const int lamp = (n - 1) % 3;
-  if (lamp_tag[lamp] == n) return;
+  if (lamp_tag[lamp] == n) {
+    return;
+  }
   lamp_tag[lamp] = n;
   Host().ShowLamp(lamp + 2, n);
 }

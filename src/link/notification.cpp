@@ -20,7 +20,9 @@ std::vector<LoadedForm*> spare_list;
 
 // `place` is where the form stood when the arrival began, and where it normally still stands.
 bool IsStillLoaded(const LoadedForm* form, std::size_t place) {
-  if (place < LoadedForms.size() && LoadedForms[place] == form) return true;
+  if (place < LoadedForms.size() && LoadedForms[place] == form) {
+    return true;
+  }
   return std::ranges::find(LoadedForms, form) != LoadedForms.end();
 }
 
@@ -28,7 +30,9 @@ bool IsStillLoaded(const LoadedForm* form, std::size_t place) {
 
 double ReplyValue(const Bytes& reply) {
   double value = 0;
-  for (std::size_t i = reply.size(); i-- > 0;) value = value * 256 + reply[i];
+  for (std::size_t i = reply.size(); i-- > 0;) {
+    value = value * 256 + reply[i];
+  }
   return value;
 }
 
@@ -42,13 +46,17 @@ void NotifyForms(std::int32_t index, const Bytes& reply) {
   const std::uint8_t node = NodeIndex;
   std::uint8_t next_node = node;
   for (std::size_t i = kFirstTold; i < forms.size(); ++i) {
-    if (!IsStillLoaded(forms[i], i)) continue;
+    if (!IsStillLoaded(forms[i], i)) {
+      continue;
+    }
     NodeIndex = node;
     try {
       forms[i]->SLabelChange(index, value);
     } catch (...) {  // a form in trouble is its own affair
     }
-    if (NodeIndex != node) next_node = NodeIndex;
+    if (NodeIndex != node) {
+      next_node = NodeIndex;
+    }
   }
   NodeIndex = next_node;
   spare_list = std::move(forms);

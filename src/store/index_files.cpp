@@ -40,9 +40,13 @@ std::filesystem::path FindFile(const std::filesystem::path& folder, const std::s
   for (std::filesystem::directory_iterator entry(folder, error), end; !error && entry != end;
        entry.increment(error)) {
     const std::string entry_name = entry->path().filename().string();
-    if (!SameLetters(entry_name, name) || !entry->is_regular_file(error)) continue;
+    if (!SameLetters(entry_name, name) || !entry->is_regular_file(error)) {
+      continue;
+    }
     found = entry->path();
-    if (entry_name == name) break;
+    if (entry_name == name) {
+      break;
+    }
   }
   return found;
 }
@@ -53,10 +57,14 @@ std::vector<std::uint8_t> ReadRecords(const std::filesystem::path& folder, const
                                       std::size_t record_bytes, std::size_t most_records) {
   const std::filesystem::path path = FindFile(folder, name);
   std::ifstream file(path, std::ios::binary);
-  if (path.empty() || !file) throw RunTimeError(kErrorFileNotFound, name + " not found !");
+  if (path.empty() || !file) {
+    throw RunTimeError(kErrorFileNotFound, name + " not found !");
+  }
   std::vector<std::uint8_t> bytes((most_records + 1) * record_bytes);
   file.read(reinterpret_cast<char*>(bytes.data()), static_cast<std::streamsize>(bytes.size()));
-  if (file.bad()) throw RunTimeError(kErrorFileNotFound, name + " not found !");
+  if (file.bad()) {
+    throw RunTimeError(kErrorFileNotFound, name + " not found !");
+  }
   const auto count = static_cast<std::size_t>(file.gcount()) / record_bytes;
   bytes.resize(count * record_bytes);
   return bytes;

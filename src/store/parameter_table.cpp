@@ -26,12 +26,16 @@ constexpr int kMostSubscribers = 255;
 }
 
 void CheckNode(const char* operation, int index, int node) {
-  if (node < 0 || node >= kNodeCount) Stop(operation, "no such node", index, node);
+  if (node < 0 || node >= kNodeCount) {
+    Stop(operation, "no such node", index, node);
+  }
 }
 
 // The record of `index`, from `lowest` up, of a node that has been checked.
 ParamRec& Record(const char* operation, int index, int node, int lowest) {
-  if (index < lowest || index > kLastRecord) Stop(operation, "no such record", index, node);
+  if (index < lowest || index > kLastRecord) {
+    Stop(operation, "no such record", index, node);
+  }
   return ParamTable[node][index];
 }
 
@@ -40,7 +44,9 @@ ParamRec& Record(const char* operation, int index, int node, int lowest) {
 void ParamSubscribe(int index) {
   ++ParamRequests;
   CheckNode("ParamSubscribe", index, NodeIndex);
-  if (!NodePresent[NodeIndex]) return;
+  if (!NodePresent[NodeIndex]) {
+    return;
+  }
   ParamRec& record = Record("ParamSubscribe", index, NodeIndex, 1);
   if (record.Subscribers == kMostSubscribers) {
     Stop("ParamSubscribe", "more subscribers than the record can count", index, NodeIndex);
@@ -52,9 +58,13 @@ void ParamSubscribe(int index) {
 void ParamUnsubscribe(int index) {
   ++ParamRequests;
   CheckNode("ParamUnsubscribe", index, NodeIndex);
-  if (!NodePresent[NodeIndex]) return;
+  if (!NodePresent[NodeIndex]) {
+    return;
+  }
   ParamRec& record = Record("ParamUnsubscribe", index, NodeIndex, 0);
-  if (record.Subscribers == 0) return;
+  if (record.Subscribers == 0) {
+    return;
+  }
   if (record.Subscribers == 1) {
     record.Flags &= static_cast<std::uint8_t>(~(kArrived | kDue | kWanted));
     record.Period &= kPeriodMask;

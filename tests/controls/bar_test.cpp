@@ -49,7 +49,9 @@ class BarTest : public testing::Test {
   }
   void Release() { QTest::mouseRelease(bar_, Qt::LeftButton, {}, Handle()); }
   QPoint Handle() {
-    if (handle_.isNull()) handle_ = Part(QStyle::SC_ScrollBarSlider).center();
+    if (handle_.isNull()) {
+      handle_ = Part(QStyle::SC_ScrollBarSlider).center();
+    }
     return handle_;
   }
 

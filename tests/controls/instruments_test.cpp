@@ -169,7 +169,9 @@ TEST(ThermometerGeometry, HasThirteenLinesAtEqualDistances) {
   ASSERT_EQ(geometry.ticks.size(), 13u);
   const double distance = geometry.ticks[0] - geometry.ticks[1];
   EXPECT_GE(distance, 16);  // room for a number at each
-  for (int n = 1; n < 13; ++n) EXPECT_NEAR(geometry.ticks[n - 1] - geometry.ticks[n], distance, 0.01) << n;
+  for (int n = 1; n < 13; ++n) {
+    EXPECT_NEAR(geometry.ticks[n - 1] - geometry.ticks[n], distance, 0.01) << n;
+  }
 }
 
 TEST(ThermometerGeometry, TheColumnEndsAtItsValue) {

@@ -327,12 +327,18 @@ TEST_F(MatrixPadTest, TellsWhichSwitchIsWished) {
 
 TEST_F(MatrixPadTest, KeepsTheOperatorsPlaceWhileItsSwitchesAreDisabled) {
   pad_->Switch(30).setFocus();
-  for (int n = 0; n < 48; ++n) pad_->Switch(n).setEnabled(false);
+  for (int n = 0; n < 48; ++n) {
+    pad_->Switch(n).setEnabled(false);
+  }
   const QImage held = Picture(*pad_);
-  for (int n = 0; n < 48; ++n) pad_->Switch(n).setEnabled(true);
+  for (int n = 0; n < 48; ++n) {
+    pad_->Switch(n).setEnabled(true);
+  }
   EXPECT_TRUE(pad_->Switch(30).hasFocus());
   behind_->setFocus();
-  for (int n = 0; n < 48; ++n) pad_->Switch(n).setEnabled(false);
+  for (int n = 0; n < 48; ++n) {
+    pad_->Switch(n).setEnabled(false);
+  }
   EXPECT_NE(Picture(*pad_), held);
 }
 
@@ -340,7 +346,9 @@ TEST(SwitchPad, ArrowsFollowTheLayoutOfItsOwner) {
   QWidget window;
   auto* pad = new SwitchPad(&window, 4);
   auto* grid = new QGridLayout(pad);
-  for (int n = 0; n < 4; ++n) grid->addWidget(&pad->Switch(n), n % 2, n / 2);
+  for (int n = 0; n < 4; ++n) {
+    grid->addWidget(&pad->Switch(n), n % 2, n / 2);
+  }
   auto* layout = new QVBoxLayout(&window);
   layout->addWidget(pad);
   window.show();

@@ -57,13 +57,17 @@ class KeypadKeysTest : public testing::Test {
   // Index of the key that has the focus; -1 for none.
   int Focused() {
     for (int n = 0; n < 22; ++n) {
-      if (keypad_->Key(n).hasFocus()) return n;
+      if (keypad_->Key(n).hasFocus()) {
+        return n;
+      }
     }
     return -1;
   }
 
   void SetAllEnabled(bool enabled) {
-    for (int n = 0; n < 22; ++n) keypad_->Key(n).setEnabled(enabled);
+    for (int n = 0; n < 22; ++n) {
+      keypad_->Key(n).setEnabled(enabled);
+    }
   }
 
   QWidget window_;

@@ -152,7 +152,9 @@ TEST(KeypadGeometry, NoTwoKeysTouchAndAllLieOnThePanel) {
   const QSize size(220, 200);
   for (int a = 0; a < 22; ++a) {
     EXPECT_TRUE(QRect(QPoint(), size).contains(KeyRect(size, a))) << a;
-    for (int b = 0; b < a; ++b) EXPECT_FALSE(KeyRect(size, a).intersects(KeyRect(size, b))) << a << " " << b;
+    for (int b = 0; b < a; ++b) {
+      EXPECT_FALSE(KeyRect(size, a).intersects(KeyRect(size, b))) << a << " " << b;
+    }
   }
 }
 

@@ -23,7 +23,9 @@ inline QPalette DarkPalette() { return WithHighlight({QColor(53, 53, 56), QColor
 inline double Lightness(const QImage& picture, const QRect& part) {
   double sum = 0;
   for (int y = part.top(); y <= part.bottom(); ++y) {
-    for (int x = part.left(); x <= part.right(); ++x) sum += qGray(picture.pixel(x, y));
+    for (int x = part.left(); x <= part.right(); ++x) {
+      sum += qGray(picture.pixel(x, y));
+    }
   }
   return sum / (part.width() * part.height());
 }

@@ -63,7 +63,9 @@ class ProgressLineTest : public testing::Test {
 TEST_F(ProgressLineTest, IsPaintedOnlyWhenItsLengthChanges) {
   line_->SetShare(0, 1000);
   EXPECT_EQ(Paintings(), 1);
-  for (int arrived = 1; arrived < 10; ++arrived) line_->SetShare(arrived, 1000);
+  for (int arrived = 1; arrived < 10; ++arrived) {
+    line_->SetShare(arrived, 1000);
+  }
   EXPECT_EQ(Paintings(), 0);
   line_->SetShare(10, 1000);
   EXPECT_EQ(Paintings(), 1);

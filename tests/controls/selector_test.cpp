@@ -22,7 +22,9 @@ std::vector<int> Rows(const SelectorGeometry& geometry) {
   std::vector<int> rows;
   int y = -1;
   for (const QRect& segment : geometry.segments) {
-    if (segment.y() != y) rows.push_back(0);
+    if (segment.y() != y) {
+      rows.push_back(0);
+    }
     y = segment.y();
     ++rows.back();
   }

@@ -47,13 +47,17 @@ class StripChartTest : public testing::Test {
   }
   // So many more samples of the same values.
   void AddMany(int count, Value boiler = 90, Value tank = 5) {
-    while (count-- > 0) Add(boiler, tank);
+    while (count-- > 0) {
+      Add(boiler, tank);
+    }
     Draw();
   }
 
   // Lets the chart draw what it has been given.
   static void Draw() {
-    for (int i = 0; i < 3; ++i) QApplication::processEvents();
+    for (int i = 0; i < 3; ++i) {
+      QApplication::processEvents();
+    }
   }
 
   void Press(Qt::Key key) {

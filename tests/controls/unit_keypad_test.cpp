@@ -59,7 +59,9 @@ class UnitKeypadTest : public testing::Test {
   std::vector<int> KeysDown() {
     std::vector<int> down;
     for (int key = 0; key < 9; ++key) {
-      if (keypad_->Key(key).isDown()) down.push_back(key);
+      if (keypad_->Key(key).isDown()) {
+        down.push_back(key);
+      }
     }
     return down;
   }
@@ -87,7 +89,9 @@ TEST_F(UnitKeypadTest, AKeyTellsItsIndexAndBearsItsDigit) {
 }
 
 TEST_F(UnitKeypadTest, DigitsPressTheirKeysAndLeaveTheFocusWhereItIs) {
-  for (const Qt::Key digit : {Qt::Key_1, Qt::Key_9, Qt::Key_5, Qt::Key_5}) Press(digit);
+  for (const Qt::Key digit : {Qt::Key_1, Qt::Key_9, Qt::Key_5, Qt::Key_5}) {
+    Press(digit);
+  }
   Press(Qt::Key_4, Qt::KeypadModifier);
   EXPECT_EQ(pressed_, (Keys{0, 8, 4, 4, 3}));
   EXPECT_TRUE(keypad_->Key(0).hasFocus());
@@ -171,7 +175,9 @@ TEST_F(UnitKeypadTest, IsOneStopOfTab) {
 TEST_F(UnitKeypadTest, ClosedItDoesNotAnswerAndKeepsTheOperatorsPlace) {
   keypad_->Key(4).setFocus();
   keypad_->SetOpen(false);
-  for (const Qt::Key key : {Qt::Key_5, Qt::Key_Space, Qt::Key_Return}) Press(key);
+  for (const Qt::Key key : {Qt::Key_5, Qt::Key_Space, Qt::Key_Return}) {
+    Press(key);
+  }
   QTest::mouseClick(&keypad_->Key(4), Qt::LeftButton);
   EXPECT_EQ(pressed_, Keys{});
   keypad_->SetOpen(true);
@@ -209,8 +215,9 @@ TEST_F(UnitKeypadTest, TheDigitOfAClosedKeyStaysReadable) {
   const QImage key = KeyPicture(8);
   int lightest = 0;
   for (int y = key.height() / 4; y < key.height() * 3 / 4; ++y) {
-    for (int x = key.width() / 4; x < key.width() * 3 / 4; ++x)
+    for (int x = key.width() / 4; x < key.width() * 3 / 4; ++x) {
       lightest = std::max(lightest, qGray(key.pixel(x, y)));
+    }
   }
   EXPECT_GT(lightest, 150);
 }

@@ -38,7 +38,9 @@ class ValueRowTest : public testing::Test {
     window_.show();
     QApplication::setActiveWindow(&window_);
     QObject::connect(&rows_[0]->bar(), &Bar::Changed, [this](int value) { changes_.push_back(value); });
-    for (ValueRow* row : rows_) row->SetOpen(true);
+    for (ValueRow* row : rows_) {
+      row->SetOpen(true);
+    }
     Arrive(0, 3);
     Arrive(1, 4);
     changes_.clear();
@@ -277,7 +279,9 @@ TEST_F(ValueRowTest, AUnitStandsBehindItsValueAndTheBarBelow) {
   auto* grid = new QGridLayout(&window);
   rows_[0]->SetCaption("hours");
   rows_[1]->SetCaption("minutes");
-  for (int n = 0; n < 2; ++n) rows_[n]->PlaceUnitCellIn(*grid, 0, n);
+  for (int n = 0; n < 2; ++n) {
+    rows_[n]->PlaceUnitCellIn(*grid, 0, n);
+  }
   window.show();
   const auto place = [](const QWidget& control) { return control.geometry(); };
   EXPECT_EQ(place(Box()), place(rows_[0]->value()));

@@ -25,7 +25,9 @@ class Switches : public DataForm {
   Switches() : DataForm({.name = "Switches", .title = 47}), bits(NewBits(kBytes, kBits)) {
     auto* grid = new QGridLayout(Body());
     bits.MakeSwitches(Body(), {"Label3"}, {"Slider"});
-    for (int n = 0; n < bits.size(); ++n) bits.PlaceIn(*grid, n, n, 0);
+    for (int n = 0; n < bits.size(); ++n) {
+      bits.PlaceIn(*grid, n, n, 0);
+    }
     Watch(bits);
   }
 
@@ -151,8 +153,12 @@ TEST_F(BitRowsTest, TwoFormsOnOneByteNeverUndoEachOther) {
 TEST_F(BitRowsTest, AChangeInThePricesKeepsWhatAnotherFormHasOnItsWay) {
   Form& prices = Open("FrmPrezzi");
   Arrive(0, 83, 0b01100000);
-  for (int record = 12; record <= 41; ++record) Arrive(0, record, 1);
-  for (int record = 367; record <= 386; ++record) Arrive(0, record, 1);
+  for (int record = 12; record <= 41; ++record) {
+    Arrive(0, record, 1);
+  }
+  for (int record = 367; record <= 386; ++record) {
+    Arrive(0, record, 1);
+  }
   switches_->bits.control(0).click();
   prices.findChild<TwoPositionSwitch*>("Switch1")->click();
   EXPECT_EQ(Written(), (Writes{{0, 83, 0b01101001}, {0, 285, 0b01101001}}));

@@ -45,7 +45,9 @@ class ChoiceForm : public DataForm {
  public:
   ChoiceForm() : DataForm({.name = "ChoiceForm"}), choices(NewChoices(kChoices)) {
     auto* grid = new QGridLayout(Body());
-    for (int n = 0; n < choices.size(); ++n) choices.PlaceIn(*grid, n, n, 0);
+    for (int n = 0; n < choices.size(); ++n) {
+      choices.PlaceIn(*grid, n, n, 0);
+    }
     Watch(choices);
   }
   ChoiceRows& choices;
@@ -90,7 +92,9 @@ TEST_F(ChoiceRowsTest, HearsTheRecordThatTellsThePositionAndNotTheOneWritten) {
 }
 
 TEST_F(ChoiceRowsTest, NoPositionIsShownUntilOneHasArrived) {
-  for (int n = 0; n < 3; ++n) EXPECT_FALSE(Control(n).IsKnown()) << n;
+  for (int n = 0; n < 3; ++n) {
+    EXPECT_FALSE(Control(n).IsKnown()) << n;
+  }
   Arrive(2, 77, 0);
   EXPECT_TRUE(Control(kKind).IsKnown());
 }

@@ -18,7 +18,9 @@ class ConfFixture : public FormFixture {
   ConfFixture() { Open("FrmConf"); }
 
   void SendUnit(int node, int count = kPositions) {
-    for (int n = 0; n < count; ++n) Arrive(node, 328 + n, n % 90 + 1);
+    for (int n = 0; n < count; ++n) {
+      Arrive(node, 328 + n, n % 90 + 1);
+    }
   }
   void Fill(int options = 4) {
     Arrive(0, 361, options);

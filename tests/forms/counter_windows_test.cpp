@@ -40,7 +40,9 @@ class CounterWindow : public FormFixture, public testing::WithParamInterface<Win
   std::string Counter() { return LabelText(window().value); }
   double Share() { return form().findChild<ProgressLine*>()->Share(); }
   void ReadAll(double value) {
-    for (const Subscription& each : Subscribed()) Arrive(each.node, each.record, value);
+    for (const Subscription& each : Subscribed()) {
+      Arrive(each.node, each.record, value);
+    }
   }
 };
 
@@ -140,10 +142,16 @@ TEST_P(CounterWindow, NothingGrowsInAnHour) {
   const int timer = Find<QTimer>("Timer1").timerId();
   const auto fifteen_seconds = [this](int n) {
     Fire("Timer1");
-    if (n % 10 != 9) ReadAll(n % 2);                    // or the machine is silent
-    if (n % 8 == 0) QCoreApplication::processEvents();  // which paints
+    if (n % 10 != 9) {
+      ReadAll(n % 2);  // or the machine is silent
+    }
+    if (n % 8 == 0) {
+      QCoreApplication::processEvents();  // which paints
+    }
   };
-  for (int n = 0; n < 240; ++n) fifteen_seconds(n);  // what is kept for later fills up
+  for (int n = 0; n < 240; ++n) {
+    fifteen_seconds(n);  // what is kept for later fills up
+  }
   const auto objects = form().findChildren<QObject*>().size();
   const std::size_t bytes = BytesInUse();
   for (int n = 0; n < 240; ++n) {
@@ -197,7 +205,9 @@ class PlainCounters : public FormFixture, public testing::WithParamInterface<Pla
 
 TEST_P(PlainCounters, SubscribesItsRecordsAndNoOthers) {
   std::vector<Subscription> all;
-  for (int n = 0; n < window().count; ++n) all.push_back({window().node, window().first + n, 1});
+  for (int n = 0; n < window().count; ++n) {
+    all.push_back({window().node, window().first + n, 1});
+  }
   EXPECT_EQ(Subscribed(), all);
 }
 
@@ -213,7 +223,9 @@ TEST_P(PlainCounters, CaptionsComeFromTheLanguage) {
 }
 
 TEST_P(PlainCounters, EachRecordShowsOnItsLabelAlone) {
-  for (int n = 0; n < window().count; ++n) Arrive(window().node, window().first + n, 1000 + n);
+  for (int n = 0; n < window().count; ++n) {
+    Arrive(window().node, window().first + n, 1000 + n);
+  }
   for (int n = 0; n < window().count; ++n) {
     EXPECT_EQ(LabelText(Element("Label2", n)), std::to_string(1000 + n));
   }
@@ -223,10 +235,14 @@ TEST_P(PlainCounters, OtherRecordsAndOtherBoardsAreForeign) {
   for (int node = 0; node < 4; ++node) {
     for (int record = 1; record <= kRecords; ++record) {
       const bool own = record >= window().first && record < window().first + window().count;
-      if (node != window().node || !own) Arrive(node, record, 5);
+      if (node != window().node || !own) {
+        Arrive(node, record, 5);
+      }
     }
   }
-  for (int n = 0; n < window().count; ++n) EXPECT_EQ(LabelText(Element("Label2", n)), "");
+  for (int n = 0; n < window().count; ++n) {
+    EXPECT_EQ(LabelText(Element("Label2", n)), "");
+  }
   EXPECT_EQ(Written(), std::vector<Write>{});
 }
 

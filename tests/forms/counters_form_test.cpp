@@ -78,7 +78,9 @@ TEST_F(CountersFormTest, AFrameHasATitleOrNone) {
 }
 
 TEST_F(CountersFormTest, CaptionsFollowTheLanguage) {
-  for (const int line : {47, 77, 201, 300, 310}) CaptionTable[line] = "new";
+  for (const int line : {47, 77, 201, 300, 310}) {
+    CaptionTable[line] = "new";
+  }
   form().InitMessaggi();
   EXPECT_EQ(form().windowTitle(), "new");
   EXPECT_EQ(Find("Frame1").property("title").toString(), "new");
@@ -170,7 +172,9 @@ TEST_F(CountersFormTest, TheRefreshReadsAllThatIsWatchedAnew) {
   EXPECT_EQ(Subscribed(), all);
   EXPECT_EQ(Find<QTimer>("Timer1").interval(), 15000);
   ParamTable[0][11].Subscribers = 2;  // another form shows it too
-  for (int times = 0; times < 3; ++times) Fire("Timer1");
+  for (int times = 0; times < 3; ++times) {
+    Fire("Timer1");
+  }
   EXPECT_EQ(ParamTable[0][11].Subscribers, 2);
   ParamTable[0][11].Subscribers = 1;
   EXPECT_EQ(Subscribed(), all);

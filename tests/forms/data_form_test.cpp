@@ -233,7 +233,9 @@ TEST_F(DataFormTest, LoadsOnceWhenMoreArrivalsThanTheThresholdHaveCounted) {
   Arrive(1, 31, 1);
   EXPECT_FALSE(form.IsLoading());
   EXPECT_EQ(form.loaded, 1);
-  for (int i = 0; i < 9; ++i) Arrive(1, 31, 1);
+  for (int i = 0; i < 9; ++i) {
+    Arrive(1, 31, 1);
+  }
   EXPECT_EQ(form.loaded, 1);
 }
 
@@ -250,7 +252,9 @@ TEST_F(DataFormTest, AGateIsStoredWhileLoading) {
 
 TEST_F(DataFormTest, AGateMayBeIgnoredWhileLoading) {
   TwoRows& form = OpenTwoRows(Gate::WhileLoading::kIgnored);
-  for (int i = 0; i < 3; ++i) Arrive(0, 312, 0);
+  for (int i = 0; i < 3; ++i) {
+    Arrive(0, 312, 0);
+  }
   EXPECT_FALSE(form.IsLoading());
   EXPECT_TRUE(form.gate.Open());
   Arrive(0, 312, 0);
@@ -260,7 +264,9 @@ TEST_F(DataFormTest, AGateMayBeIgnoredWhileLoading) {
 
 TEST_F(DataFormTest, AGateMayCountOnlyItsChanges) {
   TwoRows& form = OpenTwoRows(Gate::WhileLoading::kCountsChanges);
-  for (int i = 0; i < 9; ++i) Arrive(0, 312, 255);
+  for (int i = 0; i < 9; ++i) {
+    Arrive(0, 312, 255);
+  }
   EXPECT_TRUE(form.IsLoading());
   Arrive(0, 312, 0);
   Arrive(0, 312, 4);
@@ -270,7 +276,9 @@ TEST_F(DataFormTest, AGateMayCountOnlyItsChanges) {
 
 TEST_F(DataFormTest, AGateMayBeFollowedWhileLoadingAndCountItsChanges) {
   TwoRows& form = OpenTwoRows(Gate::WhileLoading::kFollowedAndCounted);
-  for (int i = 0; i < 9; ++i) Arrive(0, 312, 255);
+  for (int i = 0; i < 9; ++i) {
+    Arrive(0, 312, 255);
+  }
   EXPECT_EQ(form.followed, 0);
   Arrive(0, 312, 0);
   EXPECT_EQ(form.followed, 1);
@@ -284,14 +292,18 @@ TEST_F(DataFormTest, AGateMayBeFollowedWhileLoadingAndCountItsChanges) {
 
 TEST_F(DataFormTest, AGateThatIsFollowedWhileLoadingMayCountNothing) {
   TwoRows& form = OpenTwoRows(Gate::WhileLoading::kFollowed);
-  for (const int flags : {0, 4, 0, 4}) Arrive(0, 312, flags);
+  for (const int flags : {0, 4, 0, 4}) {
+    Arrive(0, 312, flags);
+  }
   EXPECT_EQ(form.followed, 4);
   EXPECT_TRUE(form.IsLoading());
 }
 
 TEST_F(DataFormTest, AfterLoadingAGateFollowsItsChangesOnly) {
   TwoRows& form = OpenTwoRows();
-  for (int i = 0; i < 3; ++i) Arrive(0, 312, 4);
+  for (int i = 0; i < 3; ++i) {
+    Arrive(0, 312, 4);
+  }
   Arrive(0, 312, 4);
   EXPECT_EQ(form.followed, 0);
   Arrive(0, 312, 0);
@@ -312,7 +324,9 @@ TEST_F(DataFormTest, GivesNoFocusOnceTheOperatorHasBeenIn) {
   Focus("HScroll1(2)");
   Arrive(1, 31, 1);
   Find("HScroll1(2)").clearFocus();
-  for (int i = 0; i < 3; ++i) Arrive(1, 31, 1);
+  for (int i = 0; i < 3; ++i) {
+    Arrive(1, 31, 1);
+  }
   EXPECT_EQ(QApplication::focusWidget(), nullptr);
 }
 
@@ -437,8 +451,12 @@ TEST(ArrivalMap, KnowsARecordOfItsNodeAlone) {
   ArrivalMap map;
   map.Set(1, 31, 7);
   EXPECT_EQ(map.Find(1, 31), 7);
-  for (const int node : {0, 2, 3}) EXPECT_EQ(map.Find(node, 31), ArrivalMap::kForeign);
-  for (const int index : {-1, 0, 30, 32, 33000}) EXPECT_EQ(map.Find(1, index), ArrivalMap::kForeign);
+  for (const int node : {0, 2, 3}) {
+    EXPECT_EQ(map.Find(node, 31), ArrivalMap::kForeign);
+  }
+  for (const int index : {-1, 0, 30, 32, 33000}) {
+    EXPECT_EQ(map.Find(1, index), ArrivalMap::kForeign);
+  }
   map.Set(1, 31, 8);
   EXPECT_EQ(map.Find(1, 31), 8);
   map.Clear();

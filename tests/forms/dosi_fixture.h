@@ -19,8 +19,12 @@ class FrmDosiTest : public FormFixture {
   void OpenLoaded(int value = 7) {
     Open();
     Arrive(0, 312, 4);
-    for (const int record : kBitRecords) Arrive(1, record, 0);
-    for (const int record : kRowRecords) Arrive(1, record, value);
+    for (const int record : kBitRecords) {
+      Arrive(1, record, 0);
+    }
+    for (const int record : kRowRecords) {
+      Arrive(1, record, value);
+    }
   }
 
   // A row is open when its bar can be moved and its box typed into.

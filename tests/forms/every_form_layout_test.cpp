@@ -54,7 +54,9 @@ class EveryFormsLayout : public FormFixture, public testing::WithParamInterface<
           qobject_cast<QAbstractButton*>(widget) != nullptr || qobject_cast<Bar*>(widget) != nullptr ||
           qobject_cast<EchoMark*>(widget) != nullptr;
       const bool of_tab_bar = qobject_cast<QTabBar*>(widget->parentWidget()) != nullptr;
-      if (control && !of_tab_bar && widget->isVisible()) controls.push_back(widget);
+      if (control && !of_tab_bar && widget->isVisible()) {
+        controls.push_back(widget);
+      }
     }
     return controls;
   }
@@ -95,10 +97,14 @@ TEST_P(EveryFormsLayout, NoTwoControlsOverlapInAnyLanguageAtAnyScale) {
       Speak(language);
       Scale(scale);
       Open(GetParam().name);
-      for (const Subscription& each : Subscribed()) Arrive(each.node, each.record, 4);
+      for (const Subscription& each : Subscribed()) {
+        Arrive(each.node, each.record, 4);
+      }
       const auto tabs = form().findChildren<QTabWidget*>();
       for (int tab = 0; tab < (tabs.isEmpty() ? 1 : tabs.front()->count()); ++tab) {
-        if (!tabs.isEmpty()) tabs.front()->setCurrentIndex(tab);
+        if (!tabs.isEmpty()) {
+          tabs.front()->setCurrentIndex(tab);
+        }
         QApplication::processEvents();
         EXPECT_FALSE(Controls().empty());
         ExpectNothingOverlaps();

@@ -18,7 +18,9 @@ class EveryForm : public FormFixture, public testing::WithParamInterface<FormEnt
  protected:
   // The machine sends a 4 for each record that somebody has subscribed: all gates are open, no head is off.
   void SendEverything() {
-    for (const Subscription& subscription : Subscribed()) Arrive(subscription.node, subscription.record, 4);
+    for (const Subscription& subscription : Subscribed()) {
+      Arrive(subscription.node, subscription.record, 4);
+    }
   }
   static std::string FocusName() {
     const QWidget* focus = QApplication::focusWidget();
@@ -104,12 +106,16 @@ constexpr Released kReleased[] = {
 TEST_P(EveryForm, ReleasesNothingOfOthersButWhatIsMeantToBe) {
   constexpr int kOthers = 3;
   for (int node = 0; node < kNodeCount; ++node) {
-    for (int record = 1; record <= kRecords; ++record) ParamTable[node][record].Subscribers = kOthers;
+    for (int record = 1; record <= kRecords; ++record) {
+      ParamTable[node][record].Subscribers = kOthers;
+    }
   }
   Open(GetParam().name);
   Close();
   for (const LeftSubscribed& each : kLeftSubscribed) {
-    if (std::string(each.form) == GetParam().name) --ParamTable[each.node][each.record].Subscribers;
+    if (std::string(each.form) == GetParam().name) {
+      --ParamTable[each.node][each.record].Subscribers;
+    }
   }
   for (const Released& each : kReleased) {
     for (int n = 0; n < each.count && std::string(each.form) == GetParam().name; ++n) {
@@ -128,7 +134,9 @@ TEST_P(EveryForm, LeavesTheFocusInAnotherFormWhereItIs) {
   Open("FrmPassword");
   Type("Text1(1)", "1");
   for (const int gates : {0, 4, 0, 255}) {
-    for (const int gate : {312, 313, 357}) Arrive(0, gate, gates);
+    for (const int gate : {312, 313, 357}) {
+      Arrive(0, gate, gates);
+    }
     EXPECT_TRUE(Find("Text1(1)").hasFocus());
   }
   EXPECT_EQ(BoxText("Text1(1)"), "1");

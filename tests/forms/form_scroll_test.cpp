@@ -80,7 +80,9 @@ TEST_F(FormScroll, TheKeysOfTheNumberPadScrollToo) {
 }
 
 TEST_F(FormScroll, OtherKeysAndKeysWithAModifierScrollNothing) {
-  for (const Qt::Key key : {Qt::Key_A, Qt::Key_Return, Qt::Key_Space}) Press(key);
+  for (const Qt::Key key : {Qt::Key_A, Qt::Key_Return, Qt::Key_Space}) {
+    Press(key);
+  }
   for (const auto modifier : {Qt::ShiftModifier, Qt::ControlModifier, Qt::AltModifier}) {
     Press(Qt::Key_Down, modifier);
     Press(Qt::Key_Right, modifier);
@@ -109,7 +111,9 @@ TEST_F(FormScroll, AControlWithTheFocusPassesOnWhatItDoesNotTake) {
 TEST_F(FormScroll, KeysThatMoveTheFrameScrollNothing) {
   const QPoint place = Frame().pos();
   for (QAction* entry : Frame().systemMenu()->actions()) {
-    if (entry->text().contains("Move")) entry->trigger();
+    if (entry->text().contains("Move")) {
+      entry->trigger();
+    }
   }
   Press(Qt::Key_Down);
   EXPECT_EQ(Down(), 0);

@@ -133,7 +133,9 @@ TEST_F(Allarmi, ListsNothingWhileAnyFieldIsMissing) {
     Open("FrmAllarmi");
     Arrive(0, 86, 3);
     for (int record = 142; record <= 201; ++record) {
-      if (record != missing) Arrive(0, record, 0);
+      if (record != missing) {
+        Arrive(0, record, 0);
+      }
     }
     EXPECT_EQ(Column(0).size(), 0u) << missing;
     Arrive(0, missing, 0);

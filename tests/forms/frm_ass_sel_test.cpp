@@ -18,7 +18,9 @@ std::string Number(int n) { return std::to_string(n < 16 ? n + 1 : n + 5); }
 
 const std::vector<Sent> kOpens = [] {
   std::vector<Sent> sent = {{0, 311, 2}, {0, 83, 0}, {0, 312, 4}, {0, 42, 10}, {0, 43, 10}};
-  for (int n = 0; n < kSelections; ++n) sent.push_back({1, n + 1, 0});
+  for (int n = 0; n < kSelections; ++n) {
+    sent.push_back({1, n + 1, 0});
+  }
   return sent;
 }();
 
@@ -90,7 +92,9 @@ class FrmAssSelTest : public FormFixture {
   FrmAssSelTest() { Open("FrmAssSel"); }
 
   void SendSelections(int count = kSelections) {
-    for (int n = 0; n < count; ++n) Arrive(1, n + 1, n);
+    for (int n = 0; n < count; ++n) {
+      Arrive(1, n + 1, n);
+    }
   }
   void SendExtras() {
     Arrive(0, 42, 42);
@@ -128,14 +132,22 @@ class FrmAssSelTest : public FormFixture {
 
 TEST_F(FrmAssSelTest, SubscribesSelectionsOnOneBoardAndTheRestOnTheOther) {
   std::vector<Subscription> expected;
-  for (const int record : {42, 43, 83, 311, 312}) expected.push_back({0, record, 1});
-  for (int record = 1; record <= 22; ++record) expected.push_back({1, record, 1});
+  for (const int record : {42, 43, 83, 311, 312}) {
+    expected.push_back({0, record, 1});
+  }
+  for (int record = 1; record <= 22; ++record) {
+    expected.push_back({1, record, 1});
+  }
   EXPECT_EQ(Subscribed(), expected);
 }
 
 TEST_F(FrmAssSelTest, ReleasesExactlyWhatItHasSubscribed) {
-  for (const int record : {41, 44, 82, 84, 244, 245, 285, 310, 313}) ParamTable[0][record].Subscribers = 1;
-  for (const int record : {23, 479, 500}) ParamTable[1][record].Subscribers = 1;
+  for (const int record : {41, 44, 82, 84, 244, 245, 285, 310, 313}) {
+    ParamTable[0][record].Subscribers = 1;
+  }
+  for (const int record : {23, 479, 500}) {
+    ParamTable[1][record].Subscribers = 1;
+  }
   Close();
   EXPECT_EQ(Subscribed().size(), 12u);
 }
@@ -191,7 +203,9 @@ TEST_F(FrmAssSelTest, OpensWithTheLastExtraPriceAndNotBefore) {
 }
 
 TEST_F(FrmAssSelTest, AnArrivalOfAnyOtherRecordOpensItToo) {
-  for (int n = 0; n < kSelections; ++n) ParamTable[1][n + 1].Flags |= kArrived;
+  for (int n = 0; n < kSelections; ++n) {
+    ParamTable[1][n + 1].Flags |= kArrived;
+  }
   ParamTable[0][42].Flags |= kArrived;
   ParamTable[0][43].Flags |= kArrived;
   Arrive(3, 600, 1);
@@ -379,8 +393,12 @@ TEST_F(FrmAssSelTest, AnExtraPriceWaitsForItsDecimalsAndIsDrawnAnewWithThem) {
 
 TEST_F(FrmAssSelTest, RecordsOfOtherBoardsAreForeign) {
   Unlock();
-  for (const int node : {1, 2, 3}) Arrive(node, 83, 1);
-  for (const int node : {1, 2, 3}) Arrive(node, 312, 0);
+  for (const int node : {1, 2, 3}) {
+    Arrive(node, 83, 1);
+  }
+  for (const int node : {1, 2, 3}) {
+    Arrive(node, 312, 0);
+  }
   ExpectSelections(true);
 }
 

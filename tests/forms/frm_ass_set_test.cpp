@@ -64,7 +64,9 @@ class SetAssignment : public FormFixture, public testing::WithParamInterface<Uni
   int node() const { return GetParam().node; }
   void SendGate(int value) { Arrive(0, GetParam().gate, value); }
   void SendPositions(int count = kPositions) {
-    for (int n = 0; n < count; ++n) Arrive(node(), n + 1, 5);
+    for (int n = 0; n < count; ++n) {
+      Arrive(node(), n + 1, 5);
+    }
   }
 
   void Expect(bool labels, bool open) {
@@ -81,7 +83,9 @@ class SetAssignment : public FormFixture, public testing::WithParamInterface<Uni
 
 TEST_P(SetAssignment, SubscribesItsOwnUnitAndTwoRecordsOfTheMainBoard) {
   std::vector<Subscription> expected = {{0, 83, 1}, {0, GetParam().gate, 1}};
-  for (int record = 1; record <= kPositions; ++record) expected.push_back({node(), record, 1});
+  for (int record = 1; record <= kPositions; ++record) {
+    expected.push_back({node(), record, 1});
+  }
   EXPECT_EQ(Subscribed(), expected);
   ParamTable[0][285].Subscribers = ParamTable[node()][216].Subscribers = 1;
   Close();
@@ -124,7 +128,9 @@ TEST_P(SetAssignment, ASetThatIsNotInUseStaysLockedUntilItIs) {
 }
 
 TEST_P(SetAssignment, AnArrivalOfAnyOtherRecordOpensItToo) {
-  for (int n = 0; n < kPositions; ++n) ParamTable[node()][n + 1].Flags |= kArrived;
+  for (int n = 0; n < kPositions; ++n) {
+    ParamTable[node()][n + 1].Flags |= kArrived;
+  }
   Arrive(1, 600, 1);
   ExpectOpen(true);
 }
@@ -184,7 +190,9 @@ TEST_P(SetAssignment, ThirtyWritesTwentyNineToARecordAndItsMirrorOfItsOwnUnit) {
 
 TEST_P(SetAssignment, NeverTouchesTheOtherUnit) {
   SendPositions();
-  for (int record = 1; record <= 300; ++record) Arrive(GetParam().other, record, 29);
+  for (int record = 1; record <= 300; ++record) {
+    Arrive(GetParam().other, record, 29);
+  }
   Arrive(0, GetParam().gate == 313 ? 357 : 313, 0);
   ExpectOpen(true);
   for (int n = 0; n < kPositions; ++n) {

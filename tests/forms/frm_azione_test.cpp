@@ -51,7 +51,9 @@ class FrmAzioneTest : public FormFixture {
 
   // Every count arrives once, as 1000.
   void ArriveAll() {
-    for (const Count& count : kCounts) Arrive(1, count.record, 1000);
+    for (const Count& count : kCounts) {
+      Arrive(1, count.record, 1000);
+    }
   }
   // The form with every row open.
   void Unlock() {
@@ -109,7 +111,9 @@ TEST_F(FrmAzioneTest, IsLockedUntilEightArrivalsHaveCounted) {
 }
 
 TEST_F(FrmAzioneTest, AnyArrivalCountsTheSameCountTwiceToo) {
-  for (int i = 0; i < 7; ++i) Arrive(1, 48, 3);
+  for (int i = 0; i < 7; ++i) {
+    Arrive(1, 48, 3);
+  }
   ExpectOpen(false);
   Arrive(1, 48, 3);
   ExpectOpen(true);
@@ -124,15 +128,21 @@ TEST_F(FrmAzioneTest, AGateOf255DoesNotCountWhileLoading) {
 }
 
 TEST_F(FrmAzioneTest, AnUnchangedGateCountsOnce) {
-  for (int i = 0; i < 9; ++i) Arrive(0, 312, 4);
-  for (int i = 0; i < 6; ++i) Arrive(1, 48, 3);
+  for (int i = 0; i < 9; ++i) {
+    Arrive(0, 312, 4);
+  }
+  for (int i = 0; i < 6; ++i) {
+    Arrive(1, 48, 3);
+  }
   ExpectOpen(false);
   Arrive(1, 48, 3);
   ExpectOpen(true);
 }
 
 TEST_F(FrmAzioneTest, AChangedGateCountsEachTime) {
-  for (const int flags : {4, 0, 4, 0, 4, 0, 4}) Arrive(0, 312, flags);
+  for (const int flags : {4, 0, 4, 0, 4, 0, 4}) {
+    Arrive(0, 312, flags);
+  }
   ExpectOpen(false);
   Arrive(0, 312, 5);
   ExpectOpen(true);

@@ -132,8 +132,12 @@ TEST_F(Cancella, HandsTheFocusBackToThePressedButton) {
 TEST_F(Cancella, LeavesTheFocusWhereTheOperatorHasTakenItMeanwhile) {
   QLineEdit elsewhere(form().window());
   Press(kResettable, BoxAnswer::kYes);
-  elsewhere.show();
-  elsewhere.setFocus();
+  else {
+    where.show();
+  }
+  else {
+    where.setFocus();
+  }
   ASSERT_TRUE(elsewhere.hasFocus());
   Pass(20);
   EXPECT_TRUE(Enabled(kResettable));

@@ -238,7 +238,9 @@ TEST_P(FrmConfUnit, APositionStandsUnderTheDigitOfItsColumnAndBesideThatOfItsRow
 TEST_P(FrmConfUnit, ABoxThatIsLeftBeforeAnythingHasArrivedShowsNothing) {
   ParamTable[GetParam().node][330].Value[0] = 17;
   Arrive(0, 361, 4);
-  for (int i = 0; i < 96; ++i) Arrive(GetParam().node, 328, 1);
+  for (int i = 0; i < 96; ++i) {
+    Arrive(GetParam().node, 328, 1);
+  }
   Type(Box(2), "55");
   Focus(Box(3));
   EXPECT_EQ(BoxText(Box(2)), "");
@@ -284,7 +286,9 @@ TEST_P(FrmConfUnit, ResetMakesEachPositionOfItsUnitAGroupOfItsOwn) {
   EXPECT_EQ(screen_.boxes, (std::vector<dosmara::Box>{
                                {"      Are you sure?", "Reset Equals Products ", BoxStyle::kYesNoWarning}}));
   Writes expected;
-  for (int n = 0; n < kPositions; ++n) expected.push_back({GetParam().node, 328 + n, n + 1});
+  for (int n = 0; n < kPositions; ++n) {
+    expected.push_back({GetParam().node, 328 + n, n + 1});
+  }
   EXPECT_EQ(Written(), expected);
   EXPECT_EQ(MarkBehind(Box(47)), State::kOnItsWay);
   for (const char* control : {"Frame1", "Frame2(0)", "Frame2(1)", "Command3(0)", "Command3(1)"}) {

@@ -16,7 +16,9 @@ using FrmConfTest = ConfFixture;
 TEST_F(FrmConfTest, SubscribesTheOptionsAndTheGroupsOfBothUnits) {
   std::vector<Subscription> expected = {{0, 361, 1}};
   for (const int node : {2, 3}) {
-    for (int record = 328; record <= 375; ++record) expected.push_back({node, record, 1});
+    for (int record = 328; record <= 375; ++record) {
+      expected.push_back({node, record, 1});
+    }
   }
   EXPECT_EQ(Subscribed(), expected);
   ParamTable[0][362].Subscribers = ParamTable[1][328].Subscribers = 1;
@@ -27,7 +29,9 @@ TEST_F(FrmConfTest, SubscribesTheOptionsAndTheGroupsOfBothUnits) {
 TEST_F(FrmConfTest, CaptionsComeFromTheLanguageButThoseOfTheFirstUnit) {
   EXPECT_EQ(form().windowTitle(), "#24");
   EXPECT_EQ(Find("Frame1").property("title"), "#614");
-  for (int i = 0; i < 3; ++i) EXPECT_EQ(LabelText(Element("Label1", 6 + i)), "#" + std::to_string(615 + i));
+  for (int i = 0; i < 3; ++i) {
+    EXPECT_EQ(LabelText(Element("Label1", 6 + i)), "#" + std::to_string(615 + i));
+  }
   EXPECT_EQ(LabelText("Label1(0)"), "SETTORE");
   EXPECT_EQ(LabelText("Label1(1)"), "GRUPPO =>");
   EXPECT_EQ(LabelText("Label1(2)"), "Associa");
@@ -127,7 +131,9 @@ TEST_F(FrmConfTest, TheChoiceKeepsWhatAnotherFormHasOnItsWay) {
 }
 
 TEST_F(FrmConfTest, TheChoiceIsNotMadeBeforeItsByteIsKnown) {
-  for (int i = 0; i < 3; ++i) SendUnit(2);
+  for (int i = 0; i < 3; ++i) {
+    SendUnit(2);
+  }
   Click("Option1(0)");
   EXPECT_EQ(Written(), Writes{});
   EXPECT_FALSE(On());
@@ -177,7 +183,9 @@ TEST_F(FrmConfTest, ControlsOfEqualWordsHaveNamesThatTellThemApart) {
 
 TEST_F(FrmConfTest, TheBoxesOfBothUnitsStandBelowEachOtherWhateverTheLanguage) {
   for (const char* words : {"x", "a caption longer than those of the first unit"}) {
-    for (int line = 615; line <= 617; ++line) CaptionTable[line] = words;
+    for (int line = 615; line <= 617; ++line) {
+      CaptionTable[line] = words;
+    }
     form().InitMessaggi();
     QApplication::processEvents();
     EXPECT_EQ(Find("Text5(0)").mapTo(&form(), QPoint()).x(), Find("Text6(0)").mapTo(&form(), QPoint()).x());

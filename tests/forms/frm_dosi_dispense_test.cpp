@@ -14,7 +14,9 @@ TEST_F(FrmDosiTest, AModelBelow21HasNoPartTests) {
     OpenLoaded();
     Arrive(1, 170, 9);
     EXPECT_TRUE(RowOpen(2));
-    for (int n = 0; n < 5; ++n) EXPECT_EQ(Enabled(Element("cmdProva", n)), model == 21) << n;
+    for (int n = 0; n < 5; ++n) {
+      EXPECT_EQ(Enabled(Element("cmdProva", n)), model == 21) << n;
+    }
     Close();
   }
 }
@@ -110,7 +112,9 @@ TEST_F(FrmDosiTest, AStartThatWasSeenEndsWithItsTest) {
     Click(test);
     Arrive(0, 317, 2);
     Arrive(0, 317, 0);
-    if (Running("Timer3")) Fire("Timer3");
+    if (Running("Timer3")) {
+      Fire("Timer3");
+    }
     EXPECT_TRUE(RowOpen(0));
     Click("Command1(0)");
     Arrive(0, 317, 0);

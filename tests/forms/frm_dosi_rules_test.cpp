@@ -36,8 +36,12 @@ TEST_F(FrmDosiTest, SubscribesTheRecordsOfTheFirstSelectionAndTheStatus) {
 TEST_F(FrmDosiTest, UnlocksAtTheTwentyFourthArrival) {
   Open();
   Arrive(0, 312, 4);
-  for (const int record : kBitRecords) Arrive(1, record, 0);
-  for (int i = 0; i < 10; ++i) Arrive(1, 148, 7);
+  for (const int record : kBitRecords) {
+    Arrive(1, record, 0);
+  }
+  for (int i = 0; i < 10; ++i) {
+    Arrive(1, 148, 7);
+  }
   ExpectAllGrey();
   Arrive(1, 148, 7);
   EXPECT_TRUE(Enabled("Command1(0)"));
@@ -51,7 +55,9 @@ TEST_F(FrmDosiTest, EveryRowAndEveryByteOfAPropertyCounts) {
     SCOPED_TRACE(record);
     Open();
     Arrive(0, 312, 4);
-    for (int i = 0; i < 22; ++i) Arrive(1, record, 7);
+    for (int i = 0; i < 22; ++i) {
+      Arrive(1, record, 7);
+    }
     EXPECT_FALSE(Enabled("Command1(0)"));
     Arrive(1, record, 7);
     EXPECT_TRUE(Enabled("Command1(0)"));
@@ -76,8 +82,12 @@ TEST_F(FrmDosiTest, ForeignArrivalsDoNotCount) {
 TEST_F(FrmDosiTest, StaysGreyWhenTheMachineDoesNotAllowChanges) {
   Open();
   Arrive(0, 312, 251);
-  for (const int record : kBitRecords) Arrive(1, record, 0);
-  for (const int record : kRowRecords) Arrive(1, record, 0);
+  for (const int record : kBitRecords) {
+    Arrive(1, record, 0);
+  }
+  for (const int record : kRowRecords) {
+    Arrive(1, record, 0);
+  }
   ExpectAllGrey();
 }
 
@@ -193,11 +203,17 @@ TEST_F(FrmDosiTest, AHeadAtNoughtClosesItsDependantsAndAnyOtherValueOpensThem) {
     for (const int value : {0, 1, 0, 999}) {
       Arrive(1, kRowRecords[head.row], value);
       EXPECT_TRUE(RowOpen(head.row));
-      for (const int n : head.rows) EXPECT_EQ(RowOpen(n), value != 0) << n;
-      for (const int n : head.tests) EXPECT_EQ(Enabled(Element("cmdProva", n)), value != 0) << n;
+      for (const int n : head.rows) {
+        EXPECT_EQ(RowOpen(n), value != 0) << n;
+      }
+      for (const int n : head.tests) {
+        EXPECT_EQ(Enabled(Element("cmdProva", n)), value != 0) << n;
+      }
       EXPECT_EQ(Enabled("lblVal(13)"), head.row != 9 || value != 0);
     }
-    for (const int n : {0, 1, 6, 9, 11, 12}) EXPECT_TRUE(RowOpen(n));
+    for (const int n : {0, 1, 6, 9, 11, 12}) {
+      EXPECT_TRUE(RowOpen(n));
+    }
   }
 }
 
@@ -207,10 +223,18 @@ TEST_F(FrmDosiTest, EnablingOpensTheDependantsOfTheHeadsThatAreOn) {
   Arrive(1, 214, 0);
   Arrive(0, 312, 0);
   Arrive(0, 312, 4);
-  for (const int n : {2, 3, 4, 5, 10, 13}) EXPECT_FALSE(RowOpen(n)) << n;
-  for (const int n : {0, 1, 6, 7, 8, 9, 11, 12}) EXPECT_TRUE(RowOpen(n)) << n;
-  for (const int n : {0, 1, 3}) EXPECT_FALSE(Enabled(Element("cmdProva", n))) << n;
-  for (const int n : {2, 4}) EXPECT_TRUE(Enabled(Element("cmdProva", n))) << n;
+  for (const int n : {2, 3, 4, 5, 10, 13}) {
+    EXPECT_FALSE(RowOpen(n)) << n;
+  }
+  for (const int n : {0, 1, 6, 7, 8, 9, 11, 12}) {
+    EXPECT_TRUE(RowOpen(n)) << n;
+  }
+  for (const int n : {0, 1, 3}) {
+    EXPECT_FALSE(Enabled(Element("cmdProva", n))) << n;
+  }
+  for (const int n : {2, 4}) {
+    EXPECT_TRUE(Enabled(Element("cmdProva", n))) << n;
+  }
 }
 
 TEST_F(FrmDosiTest, AHeadThatArrivesWhileLoadingOpensItsDependants) {
@@ -223,8 +247,9 @@ TEST_F(FrmDosiTest, AHeadThatArrivesWhileLoadingOpensItsDependants) {
 TEST_F(FrmDosiTest, AModelBelow25HasNoDecaffeinatedDelay) {
   ModelCode = 24;
   OpenLoaded();
-  for (const char* name : {"lblDes(13)", "lblVal(13)", "txtVal(13)", "scrDosi(13)"})
+  for (const char* name : {"lblDes(13)", "lblVal(13)", "txtVal(13)", "scrDosi(13)"}) {
     EXPECT_FALSE(Shown(name)) << name;
+  }
   EXPECT_TRUE(RowOpen(10));
   EXPECT_EQ(LabelText("lblVal(13)"), "0.7");
 }
@@ -256,7 +281,9 @@ TEST_F(FrmDosiTest, ABoxThatIsLeftForTheKeypadShowsWhatItsLabelShows) {
   for (const bool typed : {false, true}) {
     Click("txtVal(0)");
     EXPECT_EQ(BoxText("txtVal(0)"), "");
-    if (typed) Type("txtVal(0)", "12");
+    if (typed) {
+      Type("txtVal(0)", "12");
+    }
     Click("Label11(5)");
     Focus("HScroll7");
     EXPECT_EQ(BoxText("txtVal(0)"), LabelText("lblVal(0)"));

@@ -67,8 +67,12 @@ RowCase CaseOf(const DoseRow& dose) {
 
 FormRows DosesRows() {
   FormRows form = {.form = "FrmDosi", .opens = {{0, 312, 4}}, .closes = {{0, 312, 0}}, .rows = {}};
-  for (const int record : kBitRecords) form.opens.push_back({1, record, 0});
-  for (const DoseRow& dose : kDoses) form.rows.push_back(CaseOf(dose));
+  for (const int record : kBitRecords) {
+    form.opens.push_back({1, record, 0});
+  }
+  for (const DoseRow& dose : kDoses) {
+    form.rows.push_back(CaseOf(dose));
+  }
   return form;
 }
 
@@ -80,8 +84,12 @@ class FrmDosiTable : public FormFixture {
   FrmDosiTable() {
     Open("FrmDosi");
     Arrive(0, 312, 4);
-    for (const int record : kBitRecords) Arrive(1, record, 0);
-    for (const DoseRow& dose : kDoses) Arrive(1, dose.record, 7);
+    for (const int record : kBitRecords) {
+      Arrive(1, record, 0);
+    }
+    for (const DoseRow& dose : kDoses) {
+      Arrive(1, dose.record, 7);
+    }
   }
 
   // What a row shows, which its box has to show as well.

@@ -22,23 +22,31 @@ class FrmGraficoTest : public FormFixture {
 
   // All boards are there, and their temperatures are 92, 4.5 and 8.25 degrees.
   void ArriveAll() {
-    for (const int gate : {312, 313, 357}) Arrive(0, gate, 4);
+    for (const int gate : {312, 313, 357}) {
+      Arrive(0, gate, 4);
+    }
     Arrive(1, 542, 92);
-    for (const int node : {2, 3}) Arrive(node, 52, 5);
+    for (const int node : {2, 3}) {
+      Arrive(node, 52, 5);
+    }
     Arrive(2, 287, 1152);
     Arrive(3, 287, 2112);
   }
 
   // Four seconds pass, so many times.
   void Pass(int samples = 1) {
-    while (samples-- > 0) Fire("Timer1");
+    while (samples-- > 0) {
+      Fire("Timer1");
+    }
   }
 
   // The values of a channel, in all of its lines.
   std::vector<double> Values(int channel) {
     std::vector<double> values;
     for (const auto& line : Chart().Lines(channel)) {
-      for (const QPointF& point : line) values.push_back(point.y());
+      for (const QPointF& point : line) {
+        values.push_back(point.y());
+      }
     }
     return values;
   }
@@ -134,7 +142,9 @@ TEST_F(FrmGraficoTest, DrawsWhatHasArrivedLastWhetherOrNotItIsFresh) {
   Arrive(1, 542, 93);
   Arrive(1, 542, 94);
   for (auto& node : ParamTable) {
-    for (ParamRec& record : node) record.Flags = 0;
+    for (ParamRec& record : node) {
+      record.Flags = 0;
+    }
   }
   Pass(2);
   EXPECT_EQ(Values(kBoiler), (Numbers{92, 94, 94}));
@@ -289,7 +299,9 @@ TEST_F(FrmGraficoTest, TakesItsWordsFromTheLanguage) {
 }
 
 TEST_F(FrmGraficoTest, HasWordsOfItsOwnWhereALanguageFileIsTooOld) {
-  for (int line = 644; line <= 649; ++line) CaptionTable[line] = QString();
+  for (int line = 644; line <= 649; ++line) {
+    CaptionTable[line] = QString();
+  }
   form().InitMessaggi();
   const char* const words[][2] = {{"Follow", "Scorri"},  {"Earlier", "Indietro"},
                                   {"Later", "Avanti"},   {"ZoomIn", "Ingrandisci"},

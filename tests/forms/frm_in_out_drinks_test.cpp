@@ -30,7 +30,9 @@ TEST_F(InOutDrinksTest, EachReadBackBitShowsOnItsSwitch) {
   }
   Arrive(1, 550, 255 - 1 - 4);
   EXPECT_EQ(AllOn("SwitchLed1", 26), UpTo(0));
-  for (const int record : {547, 548, 549, 550}) Arrive(1, record, 255);
+  for (const int record : {547, 548, 549, 550}) {
+    Arrive(1, record, 255);
+  }
   EXPECT_EQ(AllOn("SwitchLed1", 26), UpTo(26));
   EXPECT_EQ(Written(), Writes{});
 }
@@ -38,7 +40,9 @@ TEST_F(InOutDrinksTest, EachReadBackBitShowsOnItsSwitch) {
 TEST_F(InOutDrinksTest, SwitchingOnSetsItsBitInAllThatIsRead) {
   StartWithAllSwitches();
   for (int i = 0; i < 26; ++i) {
-    for (int n = 0; n < 4; ++n) Arrive(1, 547 + n, 0);
+    for (int n = 0; n < 4; ++n) {
+      Arrive(1, 547 + n, 0);
+    }
     Click(Element("SwitchLed1", i));
     Writes expected;
     for (int record = 536; record <= 539; ++record) {
@@ -53,7 +57,9 @@ TEST_F(InOutDrinksTest, SwitchingOnSetsItsBitInAllThatIsRead) {
 TEST_F(InOutDrinksTest, SwitchingOffClearsItsBitAndNoOther) {
   StartWithAllSwitches();
   for (int i = 0; i < 26; ++i) {
-    for (int n = 0; n < 4; ++n) Arrive(1, 547 + n, 255);
+    for (int n = 0; n < 4; ++n) {
+      Arrive(1, 547 + n, 255);
+    }
     Click(Element("SwitchLed1", i));
     Writes expected;
     for (int record = 536; record <= 539; ++record) {
@@ -69,7 +75,9 @@ TEST_F(InOutDrinksTest, TheSwitchFollowsTheReadBackAlone) {
   Start();
   Click("SwitchLed1(2)");
   EXPECT_FALSE(On("SwitchLed1(2)"));
-  for (int record = 535; record <= 539; ++record) Arrive(1, record, 4);
+  for (int record = 535; record <= 539; ++record) {
+    Arrive(1, record, 4);
+  }
   EXPECT_FALSE(On("SwitchLed1(2)"));
   Arrive(1, 547, 4);
   EXPECT_TRUE(On("SwitchLed1(2)"));
@@ -84,7 +92,9 @@ TEST_F(InOutDrinksTest, TheCommandFollowsTheThirdImage) {
   Click("SwitchLed1(2)");
   Written();
   Arrive(1, 536, 4);
-  for (const int record : {537, 539, 535}) Arrive(1, record, 0);
+  for (const int record : {537, 539, 535}) {
+    Arrive(1, record, 0);
+  }
   Arrive(2, 538, 0);
   EXPECT_EQ(Written(), Writes{});
   Arrive(1, 538, 0);
@@ -111,7 +121,9 @@ TEST_F(InOutDrinksTest, NothingIsSwitchedByAnImageThatHasBeenLostOnItsWay) {
   AllOff();
   Click("SwitchLed1(5)");
   Written();
-  for (int record = 536; record <= 538; ++record) Arrive(1, record, record == 536 ? 32 : 0);
+  for (int record = 536; record <= 538; ++record) {
+    Arrive(1, record, record == 536 ? 32 : 0);
+  }
   EXPECT_EQ(Written(), (Writes{{1, 535, 2}}));
 }
 
@@ -138,7 +150,9 @@ TEST_F(InOutDrinksTest, AWriteClosesAllSwitchesAndIsDoneByTheFirstEqualReadBack)
     ExpectOpen(false);
     EXPECT_TRUE(Running("Timer1"));
     for (int record = 547; record <= 550; ++record) {
-      if (record != press.second) Arrive(1, record, 0);
+      if (record != press.second) {
+        Arrive(1, record, 0);
+      }
     }
     ExpectOpen(false);
     Arrive(1, press.second, kOutputs[press.first].mask);
@@ -193,7 +207,9 @@ TEST_F(InOutDrinksTest, WhatAnArrivalDoesToASwitchIsNoWish) {
   Start();
   LedSwitch& pressed = Switch("SwitchLed1(0)");
   QObject::connect(&pressed, &LedSwitch::toggled, [&] {
-    for (const char* name : {"SwitchLed1(1)", "SwitchLed3(1)", "SwitchLed4", "SwitchLed6"}) Click(name);
+    for (const char* name : {"SwitchLed1(1)", "SwitchLed3(1)", "SwitchLed4", "SwitchLed6"}) {
+      Click(name);
+    }
   });
   Arrive(1, 547, 1);
   EXPECT_TRUE(pressed.IsOn());

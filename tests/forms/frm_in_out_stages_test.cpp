@@ -23,7 +23,9 @@ TEST_F(InOutStagesTest, AWriteLeavesTheButtonOpenAndAStopTakesThePlaceOfItsComma
   EXPECT_TRUE(Enabled("Command1"));
   Click("Command1");
   EXPECT_EQ(Written(), (Writes{{1, 536, 0}, {2, 285, 0}, {3, 285, 0}}));
-  for (const int record : {537, 538, 539}) Arrive(1, record, 0);
+  for (const int record : {537, 538, 539}) {
+    Arrive(1, record, 0);
+  }
   EXPECT_EQ(Written(), Writes{});
   Arrive(1, 536, 0);
   EXPECT_EQ(Written(), (Writes{{1, 535, 1}}));
@@ -99,7 +101,9 @@ TEST_F(InOutStagesTest, AUnitThatVanishesDuringItsWriteClosesTheOthersNoLongerTh
     Click(first ? "SwitchLed3(9)" : "SwitchLed5(20)");
     Arrive(0, gate, 0);
     EXPECT_FALSE(Enabled(first ? "Frame3" : "Frame4"));
-    for (int n = 0; n < 2; ++n) ReadBack(first ? 3 : 2, 0, 0);
+    for (int n = 0; n < 2; ++n) {
+      ReadBack(first ? 3 : 2, 0, 0);
+    }
     EXPECT_EQ(AllOpen("SwitchLed1", 23), UpTo(0));
     EXPECT_TRUE(Running("Timer1"));
     Fire("Timer1");
@@ -116,7 +120,9 @@ TEST_F(InOutStagesTest, AUnitThatVanishesHandsTheFocusToNoOtherSwitch) {
   Start();
   for (const bool writing : {false, true}) {
     Focus("SwitchLed3(9)");
-    if (writing) PressEnter();
+    if (writing) {
+      PressEnter();
+    }
     Arrive(0, 313, 0);
     EXPECT_EQ(QApplication::focusWidget(), nullptr) << writing;
     Arrive(0, 313, 4);

@@ -33,10 +33,16 @@ TEST_F(InOutTest, OpensClosedAndInRed) {
 
 TEST_F(InOutTest, SubscribesWhatItReads) {
   std::vector<Subscription> wanted;
-  for (const int record : {312, 313, 318, 357}) wanted.push_back({0, record, 1});
-  for (const int record : {541, 542, 544, 545, 546, 547, 548, 549, 550}) wanted.push_back({1, record, 1});
+  for (const int record : {312, 313, 318, 357}) {
+    wanted.push_back({0, record, 1});
+  }
+  for (const int record : {541, 542, 544, 545, 546, 547, 548, 549, 550}) {
+    wanted.push_back({1, record, 1});
+  }
   for (const int node : {2, 3}) {
-    for (const int record : {52, 287, 288, 289, 290}) wanted.push_back({node, record, 1});
+    for (const int record : {52, 287, 288, 289, 290}) {
+      wanted.push_back({node, record, 1});
+    }
   }
   EXPECT_EQ(Subscribed(), wanted);
 }
@@ -50,10 +56,18 @@ TEST_F(InOutTest, CaptionsComeFromTheLanguage) {
   const std::pair<const char*, int> labels[] = {
       {"Label6", 283},     {"Label8", 322},     {"Label10", 322},    {"Label2", 323},     {"Label9", 323},
       {"Label4(22)", 325}, {"Label4(23)", 326}, {"Label4(24)", 327}, {"Label4(25)", 328}, {"Label3(9)", 324}};
-  for (const auto& [name, line] : labels) EXPECT_EQ(LabelText(name), '#' + std::to_string(line)) << name;
-  for (int i = 0; i < 5; ++i) EXPECT_EQ(LabelText(Element("Label1", i)), '#' + std::to_string(275 + i));
-  for (int i = 0; i < 22; ++i) EXPECT_EQ(LabelText(Element("Label4", i)), '#' + std::to_string(285 + i));
-  for (int i = 0; i < 9; ++i) EXPECT_EQ(LabelText(Element("Label3", i)), '#' + std::to_string(307 + i));
+  for (const auto& [name, line] : labels) {
+    EXPECT_EQ(LabelText(name), '#' + std::to_string(line)) << name;
+  }
+  for (int i = 0; i < 5; ++i) {
+    EXPECT_EQ(LabelText(Element("Label1", i)), '#' + std::to_string(275 + i));
+  }
+  for (int i = 0; i < 22; ++i) {
+    EXPECT_EQ(LabelText(Element("Label4", i)), '#' + std::to_string(285 + i));
+  }
+  for (int i = 0; i < 9; ++i) {
+    EXPECT_EQ(LabelText(Element("Label3", i)), '#' + std::to_string(307 + i));
+  }
   for (const char* array : {"Label5", "Label11"}) {
     for (int row = 1; row <= 6; ++row) {
       for (int column = 1; column <= 8; ++column) {
@@ -73,7 +87,9 @@ TEST_F(InOutTest, InstrumentsAreCalledByTheirCaptionsAndSayOffAndOnInTheLanguage
   AllOff();
   Arrive(0, 318, 0);
   for (const char* words : {"#", "neu "}) {
-    for (int line = 1; line <= kLastCaption; ++line) CaptionTable[line] = words + QString::number(line);
+    for (int line = 1; line <= kLastCaption; ++line) {
+      CaptionTable[line] = words + QString::number(line);
+    }
     form().InitMessaggi();
     for (const auto& [control, label] : pairs) {
       EXPECT_EQ(Find(control).accessibleName().toStdString(), LabelText(label)) << control;
@@ -86,9 +102,15 @@ TEST_F(InOutTest, InstrumentsAreCalledByTheirCaptionsAndSayOffAndOnInTheLanguage
 }
 
 TEST_F(InOutTest, NothingIsShownBeforeItHasArrived) {
-  for (const Led* led : form().findChildren<Led*>()) EXPECT_FALSE(led->IsKnown());
-  for (const LedSwitch* each : form().findChildren<LedSwitch*>()) EXPECT_FALSE(each->IsKnown());
-  for (const SevenSegment* each : form().findChildren<SevenSegment*>()) EXPECT_FALSE(each->IsKnown());
+  for (const Led* led : form().findChildren<Led*>()) {
+    EXPECT_FALSE(led->IsKnown());
+  }
+  for (const LedSwitch* each : form().findChildren<LedSwitch*>()) {
+    EXPECT_FALSE(each->IsKnown());
+  }
+  for (const SevenSegment* each : form().findChildren<SevenSegment*>()) {
+    EXPECT_FALSE(each->IsKnown());
+  }
   EXPECT_EQ(form().findChildren<Led*>().size(), 15);
   EXPECT_EQ(form().findChildren<LedSwitch*>().size(), 26 + 48 + 48 + 2);
 }
@@ -131,7 +153,9 @@ TEST_F(InOutTest, EachInputLightsItsLamp) {
 TEST_F(InOutTest, TheSpareLampStaysOff) {
   Led& spare = Find<Led>("iLedRectangleX1(7)");
   for (int value = 0; value < 256; ++value) {
-    for (const int record : {544, 545, 546}) Arrive(1, record, value);
+    for (const int record : {544, 545, 546}) {
+      Arrive(1, record, value);
+    }
     EXPECT_TRUE(spare.IsKnown());
     EXPECT_FALSE(spare.IsOn()) << value;
   }
@@ -172,7 +196,9 @@ TEST_F(InOutTest, OnlyAPresenceThatDiffersIsLookedAt) {
 
 TEST_F(InOutTest, TheFirstPresenceAlwaysDiffers) {
   Present(0, 0, 0);
-  for (const char* frame : {"Frame2", "Frame3", "Frame4"}) EXPECT_FALSE(Enabled(frame)) << frame;
+  for (const char* frame : {"Frame2", "Frame3", "Frame4"}) {
+    EXPECT_FALSE(Enabled(frame)) << frame;
+  }
   EXPECT_TRUE(Enabled("Frame1"));
 }
 
@@ -192,7 +218,9 @@ TEST_F(InOutTest, ABoardThatIsNotThereStaysOnTheScreenInGrey) {
     for (const Board& other : boards) {
       EXPECT_EQ(Enabled(other.frame), other.gate != board.gate) << other.frame;
       EXPECT_TRUE(Shown(other.frame));
-      for (const char* part : other.parts) EXPECT_EQ(Enabled(part), other.gate != board.gate) << part;
+      for (const char* part : other.parts) {
+        EXPECT_EQ(Enabled(part), other.gate != board.gate) << part;
+      }
     }
     Arrive(0, board.gate, 4);
   }
@@ -242,7 +270,9 @@ TEST_F(InOutTest, TheTestIsOnWhenAllBoardsReportIt) {
 
 TEST_F(InOutTest, TheTestStaysOnInAnotherLanguage) {
   InTest(1, 1, 1);
-  for (const int line : {318, 320}) CaptionTable[line] = "neu " + QString::number(line);
+  for (const int line : {318, 320}) {
+    CaptionTable[line] = "neu " + QString::number(line);
+  }
   form().InitMessaggi();
   EXPECT_EQ(Find<QPushButton>("Command1").text(), "neu 318");
   EXPECT_EQ(LabelText("Label7"), "neu 320");
@@ -314,7 +344,9 @@ TEST_F(InOutTest, TheCommandFollowsTheEchoOfItsData) {
   Present(4, 4, 4);
   Click("Command1");
   Written();
-  for (const int record : {535, 537, 538, 539}) Arrive(1, record, 60);
+  for (const int record : {535, 537, 538, 539}) {
+    Arrive(1, record, 60);
+  }
   EXPECT_EQ(Written(), Writes{});
   Arrive(1, 536, 60);
   EXPECT_EQ(Written(), (Writes{{1, 535, 1}}));
@@ -323,7 +355,9 @@ TEST_F(InOutTest, TheCommandFollowsTheEchoOfItsData) {
   Arrive(2, 285, 60);
   EXPECT_EQ(Written(), (Writes{{2, 284, 1}}));
   Arrive(1, 536, 60);
-  for (const int node : {2, 3}) Arrive(node, 285, 60);
+  for (const int node : {2, 3}) {
+    Arrive(node, 285, 60);
+  }
   EXPECT_EQ(Written(), Writes{});
 }
 
@@ -377,7 +411,9 @@ TEST_F(InOutTest, TimeUpOpensAllInSilenceAndForgetsWhatIsWaitedFor) {
     Click(press);
     Fire("Timer1");
     InTest(0, 0, 0);
-    for (const int node : {2, 3, 2, 3}) ReadBack(node, 1, 1);
+    for (const int node : {2, 3, 2, 3}) {
+      ReadBack(node, 1, 1);
+    }
     ExpectOpen(false);
     InTest(1, 1, 1);
   }
@@ -471,7 +507,9 @@ TEST_F(InOutTest, FitsAScreenOf1366By768InTheShippedLanguages) {
     Close();
     Open("FrmInOut");
     QApplication::processEvents();
-    for (const QScrollBar* bar : form().findChildren<QScrollBar*>()) EXPECT_FALSE(bar->isVisible());
+    for (const QScrollBar* bar : form().findChildren<QScrollBar*>()) {
+      EXPECT_FALSE(bar->isVisible());
+    }
     EXPECT_LE(form().parentWidget()->sizeHint().width(), 1366) << language.name;
     EXPECT_LE(form().parentWidget()->sizeHint().height(), 700) << language.name;
   }

@@ -31,7 +31,9 @@ class InOutZeth : public InOutFixture, public testing::WithParamInterface<Unit> 
   Writes WrittenHere() {
     Writes here;
     Writes others;
-    for (const Write& write : Written()) (write.node == node() ? here : others).push_back(write);
+    for (const Write& write : Written()) {
+      (write.node == node() ? here : others).push_back(write);
+    }
     EXPECT_EQ(others, Interlock());
     return here;
   }
@@ -123,9 +125,13 @@ TEST_P(InOutZeth, NothingIsSwitchedByARowOrColumnThatHasBeenLostOnItsWay) {
     for (const bool row_first : {true, false}) {
       Click(Sector(10));
       Written();
-      if (row_first) Arrive(node(), 285, held.first);
+      if (row_first) {
+        Arrive(node(), 285, held.first);
+      }
       Arrive(node(), 286, held.second);
-      if (!row_first) Arrive(node(), 285, held.first);
+      if (!row_first) {
+        Arrive(node(), 285, held.first);
+      }
       EXPECT_EQ(Written(), Writes{});
       ExpectOpen(false);
       Fire("Timer1");
@@ -172,7 +178,9 @@ TEST_P(InOutZeth, AReadBackIsEqualOnlyInRowAndColumn) {
 
 TEST_P(InOutZeth, AReadBackThatNobodyWaitsForOpensNothing) {
   Present(4, 4, 4);
-  for (int n = 0; n < 3; ++n) ReadBack(node(), 1, 1);
+  for (int n = 0; n < 3; ++n) {
+    ReadBack(node(), 1, 1);
+  }
   ExpectOpen(false);
   InTest(1, 1, 1);
   Click(Sector(9));

@@ -14,7 +14,9 @@ class MdbAudit : public FormFixture {
   MdbAudit() { Open("FrmMDBaudit"); }
 
   void ReadAll() {
-    for (int n = 0; n < 6; ++n) Arrive(0, 339 + n, 1500 + n);
+    for (int n = 0; n < 6; ++n) {
+      Arrive(0, 339 + n, 1500 + n);
+    }
   }
   bool Clearable() { return Enabled("Command1"); }
   std::string Flow(int n) { return LabelText(Element("Label2", n)); }
@@ -42,7 +44,9 @@ TEST_F(MdbAudit, AmountsHaveNoDecimalPointWhateverTheDecimalsOfMoney) {
 
 TEST_F(MdbAudit, TheButtonOpensAsSoonAsTheFirstFlowIsKnown) {
   EXPECT_FALSE(Clearable());
-  for (int n = 1; n < 6; ++n) Arrive(0, 339 + n, 5);
+  for (int n = 1; n < 6; ++n) {
+    Arrive(0, 339 + n, 5);
+  }
   EXPECT_FALSE(Clearable());
   Arrive(0, 339, 0);
   EXPECT_TRUE(Clearable());
@@ -57,9 +61,13 @@ TEST_F(MdbAudit, AnyArrivalOpensTheButtonOnceTheFirstFlowIsFresh) {
 
 TEST_F(MdbAudit, AForeignArrivalShowsNothing) {
   for (int node = 1; node < 4; ++node) {
-    for (int record = 339; record <= 344; ++record) Arrive(node, record, 5);
+    for (int record = 339; record <= 344; ++record) {
+      Arrive(node, record, 5);
+    }
   }
-  for (int n = 0; n < 6; ++n) EXPECT_EQ(Flow(n), "");
+  for (int n = 0; n < 6; ++n) {
+    EXPECT_EQ(Flow(n), "");
+  }
   EXPECT_FALSE(Clearable());
 }
 
@@ -106,7 +114,9 @@ TEST_F(MdbAudit, OldValuesStandUntilTheMachineAnswers) {
 TEST_F(MdbAudit, TheEchoOfTheFirstFlowOpensTheButtonAgain) {
   ReadAll();
   ClearWith(BoxAnswer::kYes);
-  for (int n = 1; n < 6; ++n) Arrive(0, 339 + n, 0);
+  for (int n = 1; n < 6; ++n) {
+    Arrive(0, 339 + n, 0);
+  }
   Arrive(0, 86, 1);
   EXPECT_FALSE(Clearable()) << "the machine has not answered";
   Arrive(0, 339, 0);

@@ -28,7 +28,9 @@ std::vector<std::string> HotDrinks() {
     names.push_back(Element("SwitchX1", n));
   }
   for (int n = 0; n < 3; ++n) {
-    for (const char* array : {"HScroll1", "Label10", "Label6", "Text2"}) names.push_back(Element(array, n));
+    for (const char* array : {"HScroll1", "Label10", "Label6", "Text2"}) {
+      names.push_back(Element(array, n));
+    }
   }
   return names;
 }
@@ -36,10 +38,14 @@ std::vector<std::string> HotDrinks() {
 class FrmOpzioniRulesTest : public OpzioniFixture {
  protected:
   void ExpectOpen(const std::vector<std::string>& names, bool open) {
-    for (const std::string& name : names) EXPECT_EQ(Enabled(name), open) << name;
+    for (const std::string& name : names) {
+      EXPECT_EQ(Enabled(name), open) << name;
+    }
   }
   void ExpectAllOpen(bool open) {
-    for (const auto& group : {kMain, kPoint, HotDrinks(), kZethUnit, kZeth2Unit}) ExpectOpen(group, open);
+    for (const auto& group : {kMain, kPoint, HotDrinks(), kZethUnit, kZeth2Unit}) {
+      ExpectOpen(group, open);
+    }
   }
   bool Unlocked() { return Enabled("SlswitchX5"); }
 };
@@ -56,7 +62,9 @@ TEST_F(FrmOpzioniRulesTest, IsLockedUntilTwentyArrivalsHaveCounted) {
 
 TEST_F(FrmOpzioniRulesTest, EachOfTheTwentyCounts) {
   for (const int record : {84, 77, 78, 359, 132, 133, 333, 334, 311}) {
-    for (int i = 0; i < 2; ++i) Arrive(0, record, 0);
+    for (int i = 0; i < 2; ++i) {
+      Arrive(0, record, 0);
+    }
   }
   Arrive(1, 46, 0);
   EXPECT_FALSE(Unlocked()) << "nineteen";
@@ -66,7 +74,9 @@ TEST_F(FrmOpzioniRulesTest, EachOfTheTwentyCounts) {
        {Sent{1, 46, 0}, {1, 47, 0}, {1, 28, 0}, {1, 29, 0}, {1, 33, 0}, {2, 59, 0}, {3, 59, 0}}) {
     Close();
     FormFixture::Open("FrmOpzioni");
-    for (int i = 0; i < 19; ++i) Arrive(sent.node, sent.record, 0);
+    for (int i = 0; i < 19; ++i) {
+      Arrive(sent.node, sent.record, 0);
+    }
     EXPECT_FALSE(Unlocked());
     Arrive(sent.node, sent.record, 0);
     EXPECT_TRUE(Unlocked()) << sent.node << " " << sent.record;
@@ -92,7 +102,9 @@ TEST_F(FrmOpzioniRulesTest, ForeignOnesAndVersionsAndTwoOfTheBytesDoNotCount) {
 TEST_F(FrmOpzioniRulesTest, UnitFlagsAndStatusCountOnlyWhenTheyDiffer) {
   for (const int record : {312, 313, 357, 317}) {
     SCOPED_TRACE(record);
-    for (int i = 0; i < 25; ++i) Arrive(0, record, 255);
+    for (int i = 0; i < 25; ++i) {
+      Arrive(0, record, 255);
+    }
     EXPECT_FALSE(Unlocked()) << "the value that stands before any has come";
     for (int i = 0; i < 19; ++i) {
       Arrive(0, record, i % 2);
@@ -108,15 +120,21 @@ TEST_F(FrmOpzioniRulesTest, UnitFlagsAndStatusCountOnlyWhenTheyDiffer) {
 
 TEST_F(FrmOpzioniRulesTest, AMachineWithoutAUnitKeepsTheFormLocked) {
   for (const Sent& sent : kOpensOptions) {
-    if (sent.node != 3) Arrive(sent.node, sent.record, sent.value);
+    if (sent.node != 3) {
+      Arrive(sent.node, sent.record, sent.value);
+    }
   }
   SendSettings();
-  for (int i = 0; i < 9; ++i) SendAll({{0, 317, 8}, {0, 312, 4}, {0, 313, 4}, {0, 357, 4}});
+  for (int i = 0; i < 9; ++i) {
+    SendAll({{0, 317, 8}, {0, 312, 4}, {0, 313, 4}, {0, 357, 4}});
+  }
   ExpectAllOpen(false);
 }
 
 TEST_F(FrmOpzioniRulesTest, TheNumbersAreOpenFromTheStart) {
-  for (int n = 0; n < 4; ++n) EXPECT_TRUE(Enabled(Element("Text1", n)));
+  for (int n = 0; n < 4; ++n) {
+    EXPECT_TRUE(Enabled(Element("Text1", n)));
+  }
 }
 
 TEST_F(FrmOpzioniRulesTest, OnlyTheUnitsInUseOpenWithTheForm) {
@@ -154,7 +172,9 @@ TEST_F(FrmOpzioniRulesTest, AUnitOpensAndClosesWithItsFlagOnceTheFormIsOpen) {
     Arrive(0, record, 251);
     ExpectOpen(names, false);
     for (const auto& [other, others] : units) {
-      if (other != record) ExpectOpen(others, true);
+      if (other != record) {
+        ExpectOpen(others, true);
+      }
     }
     Arrive(0, record, 255);
     ExpectAllOpen(true);
@@ -179,7 +199,9 @@ TEST_F(FrmOpzioniRulesTest, DecaffeinatedGivesWayToTheFourthCanisterWhateverOpen
 TEST_F(FrmOpzioniRulesTest, AFourthCanisterThatIsThereFirstKeepsDecaffeinatedClosed) {
   Arrive(1, 47, 128);
   for (const Sent& sent : kOpensOptions) {
-    if (sent.record != 47) Arrive(sent.node, sent.record, sent.value);
+    if (sent.record != 47) {
+      Arrive(sent.node, sent.record, sent.value);
+    }
   }
   SendSettings();
   EXPECT_TRUE(Unlocked());
@@ -219,14 +241,16 @@ TEST_F(FrmOpzioniRulesTest, NothingLocksItAgain) {
 
 TEST_F(FrmOpzioniRulesTest, AnOlderModelHasNoPowderFirst) {
   const auto marks = ShownMarks();
-  for (const char* name : {"SwitchX1(25)", "Label1(25)", "Label12", "Label13"})
+  for (const char* name : {"SwitchX1(25)", "Label1(25)", "Label12", "Label13"}) {
     EXPECT_TRUE(Shown(name)) << name;
+  }
   Close();
   ModelCode = 24;
   FormFixture::Open("FrmOpzioni");
   Unlock();
-  for (const char* name : {"SwitchX1(25)", "Label1(25)", "Label12", "Label13"})
+  for (const char* name : {"SwitchX1(25)", "Label1(25)", "Label12", "Label13"}) {
     EXPECT_FALSE(Shown(name)) << name;
+  }
   EXPECT_TRUE(Shown("SwitchX1(19)"));
   EXPECT_TRUE(Shown("Label2"));
   EXPECT_EQ(ShownMarks(), marks - 1);

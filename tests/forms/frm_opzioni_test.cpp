@@ -99,7 +99,9 @@ TEST_F(FrmOpzioniTest, ClosingReleasesSomeMirrorsThatItNeverSubscribedAndOthersN
                                           {0, 362, 1}, {1, 505, 1}, {1, 508, 1}, {1, 512, 1}, {1, 523, 1},
                                           {1, 526, 1}, {2, 274, 1}, {3, 274, 1}};
   for (const auto& all : {released, left}) {
-    for (const Subscription& each : all) ParamTable[each.node][each.record].Subscribers = 1;
+    for (const Subscription& each : all) {
+      ParamTable[each.node][each.record].Subscribers = 1;
+    }
   }
   Close();
   EXPECT_EQ(Subscribed(), left);
@@ -119,8 +121,9 @@ TEST_F(FrmOpzioniTest, EachSwitchHasItsCaptionItsWordsAndANameForTheEar) {
     Arrive(option.node, option.record, 0);
     EXPECT_EQ(control.accessibleDescription(), "#222");
   }
-  for (const int none : {23, 24, 26})
+  for (const int none : {23, 24, 26}) {
     EXPECT_EQ(form().findChild<QLabel*>(Element("Label1", none).c_str()), nullptr);
+  }
 }
 
 TEST_F(FrmOpzioniTest, TheOtherCaptionsAreThoseOfTheLanguage) {
@@ -141,7 +144,9 @@ TEST_F(FrmOpzioniTest, TheOtherCaptionsAreThoseOfTheLanguage) {
                                                           {"Label7s(1)", "Ver. potenza"},
                                                           {"Label7s(2)", "Ver. zeth"},
                                                           {"Label7s(3)", "Ver. zeth 2"}};
-  for (const auto& [name, words] : captions) EXPECT_EQ(LabelText(name), words) << name;
+  for (const auto& [name, words] : captions) {
+    EXPECT_EQ(LabelText(name), words) << name;
+  }
   EXPECT_EQ(Find<QGroupBox>("Frame1").title(), "#226");
   EXPECT_EQ(Find<QGroupBox>("Frame2").title(), "#254");
   const auto title_around = [this](const char* name) {
@@ -152,10 +157,14 @@ TEST_F(FrmOpzioniTest, TheOtherCaptionsAreThoseOfTheLanguage) {
 }
 
 TEST_F(FrmOpzioniTest, EachSwitchShowsItsBitOfItsRecordAlone) {
-  for (const Option& option : kOptions) EXPECT_FALSE(Find<TwoPositionSwitch>(SwitchName(option.n)).IsKnown());
+  for (const Option& option : kOptions) {
+    EXPECT_FALSE(Find<TwoPositionSwitch>(SwitchName(option.n)).IsKnown());
+  }
   for (const Option& sent : kOptions) {
     SCOPED_TRACE(sent.n);
-    for (const Option& option : kOptions) Arrive(option.node, option.record, 0);
+    for (const Option& option : kOptions) {
+      Arrive(option.node, option.record, 0);
+    }
     Arrive(sent.node, sent.record, sent.mask);
     for (const Option& option : kOptions) {
       EXPECT_EQ(SwitchAt(option.n), option.n == sent.n) << option.n;
@@ -261,7 +270,9 @@ TEST_F(FrmOpzioniTest, TheSelectorsHaveTheirWords) {
       {"SlswitchX4", {"Snack", "Pan"}},
       {"SlswitchX6", {"Snack", "Pan"}},
       {"SlswitchX1", {"1", "2", "3", "4", "5", "6", "7", "8"}}};
-  for (const auto& [name, all] : words) ExpectWords(name, all);
+  for (const auto& [name, all] : words) {
+    ExpectWords(name, all);
+  }
   Arrive(0, 317, 0);
   ExpectWords("SlswitchX1", {"1", "2", "3", "4"});
 }

@@ -49,7 +49,9 @@ TEST_F(FrmOrologioClock, TellsNothingBeforeTheMachineHas) {
   EXPECT_EQ(Time(), "");
   EXPECT_EQ(Date(), "");
   EXPECT_EQ(Values(), "- - - - -");
-  for (const Setting& each : kSettings) EXPECT_FALSE(BarOf(each.bar).IsKnown()) << each.bar;
+  for (const Setting& each : kSettings) {
+    EXPECT_FALSE(BarOf(each.bar).IsKnown()) << each.bar;
+  }
 }
 
 TEST_F(FrmOrologioClock, RunsIn24HoursWithTheMachine) {
@@ -146,11 +148,15 @@ TEST_F(FrmOrologioClock, ADateOfWhichAPartIsNotFreshFillsNothing) {
     SCOPED_TRACE(stale);
     Close();
     Open("FrmOrologio");
-    for (const auto& [record, value] : kSent) ParamTable[0][record].Flags = 0;
+    for (const auto& [record, value] : kSent) {
+      ParamTable[0][record].Flags = 0;
+    }
     Arrive(0, stale, stale_value);
     ParamTable[0][stale].Flags = 0;
     for (const auto& [record, value] : kSent) {
-      if (record != stale) Arrive(0, record, value);
+      if (record != stale) {
+        Arrive(0, record, value);
+      }
     }
     EXPECT_EQ(Values(), "- - - - -");
     EXPECT_EQ(Date(), "");

@@ -105,7 +105,9 @@ TEST_F(FrmOrologioSetting, AnAnswerThatIsAnotherValueIsShownAndMarked) {
 
 TEST_F(FrmOrologioSetting, WithoutAChangeTheRecordsOfTheSettingChangeNothing) {
   Run();
-  for (const Setting& each : kSettings) Arrive(0, each.record, 5);
+  for (const Setting& each : kSettings) {
+    Arrive(0, each.record, 5);
+  }
   EXPECT_EQ(Values(), "10 32 15 3 24");
   EXPECT_EQ(Date(), "15/03/2024");
 }
@@ -145,13 +147,17 @@ TEST_F(FrmOrologioSetting, AnAnswerWithoutAChipIsNoAnswer) {
 
 TEST_F(FrmOrologioSetting, TheFirstFillingSaysNothingOfAChange) {
   Arrive(0, 317, 4);
-  for (int n = 0; n < 5; ++n) Enter(Element("txtOrol", n), std::to_string(n + 6));
+  for (int n = 0; n < 5; ++n) {
+    Enter(Element("txtOrol", n), std::to_string(n + 6));
+  }
   EXPECT_EQ(Written(), (Writes{{0, 326, 6}, {0, 327, 7}, {0, 328, 8}, {0, 329, 9}, {0, 330, 10}}));
   Focus("HScroll2(1)");
   SendTime(10, 32);
   SendDate(15, 3, 24);
   EXPECT_EQ(Values(), "10 32 15 3 24");
-  for (const Setting& each : kSettings) EXPECT_EQ(MarkOf(each.n), State::kOnItsWay) << each.bar;
+  for (const Setting& each : kSettings) {
+    EXPECT_EQ(MarkOf(each.n), State::kOnItsWay) << each.bar;
+  }
   EXPECT_EQ(Written(), Writes{});
   Arrive(0, 326, 6);
   EXPECT_EQ(Values(), "6 32 15 3 24") << "the change was still waiting";

@@ -87,8 +87,12 @@ class FrmOrologioPoints : public FormFixture {
 
 TEST_F(FrmOrologioPoints, SubscribesPointsMirrorsAndClockOnceEach) {
   std::vector<Subscription> expected;
-  for (int record = 87; record <= 106; ++record) expected.push_back({0, record, 1});
-  for (int record = 289; record <= 308; ++record) expected.push_back({0, record, 1});
+  for (int record = 87; record <= 106; ++record) {
+    expected.push_back({0, record, 1});
+  }
+  for (int record = 289; record <= 308; ++record) {
+    expected.push_back({0, record, 1});
+  }
   for (const int record : {317, 320, 321, 322, 323, 324, 326, 327, 328, 329, 330}) {
     expected.push_back({0, record, 1});
   }
@@ -106,7 +110,9 @@ TEST_F(FrmOrologioPoints, OpenAtTheTwentiethArrival) {
 }
 
 TEST_F(FrmOrologioPoints, CountArrivalsAndNotRecords) {
-  for (int i = 0; i < 19; ++i) Arrive(0, 87, 3);
+  for (int i = 0; i < 19; ++i) {
+    Arrive(0, 87, 3);
+  }
   ExpectOpen(false);
   Arrive(0, 87, 3);
   ExpectOpen(true);
@@ -116,22 +122,32 @@ TEST_F(FrmOrologioPoints, CountArrivalsAndNotRecords) {
 }
 
 TEST_F(FrmOrologioPoints, MirrorsAndTheClockDoNotCount) {
-  for (int i = 0; i < 19; ++i) Arrive(0, 88, 3);
-  for (int record = 289; record <= 308; ++record) Arrive(0, record, 3);
-  for (const int record : {317, 320, 321, 322, 323, 324, 326, 327, 328, 329, 330}) Arrive(0, record, 4);
+  for (int i = 0; i < 19; ++i) {
+    Arrive(0, 88, 3);
+  }
+  for (int record = 289; record <= 308; ++record) {
+    Arrive(0, record, 3);
+  }
+  for (const int record : {317, 320, 321, 322, 323, 324, 326, 327, 328, 329, 330}) {
+    Arrive(0, record, 4);
+  }
   ExpectOpen(false);
   Arrive(0, 88, 3);
   ExpectOpen(true);
 }
 
 TEST_F(FrmOrologioPoints, OtherBoardsDoNotCount) {
-  for (int i = 0; i < 25; ++i) Arrive(1 + i % 3, 87 + i % 20, 3);
+  for (int i = 0; i < 25; ++i) {
+    Arrive(1 + i % 3, 87 + i % 20, 3);
+  }
   ExpectOpen(false);
 }
 
 TEST_F(FrmOrologioPoints, OpenWithoutAClockAndStayOpen) {
   Arrive(0, 317, 0);
-  for (int i = 0; i < 20; ++i) Arrive(0, 106, 3);
+  for (int i = 0; i < 20; ++i) {
+    Arrive(0, 106, 3);
+  }
   ExpectOpen(true);
   for (const int status : {4, 0, 255, 251}) {
     Arrive(0, 317, status);
@@ -140,12 +156,18 @@ TEST_F(FrmOrologioPoints, OpenWithoutAClockAndStayOpen) {
 }
 
 TEST_F(FrmOrologioPoints, MirrorsAreShownByNothing) {
-  for (int record = 289; record <= 308; ++record) Arrive(0, record, 9);
-  for (int i = 0; i < 20; ++i) EXPECT_EQ(LabelText(Element("Label1", i)), "");
+  for (int record = 289; record <= 308; ++record) {
+    Arrive(0, record, 9);
+  }
+  for (int i = 0; i < 20; ++i) {
+    EXPECT_EQ(LabelText(Element("Label1", i)), "");
+  }
 }
 
 TEST_F(FrmOrologioPoints, AChangeDoesNotTouchTheClock) {
-  for (int i = 0; i < 20; ++i) Arrive(0, 88, 3);
+  for (int i = 0; i < 20; ++i) {
+    Arrive(0, 88, 3);
+  }
   Arrive(0, 317, 4);
   Enter("Text1(0)", "7");
   EXPECT_EQ(Written(), (std::vector<Write>{{0, 88, 7}, {0, 290, 7}}));
@@ -184,7 +206,9 @@ TEST_F(FrmOrologioPoints, TheClockHasItsUnitsAndIsCalledByItsFrame) {
 }
 
 TEST_F(FrmOrologioPoints, ALanguageWithoutWordsForTheDateLeavesTheUsualOnes) {
-  for (int line = 641; line <= 643; ++line) CaptionTable[line].clear();
+  for (int line = 641; line <= 643; ++line) {
+    CaptionTable[line].clear();
+  }
   form().InitMessaggi();
   EXPECT_EQ(LabelText("Label5s(0)"), "giorno");
   EXPECT_EQ(LabelText("Label5s(1)"), "mese");
@@ -196,7 +220,9 @@ TEST_F(FrmOrologioPoints, ALanguageWithoutWordsForTheDateLeavesTheUsualOnes) {
 }
 
 TEST_F(FrmOrologioPoints, TheNameTheHourAndTheMinuteReadAsOneLine) {
-  for (int i = 0; i < 20; ++i) Arrive(0, 88, 3);
+  for (int i = 0; i < 20; ++i) {
+    Arrive(0, 88, 3);
+  }
   QApplication::processEvents();
   for (const Point& point : kPoints) {
     SCOPED_TRACE(point.name);
@@ -224,7 +250,9 @@ TEST_F(FrmOrologioPoints, TheClockIsLargeAtTheTopLeftWithItsDateBelow) {
 }
 
 TEST_F(FrmOrologioPoints, TheTabKeyFollowsTheReading) {
-  for (int i = 0; i < 20; ++i) Arrive(0, 88, 3);
+  for (int i = 0; i < 20; ++i) {
+    Arrive(0, 88, 3);
+  }
   Arrive(0, 317, 4);
   std::vector<std::string> expected;
   const char* const bars[] = {"HScroll2(0)", "HScroll2(1)", "HScroll5(0)", "HScroll5(1)", "HScroll5(2)"};

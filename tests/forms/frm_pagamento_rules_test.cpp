@@ -43,10 +43,14 @@ class FrmPagamentoTest : public FormFixture {
   void Unlock(int system) {
     const std::pair<int, int> arrivals[] = {{84, system}, {311, 2}, {83, 0}, {85, 0},
                                             {353, 100},   {355, 0}, {361, 0}};
-    for (const auto& [record, value] : arrivals) Arrive(0, record, value);
+    for (const auto& [record, value] : arrivals) {
+      Arrive(0, record, value);
+    }
   }
   void ExpectEnabled(const Names& names, bool enabled) {
-    for (const std::string& name : names) EXPECT_EQ(Enabled(name), enabled) << name;
+    for (const std::string& name : names) {
+      EXPECT_EQ(Enabled(name), enabled) << name;
+    }
   }
   // Everything is closed but what is named by the groups that are open.
   void ExpectOpen(bool mdb, bool executive, bool timing, const std::vector<int>& coins) {
@@ -55,7 +59,9 @@ class FrmPagamentoTest : public FormFixture {
     ExpectEnabled(kExecutive, executive);
     ExpectEnabled(kTiming, timing);
     EXPECT_EQ(Enabled("Frame1"), !coins.empty());
-    for (int n = 0; n < 8; ++n) ExpectEnabled(CoinRow(n), std::ranges::count(coins, n) != 0);
+    for (int n = 0; n < 8; ++n) {
+      ExpectEnabled(CoinRow(n), std::ranges::count(coins, n) != 0);
+    }
   }
   void Reopen(int model) {
     Close();
@@ -72,18 +78,24 @@ constexpr std::pair<int, int> kSubscribed[] = {{4, 11},    {79, 79},   {83, 85},
 TEST_F(FrmPagamentoTest, SubscribesItsRecordsOnceAndNoMirror) {
   std::vector<Subscription> expected;
   for (const auto& [first, last] : kSubscribed) {
-    for (int record = first; record <= last; ++record) expected.push_back({0, record, 1});
+    for (int record = first; record <= last; ++record) {
+      expected.push_back({0, record, 1});
+    }
   }
   EXPECT_EQ(Subscribed(), expected);
 }
 
 TEST_F(FrmPagamentoTest, ReleasesSomeMirrorsTooAndTheAcceptedCoinsTwice) {
-  for (int record = 1; record <= kRecords; ++record) ParamTable[0][record].Subscribers = 9;
+  for (int record = 1; record <= kRecords; ++record) {
+    ParamTable[0][record].Subscribers = 9;
+  }
   Close();
   std::vector<Subscription> expected;
   for (int record = 1; record <= kRecords; ++record) {
     int left = 9;
-    for (const auto& [first, last] : kSubscribed) left -= record >= first && record <= last ? 1 : 0;
+    for (const auto& [first, last] : kSubscribed) {
+      left -= record >= first && record <= last ? 1 : 0;
+    }
     for (const auto& [first, last] :
          {std::pair{206, 213}, {281, 281}, {285, 287}, {354, 354}, {362, 362}, {366, 366}}) {
       left -= record >= first && record <= last ? 1 : 0;
@@ -96,14 +108,18 @@ TEST_F(FrmPagamentoTest, ReleasesSomeMirrorsTooAndTheAcceptedCoinsTwice) {
 TEST_F(FrmPagamentoTest, TheSeventhStructuralArrivalOpensIt) {
   ExpectOpen(false, false, false, {});
   Arrive(0, 84, 4);
-  for (const int record : {83, 85, 311, 353, 355}) Arrive(0, record, 0);
+  for (const int record : {83, 85, 311, 353, 355}) {
+    Arrive(0, record, 0);
+  }
   ExpectOpen(false, false, false, {});
   Arrive(0, 361, 0);
   ExpectOpen(true, false, false, {});
 }
 
 TEST_F(FrmPagamentoTest, ARepeatedStructuralArrivalCountsAgain) {
-  for (int i = 0; i < 6; ++i) Arrive(0, 353, 100);
+  for (int i = 0; i < 6; ++i) {
+    Arrive(0, 353, 100);
+  }
   ExpectOpen(false, false, false, {});
   Arrive(0, 353, 100);
   ExpectOpen(false, false, false, {6});
@@ -111,9 +127,15 @@ TEST_F(FrmPagamentoTest, ARepeatedStructuralArrivalCountsAgain) {
 
 TEST_F(FrmPagamentoTest, AmountsAndTheOverpayTimeoutDoNotCount) {
   for (int i = 0; i < 8; ++i) {
-    for (int record = 4; record <= 11; ++record) Arrive(0, record, 100);
-    for (const int record : {79, 345, 363, 347, 348, 349, 365}) Arrive(0, record, 100);
-    for (int node = 1; node < 4; ++node) Arrive(node, 84, 4);
+    for (int record = 4; record <= 11; ++record) {
+      Arrive(0, record, 100);
+    }
+    for (const int record : {79, 345, 363, 347, 348, 349, 365}) {
+      Arrive(0, record, 100);
+    }
+    for (int node = 1; node < 4; ++node) {
+      Arrive(node, 84, 4);
+    }
   }
   ExpectOpen(false, false, false, {});
 }
@@ -234,7 +256,9 @@ TEST_F(FrmPagamentoTest, ASwitchShowsItsBitAndWritesTheByteWithItsMirror) {
 }
 
 TEST_F(FrmPagamentoTest, NothingIsKnownBeforeItHasArrived) {
-  for (const Bit& bit : kBits) EXPECT_FALSE(Find<TwoPositionSwitch>(bit.control).IsKnown()) << bit.control;
+  for (const Bit& bit : kBits) {
+    EXPECT_FALSE(Find<TwoPositionSwitch>(bit.control).IsKnown()) << bit.control;
+  }
   EXPECT_FALSE(Chosen("SliderX5").IsKnown());
   for (const char* channels : {"SliderX1", "SliderX7"}) {
     EXPECT_TRUE(Chosen(channels).IsKnown());
@@ -330,12 +354,16 @@ TEST_F(FrmPagamentoTest, AnOlderModelHasNoSecondCredit) {
   Unlock(4);
   EXPECT_EQ(ShownMarks(), marks - 1);
   ExpectOpen(true, false, false, {});
-  for (const char* part : {"Label4(2)", "Label11(2)", "HScroll11(2)"}) EXPECT_FALSE(Shown(part)) << part;
+  for (const char* part : {"Label4(2)", "Label11(2)", "HScroll11(2)"}) {
+    EXPECT_FALSE(Shown(part)) << part;
+  }
   EXPECT_TRUE(Shown("txtMDB(5)"));
   EXPECT_EQ(BoxText("txtMDB(5)"), "");
   Arrive(0, 363, 1234);
   EXPECT_EQ(BoxText("txtMDB(5)"), "12.34");
-  for (const char* part : {"Label13", "Label14", "swslResto", "swslExact"}) EXPECT_TRUE(Shown(part)) << part;
+  for (const char* part : {"Label13", "Label14", "swslResto", "swslExact"}) {
+    EXPECT_TRUE(Shown(part)) << part;
+  }
   EXPECT_EQ(Subscribed().size(), 22u);
 }
 
@@ -356,7 +384,9 @@ TEST_F(FrmPagamentoTest, HasItsTitlesAndTheWordsOfItsModes) {
   const std::pair<const char*, const char*> frames[] = {{"Frame1", "#86"},  {"Frame2", "#89"},
                                                         {"Frame3", "#90"},  {"Frame4", "#94"},
                                                         {"Frame5", "#100"}, {"Frame6", "#106"}};
-  for (const auto& [frame, title] : frames) EXPECT_EQ(Find<QGroupBox>(frame).title(), title);
+  for (const auto& [frame, title] : frames) {
+    EXPECT_EQ(Find<QGroupBox>(frame).title(), title);
+  }
   EXPECT_EQ(Chosen("SliderX5").accessibleName(), "#94");
   for (const QLabel* label : form().findChildren<QLabel*>()) {
     EXPECT_FALSE(label->text() == "#94" && label->isVisibleTo(&form())) << "the title says it already";

@@ -110,7 +110,9 @@ FormRows Executive() {
 std::vector<FormRows> AllRows() {
   std::vector<FormRows> all = {Coins(), Mdb(), Executive()};
   for (FormRows& form : all) {
-    for (RowCase& row : form.rows) row.closed_box_stays = true;
+    for (RowCase& row : form.rows) {
+      row.closed_box_stays = true;
+    }
   }
   return all;
 }
@@ -130,12 +132,18 @@ const std::vector<std::string> kAmountTexts = {
     "Label10(7)", "Label11(0)", "Label11(1)", "Label11(2)", "Label6s(0)", "Label6s(1)", "Label6s(2)"};
 
 TEST_F(PagamentoMoney, AmountsWaitForTheirDecimalsAndFollowThem) {
-  for (const int record : kAmounts) Arrive(0, record, 1000 + record);
-  for (const std::string& label : kAmountTexts) EXPECT_EQ(LabelText(label), "");
+  for (const int record : kAmounts) {
+    Arrive(0, record, 1000 + record);
+  }
+  for (const std::string& label : kAmountTexts) {
+    EXPECT_EQ(LabelText(label), "");
+  }
   const auto expect = [this](int decimals) {
     for (std::size_t i = 0; i < kAmountTexts.size(); ++i) {
       std::string text = std::to_string(1000 + kAmounts[i]);
-      if (decimals > 0) text.insert(text.size() - static_cast<std::size_t>(decimals), ".");
+      if (decimals > 0) {
+        text.insert(text.size() - static_cast<std::size_t>(decimals), ".");
+      }
       EXPECT_EQ(LabelText(kAmountTexts[i]), text);
     }
     EXPECT_EQ(BoxText("txtMDB(5)"), LabelText("Label11(2)"));
@@ -158,7 +166,9 @@ TEST_F(PagamentoMoney, AnotherBitOfTheDecimalsRecordRedrawsNothing) {
 }
 
 TEST_F(PagamentoMoney, AnAmountIsRefusedUntilItsDecimalsAreKnown) {
-  for (int i = 0; i < 7; ++i) Arrive(0, 84, 1);
+  for (int i = 0; i < 7; ++i) {
+    Arrive(0, 84, 1);
+  }
   ASSERT_TRUE(Enabled("txtMon(0)"));
   Enter("txtMon(0)", "5");
   EXPECT_EQ(Written(), Writes{});
@@ -175,13 +185,17 @@ TEST_F(PagamentoMoney, DecimalsThatAnotherFormKeepsFreshAreKnownFromTheStart) {
   Open("FrmPagamento");
   Arrive(0, 4, 150);
   EXPECT_EQ(LabelText("Label10(0)"), "15.0");
-  for (int i = 0; i < 7; ++i) Arrive(0, 84, 1);
+  for (int i = 0; i < 7; ++i) {
+    Arrive(0, 84, 1);
+  }
   EnterAndLeave("txtMon(1)", "2,5", "HScroll10(1)");
   EXPECT_EQ(Written(), (Writes{{0, 5, 25}, {0, 207, 25}}));
 }
 
 TEST_F(PagamentoMoney, WithoutDecimalsASeparatorIsBadAndSixDigitsAreRead) {
-  for (const Sent& sent : Opens(4)) Arrive(sent.node, sent.record, sent.value);
+  for (const Sent& sent : Opens(4)) {
+    Arrive(sent.node, sent.record, sent.value);
+  }
   Arrive(0, 311, 0);
   const auto written = [this](const char* box, const char* text) {
     EnterAndLeave(box, text, "SliderX1");

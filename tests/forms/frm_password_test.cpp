@@ -25,7 +25,9 @@ constexpr Code kCodes[] = {{"Label1(0)", "Text1(0)", "#240", 1, 203},
 class FrmPasswordTest : public FormFixture {
  protected:
   FrmPasswordTest() {
-    for (const int record : {1, 2, 3, 203, 204, 205}) ParamTable[0][record].Control = 2;
+    for (const int record : {1, 2, 3, 203, 204, 205}) {
+      ParamTable[0][record].Control = 2;
+    }
     Open("FrmPassword");
     Arrive(0, 1, 111);
     Arrive(0, 2, 222);
@@ -95,7 +97,9 @@ TEST_F(FrmPasswordFirst, ANumberThatWillNotDoWritesNothing) {
   for (const Code& code : kCodes) {
     for (const char* bad : {"-5", "    7", "x", ""}) {
       SCOPED_TRACE(std::string(code.box) + " " + bad);
-      if (code.record != 2 && std::string(bad) == "    7") continue;
+      if (code.record != 2 && std::string(bad) == "    7") {
+        continue;
+      }
       Enter(code.box, bad);
       EXPECT_EQ(BoxText(code.box), "");
       Find(code.box).clearFocus();
@@ -152,7 +156,9 @@ TEST_F(FrmPasswordTest, EachRecordHasItsBox) {
 
 TEST_F(FrmPasswordTest, TheSameRecordsOfOtherBoardsAreForeign) {
   for (const int node : {1, 2, 3}) {
-    for (const int record : {1, 2, 3}) Arrive(node, record, 7);
+    for (const int record : {1, 2, 3}) {
+      Arrive(node, record, 7);
+    }
   }
   EXPECT_EQ(BoxText("Text1(0)"), "111");
   EXPECT_EQ(BoxText("Text1(1)"), "333");

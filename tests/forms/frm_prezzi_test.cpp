@@ -78,15 +78,21 @@ class FrmPrezziTest : public PriceRowsFixture {
 
 TEST_F(FrmPrezziTest, SubscribesDecimalsOptionsAndBothRunsOfPrices) {
   std::vector<Subscription> expected;
-  for (int record = 12; record <= 41; ++record) expected.push_back({0, record, 1});
+  for (int record = 12; record <= 41; ++record) {
+    expected.push_back({0, record, 1});
+  }
   expected.push_back({0, 83, 1});
   expected.push_back({0, 311, 1});
-  for (int record = 367; record <= 386; ++record) expected.push_back({0, record, 1});
+  for (int record = 367; record <= 386; ++record) {
+    expected.push_back({0, record, 1});
+  }
   EXPECT_EQ(Subscribed(), expected);
 }
 
 TEST_F(FrmPrezziTest, ReleasesTheMirrorOfTheOptionsThatItNeverSubscribed) {
-  for (const int record : {11, 42, 214, 243, 284, 285, 286, 387}) ParamTable[0][record].Subscribers = 1;
+  for (const int record : {11, 42, 214, 243, 284, 285, 286, 387}) {
+    ParamTable[0][record].Subscribers = 1;
+  }
   Close();
   EXPECT_EQ(Subscribed(),
             (std::vector<Subscription>{
@@ -125,7 +131,9 @@ TEST_F(FrmPrezziTest, EachRecordShowsOnItsRow) {
       EXPECT_EQ(BarValue(n), value - 32768);
     }
   }
-  for (int n = 0; n < kPrices; ++n) EXPECT_EQ(Shows(n), std::to_string(1000 + n));
+  for (int n = 0; n < kPrices; ++n) {
+    EXPECT_EQ(Shows(n), std::to_string(1000 + n));
+  }
   EXPECT_EQ(Written(), Writes{});
 }
 
@@ -150,7 +158,9 @@ TEST_F(FrmPrezziTest, APriceThatComesBeforeItsDecimalsWaitsForThem) {
 
 TEST_F(FrmPrezziTest, OpensWithTheLastOfFiftyPrices) {
   Arrive(0, 311, 2);
-  for (int n = 0; n < kPrices - 2; ++n) Arrive(0, Record(n), 1);
+  for (int n = 0; n < kPrices - 2; ++n) {
+    Arrive(0, Record(n), 1);
+  }
   EXPECT_FALSE(Unlocked());
   EXPECT_FALSE(Enabled("Switch1"));
   Arrive(0, 385, 1);
@@ -179,7 +189,9 @@ TEST_F(FrmPrezziTest, OnePriceMayBeMissingAtTheVeryEndOfARun) {
 }
 
 TEST_F(FrmPrezziTest, AnArrivalOfAnyOtherRecordOpensItToo) {
-  for (int n = 0; n < kPrices; ++n) ParamTable[0][Record(n)].Flags |= kArrived;
+  for (int n = 0; n < kPrices; ++n) {
+    ParamTable[0][Record(n)].Flags |= kArrived;
+  }
   EXPECT_FALSE(Unlocked());
   Arrive(3, 600, 1);
   EXPECT_TRUE(Unlocked());
@@ -257,7 +269,9 @@ TEST_F(FrmPrezziTest, OtherDecimalsRedrawAllPricesAtOnce) {
     Arrive(0, 311, decimals);
     EXPECT_EQ(Shows(0), first[decimals]);
     EXPECT_EQ(Shows(49), last[decimals]);
-    for (int n = 0; n < kPrices; ++n) EXPECT_EQ(BarValue(n), 100 + n - 32768);
+    for (int n = 0; n < kPrices; ++n) {
+      EXPECT_EQ(BarValue(n), 100 + n - 32768);
+    }
   }
   EXPECT_EQ(Written(), Writes{});
 }
@@ -265,7 +279,9 @@ TEST_F(FrmPrezziTest, OtherDecimalsRedrawAllPricesAtOnce) {
 TEST_F(FrmPrezziTest, TheSameDecimalsAndTheOtherBitsRedrawNothing) {
   Fill();
   Find<QLabel>("Label1(7)").setText("as it was");
-  for (const int value : {2, 6, 254, 130}) Arrive(0, 311, value);
+  for (const int value : {2, 6, 254, 130}) {
+    Arrive(0, 311, value);
+  }
   EXPECT_EQ(LabelText("Label1(7)"), "as it was");
   Arrive(0, 311, 255);
   EXPECT_EQ(LabelText("Label1(7)"), "0.107");

@@ -24,28 +24,36 @@ class Schema : public FormFixture {
   Numbers OutputsOn() {
     Numbers on;
     for (int n = 0; n < 28; ++n) {
-      if (Output(n).IsOn()) on.insert(n);
+      if (Output(n).IsOn()) {
+        on.insert(n);
+      }
     }
     return on;
   }
   Numbers InputsOn() {
     Numbers on;
     for (int n = 0; n < 9; ++n) {
-      if (Input(n).IsOn()) on.insert(n);
+      if (Input(n).IsOn()) {
+        on.insert(n);
+      }
     }
     return on;
   }
   Numbers KnownOutputs() {
     Numbers known;
     for (int n = 0; n < 28; ++n) {
-      if (Output(n).IsKnown()) known.insert(n);
+      if (Output(n).IsKnown()) {
+        known.insert(n);
+      }
     }
     return known;
   }
   Numbers KnownInputs() {
     Numbers known;
     for (int n = 0; n < 9; ++n) {
-      if (Input(n).IsKnown()) known.insert(n);
+      if (Input(n).IsKnown()) {
+        known.insert(n);
+      }
     }
     return known;
   }
@@ -94,8 +102,12 @@ TEST_F(Schema, TakesTheCaptionsAnewWhenItIsActivated) {
 }
 
 TEST_F(Schema, ALampThatNobodySendsSaysThatItIsNotKnown) {
-  for (int record = 545; record <= 550; ++record) Arrive(1, record, 0);
-  for (int n = 0; n < 8; ++n) EXPECT_EQ(Input(n).accessibleDescription(), "#650");
+  for (int record = 545; record <= 550; ++record) {
+    Arrive(1, record, 0);
+  }
+  for (int n = 0; n < 8; ++n) {
+    EXPECT_EQ(Input(n).accessibleDescription(), "#650");
+  }
   EXPECT_EQ(Input(8).accessibleDescription(), "#110");
   EXPECT_EQ(Output(27).accessibleDescription(), "#109");
   CaptionTable[650].clear();
@@ -138,7 +150,9 @@ TEST_F(Schema, EachBitOfTheOutputsLightsItsLampAndNoOther) {
       Arrive(1, record, record == 547 + bit / 8 ? 1 << bit % 8 : 0);
     }
     Numbers lit = bit < 27 ? Numbers{bit} : Numbers{};
-    if (bit == 15) lit.insert(27);
+    if (bit == 15) {
+      lit.insert(27);
+    }
     EXPECT_EQ(OutputsOn(), lit) << bit;
   }
 }
@@ -162,7 +176,9 @@ TEST_F(Schema, TheLastInputIsTheSecondBitOfTheSecondByte) {
 }
 
 TEST_F(Schema, TheThirdByteOfInputsIsShownByNothing) {
-  for (const int value : {0, 1, 255}) Arrive(1, 546, value);
+  for (const int value : {0, 1, 255}) {
+    Arrive(1, 546, value);
+  }
   EXPECT_EQ(KnownOutputs(), Numbers{});
   EXPECT_EQ(KnownInputs(), Numbers{});
 }
@@ -193,9 +209,13 @@ TEST_F(Schema, TheTemperatureStandsOnBothInstrumentsAsItIs) {
 
 TEST_F(Schema, OtherBoardsShowNothing) {
   for (const int node : {0, 2, 3}) {
-    for (int record = 541; record <= 550; ++record) Arrive(node, record, 5);
+    for (int record = 541; record <= 550; ++record) {
+      Arrive(node, record, 5);
+    }
   }
-  for (const int record : {541, 543, 551}) Arrive(1, record, 5);
+  for (const int record : {541, 543, 551}) {
+    Arrive(1, record, 5);
+  }
   EXPECT_EQ(KnownOutputs(), Numbers{});
   EXPECT_EQ(KnownInputs(), Numbers{});
   EXPECT_FALSE(Find<Thermometer>("iThermometerX1").IsKnown());
@@ -210,8 +230,9 @@ TEST_F(Schema, Model20HidesTwoLampsAndGoesOnDrivingThem) {
     for (const std::string lamp : {"Led(27)", "iLed(8)", "LedCaption(27)", "iLedCaption(8)"}) {
       EXPECT_EQ(Shown(lamp), model != 20) << lamp << " of model " << model;
     }
-    for (const std::string lamp : {"Led(15)", "Led(26)", "iLed(7)", "LedCaption(15)"})
+    for (const std::string lamp : {"Led(15)", "Led(26)", "iLed(7)", "LedCaption(15)"}) {
       EXPECT_TRUE(Shown(lamp));
+    }
     Arrive(1, 548, 128);
     Arrive(1, 545, 253);
     EXPECT_TRUE(Output(27).IsOn());

@@ -56,14 +56,18 @@ class FrmScontiTest : public PriceRowsFixture {
   // The form with two decimals; row n holds 10 + n. The second box has the focus.
   void Fill(int decimals = 2) {
     Arrive(0, 311, decimals);
-    for (int record = 44; record <= 74; ++record) Arrive(0, record, record - 34);
+    for (int record = 44; record <= 74; ++record) {
+      Arrive(0, record, record - 34);
+    }
     Focus("Text1(1)");
   }
 };
 
 TEST_F(FrmScontiTest, SubscribesDecimalsAndDiscounts) {
   std::vector<Subscription> expected;
-  for (int record = 44; record <= 74; ++record) expected.push_back({0, record, 1});
+  for (int record = 44; record <= 74; ++record) {
+    expected.push_back({0, record, 1});
+  }
   expected.push_back({0, 311, 1});
   EXPECT_EQ(Subscribed(), expected);
 }
@@ -77,7 +81,9 @@ TEST_F(FrmScontiTest, TheDiscountWithoutACupGainsASubscriberAtEachOpening) {
 }
 
 TEST_F(FrmScontiTest, ReleasesNoMirror) {
-  for (const int record : {43, 75, 246, 275, 276, 285}) ParamTable[0][record].Subscribers = 1;
+  for (const int record : {43, 75, 246, 275, 276, 285}) {
+    ParamTable[0][record].Subscribers = 1;
+  }
   Close();
   EXPECT_EQ(Subscribed(),
             (std::vector<Subscription>{
@@ -104,7 +110,9 @@ TEST_F(FrmScontiTest, OpensLockedAndWithoutValues) {
 
 TEST_F(FrmScontiTest, OpensWhenAllDiscountsAndTheDecimalsAreThere) {
   Arrive(0, 311, 2);
-  for (int record = 44; record <= 73; ++record) Arrive(0, record, 1);
+  for (int record = 44; record <= 73; ++record) {
+    Arrive(0, record, 1);
+  }
   EXPECT_FALSE(Unlocked());
   Arrive(0, 74, 1);
   for (int n = 0; n < kRows; ++n) {
@@ -120,9 +128,13 @@ TEST_F(FrmScontiTest, StaysLockedWhileAnyRecordIsMissing) {
     Close();
     ParamTable[0][74].Flags = 0;  // it stays subscribed, and so what has arrived
     Open("FrmSconti");
-    if (record_missing != 311) Arrive(0, 311, 2);
+    if (record_missing != 311) {
+      Arrive(0, 311, 2);
+    }
     for (int record = 44; record <= 74; ++record) {
-      if (record != record_missing) Arrive(0, record, 1);
+      if (record != record_missing) {
+        Arrive(0, record, 1);
+      }
     }
     Arrive(0, 317, 0);
     EXPECT_FALSE(Unlocked());
@@ -132,7 +144,9 @@ TEST_F(FrmScontiTest, StaysLockedWhileAnyRecordIsMissing) {
 }
 
 TEST_F(FrmScontiTest, AnArrivalOfAnyOtherRecordOpensItToo) {
-  for (int record = 44; record <= 74; ++record) ParamTable[0][record].Flags |= kArrived;
+  for (int record = 44; record <= 74; ++record) {
+    ParamTable[0][record].Flags |= kArrived;
+  }
   ParamTable[0][311].Flags |= kArrived;
   Arrive(2, 600, 1);
   EXPECT_TRUE(Unlocked());
@@ -149,7 +163,9 @@ TEST_F(FrmScontiTest, EachRecordShowsOnItsRow) {
       EXPECT_EQ(BarValue(n), value - 32768);
     }
   }
-  for (int n = 0; n < kRows; ++n) EXPECT_EQ(Shows(n), std::to_string(1000 + n));
+  for (int n = 0; n < kRows; ++n) {
+    EXPECT_EQ(Shows(n), std::to_string(1000 + n));
+  }
   EXPECT_EQ(Written(), Writes{});
 }
 
@@ -179,7 +195,9 @@ TEST_F(FrmScontiTest, OtherDecimalsRedrawAllDiscountsAtOnce) {
     Arrive(0, 311, decimals);
     EXPECT_EQ(Shows(0), first[decimals]);
     EXPECT_EQ(Shows(30), last[decimals]);
-    for (int n = 0; n < kRows; ++n) EXPECT_EQ(BarValue(n), 10 + n - 32768);
+    for (int n = 0; n < kRows; ++n) {
+      EXPECT_EQ(BarValue(n), 10 + n - 32768);
+    }
   }
   EXPECT_EQ(Written(), Writes{});
 }
@@ -187,7 +205,9 @@ TEST_F(FrmScontiTest, OtherDecimalsRedrawAllDiscountsAtOnce) {
 TEST_F(FrmScontiTest, TheSameDecimalsAndTheOtherBitsRedrawNothing) {
   Fill();
   Find<QLabel>("Label1(7)").setText("as it was");
-  for (const int value : {2, 6, 254}) Arrive(0, 311, value);
+  for (const int value : {2, 6, 254}) {
+    Arrive(0, 311, value);
+  }
   EXPECT_EQ(LabelText("Label1(7)"), "as it was");
 }
 

@@ -140,7 +140,9 @@ class FrmTemperaturaTest : public FormFixture {
   void ArriveRows() {
     Arrive(1, 24, 92);
     for (const int node : {2, 3}) {
-      for (const RowCase& row : kTankRows) Arrive(node, row.record, row.min);
+      for (const RowCase& row : kTankRows) {
+        Arrive(node, row.record, row.min);
+      }
     }
   }
 
@@ -148,7 +150,9 @@ class FrmTemperaturaTest : public FormFixture {
   void OpenLoaded() {
     Open();
     ArriveRows();
-    for (const int gate : {312, 313, 357}) Arrive(0, gate, 4);
+    for (const int gate : {312, 313, 357}) {
+      Arrive(0, gate, 4);
+    }
   }
 
   bool BoilerOpen() {
@@ -193,7 +197,9 @@ TEST_F(FrmTemperaturaTest, SubscribesItsRecordsAndTheGates) {
   Open();
   std::vector<Subscription> expected = {{0, 312, 1}, {0, 313, 1}, {0, 357, 1}, {1, 24, 1}};
   for (const int node : {2, 3}) {
-    for (int record = 51; record <= 57; ++record) expected.push_back({node, record, 1});
+    for (int record = 51; record <= 57; ++record) {
+      expected.push_back({node, record, 1});
+    }
   }
   EXPECT_EQ(Subscribed(), expected);
 }
@@ -210,7 +216,9 @@ TEST_F(FrmTemperaturaTest, UnlocksAtTheSixteenthArrivalOfARow) {
 TEST_F(FrmTemperaturaTest, EveryArrivalOfAGateCountsAndNoForeignOne) {
   Open();
   for (int i = 0; i < 5; ++i) {
-    for (const int gate : {312, 313, 357}) Arrive(0, gate, 255);
+    for (const int gate : {312, 313, 357}) {
+      Arrive(0, gate, 255);
+    }
     Arrive(0, 24, 92);
     Arrive(1, 502, 92);
     Arrive(1, 51, 5);
@@ -225,7 +233,9 @@ TEST_F(FrmTemperaturaTest, EveryArrivalOfAGateCountsAndNoForeignOne) {
 TEST_F(FrmTemperaturaTest, AllFramesOpenAfterLoadingWhateverTheGatesSaidMeanwhile) {
   Open();
   for (int i = 0; i < 5; ++i) {
-    for (const int gate : {312, 313, 357}) Arrive(0, gate, 0);
+    for (const int gate : {312, 313, 357}) {
+      Arrive(0, gate, 0);
+    }
   }
   Arrive(1, 24, 92);
   EXPECT_EQ(AllOpen(), (Groups{true, true, true}));
@@ -295,7 +305,9 @@ TEST_F(FrmTemperaturaTest, ClosingAFrameEmptiesNoOtherBox) {
   Type("Text2(6)", "1");
   Arrive(0, 313, 0);
   EXPECT_EQ(qobject_cast<QLineEdit*>(QApplication::focusWidget()), nullptr);
-  for (int n = 0; n < 7; ++n) EXPECT_NE(BoxText(Control("Text", 3, n)), "") << n;
+  for (int n = 0; n < 7; ++n) {
+    EXPECT_NE(BoxText(Control("Text", 3, n)), "") << n;
+  }
   EXPECT_EQ(BoxText("Text2(6)"), "-5");
 }
 

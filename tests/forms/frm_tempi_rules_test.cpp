@@ -24,18 +24,24 @@ class FrmTempiTest : public FormFixture {
   // All boards are in use and have answered.
   void OpenLoaded() {
     Open();
-    for (const int gate : {312, 313, 357}) Arrive(0, gate, 4);
+    for (const int gate : {312, 313, 357}) {
+      Arrive(0, gate, 4);
+    }
     ArriveMain();
     ArriveZeth(2);
     ArriveZeth(3);
   }
   void ArriveMain() {
-    for (const int record : kMainRecords) Arrive(1, record, 40);
+    for (const int record : kMainRecords) {
+      Arrive(1, record, 40);
+    }
   }
   // 19 arrivals.
   void ArriveZeth(int node) {
     Arrive(node, 58, 40);
-    for (int record = 292; record <= 309; ++record) Arrive(node, record, 2);
+    for (int record = 292; record <= 309; ++record) {
+      Arrive(node, record, 2);
+    }
   }
 
   QTabWidget& Tabs() { return Find<QTabWidget>("SSTab1"); }
@@ -54,7 +60,9 @@ class FrmTempiTest : public FormFixture {
   bool MainOpen() {
     ShowTab(1);
     const bool open = Enabled("Frame1");
-    for (const int n : kMainRows) EXPECT_EQ(SingleOpen(n), open) << n;
+    for (const int n : kMainRows) {
+      EXPECT_EQ(SingleOpen(n), open) << n;
+    }
     return open;
   }
 
@@ -106,18 +114,26 @@ TEST_F(FrmTempiTest, TakesItsWordsFromTheLanguage) {
 TEST_F(FrmTempiTest, SubscribesItsRecordsAndTheGates) {
   Open();
   std::vector<Subscription> expected = {{0, 312, 1}, {0, 313, 1}, {0, 357, 1}};
-  for (const int record : {25, 26, 30, 31, 32, 561, 585, 587}) expected.push_back({1, record, 1});
+  for (const int record : {25, 26, 30, 31, 32, 561, 585, 587}) {
+    expected.push_back({1, record, 1});
+  }
   for (const int node : {2, 3}) {
     expected.push_back({node, 58, 1});
-    for (int record = 292; record <= 309; ++record) expected.push_back({node, record, 1});
+    for (int record = 292; record <= 309; ++record) {
+      expected.push_back({node, record, 1});
+    }
   }
   EXPECT_EQ(Subscribed(), expected);
 }
 
 TEST_F(FrmTempiTest, UnlocksAtTheTwentyFirstArrival) {
   Open();
-  for (const int gate : {312, 313, 357}) Arrive(0, gate, 4);
-  for (int i = 0; i < 17; ++i) Arrive(1, 31, 50);
+  for (const int gate : {312, 313, 357}) {
+    Arrive(0, gate, 4);
+  }
+  for (int i = 0; i < 17; ++i) {
+    Arrive(1, 31, 50);
+  }
   EXPECT_EQ(Open3(), (Groups{false, false, false}));
   Arrive(1, 587, 50);
   EXPECT_EQ(Open3(), (Groups{true, true, true}));
@@ -126,13 +142,17 @@ TEST_F(FrmTempiTest, UnlocksAtTheTwentyFirstArrival) {
 TEST_F(FrmTempiTest, EveryRowCounts) {
   for (const int node : {1, 2, 3}) {
     Open();
-    for (const int gate : {312, 313, 357}) Arrive(0, gate, 4);
+    for (const int gate : {312, 313, 357}) {
+      Arrive(0, gate, 4);
+    }
     if (node == 1) {
       ArriveMain();
       ArriveMain();
       Arrive(1, 31, 0);
     } else {
-      for (int record = 292; record <= 308; ++record) Arrive(node, record, 1);
+      for (int record = 292; record <= 308; ++record) {
+        Arrive(node, record, 1);
+      }
     }
     EXPECT_FALSE(MainOpen());
     Arrive(node, node == 1 ? 31 : 58, 0);
@@ -145,7 +165,9 @@ TEST_F(FrmTempiTest, ForeignArrivalsDoNotCount) {
   Open();
   Arrive(0, 312, 4);
   for (int i = 0; i < 30; ++i) {
-    for (const int mirror : kMainMirrors) Arrive(1, mirror, 40);
+    for (const int mirror : kMainMirrors) {
+      Arrive(1, mirror, 40);
+    }
     Arrive(0, 31, 40);
     Arrive(1, 58, 40);
     Arrive(1, 292, 4);
@@ -262,7 +284,9 @@ TEST_F(FrmTempiTest, ClosingAGroupEmptiesNoOtherBox) {
   Type("txtTempi(5)", "9");
   Arrive(0, 313, 0);
   EXPECT_EQ(qobject_cast<QLineEdit*>(QApplication::focusWidget()), nullptr);
-  for (int i = 1; i <= 18; ++i) EXPECT_NE(BoxText(Element("txtzeth1", i)), "") << i;
+  for (int i = 1; i <= 18; ++i) {
+    EXPECT_NE(BoxText(Element("txtzeth1", i)), "") << i;
+  }
   EXPECT_EQ(BoxText("txtTempi(5)"), "4.0");
 }
 
@@ -287,7 +311,9 @@ TEST_F(FrmTempiTest, OpensOnItsFirstTimeAndNotOnTheTabs) {
   Open();
   ASSERT_TRUE(Tabs().tabBar()->hasFocus());
   form().TakeFocus();
-  for (const int gate : {312, 313, 357}) Arrive(0, gate, 4);
+  for (const int gate : {312, 313, 357}) {
+    Arrive(0, gate, 4);
+  }
   ArriveMain();
   ArriveZeth(2);
   ArriveZeth(3);

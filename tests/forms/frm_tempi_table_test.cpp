@@ -119,8 +119,12 @@ TEST_F(FrmTempiTable, EveryRowLiesOnTheTabOfItsBoard) {
   Open("FrmTempi");
   const FormRows form = TimesRows();
   EXPECT_EQ(form.rows.size(), 46u);
-  for (const Sent& gate : form.opens) Arrive(gate.node, gate.record, gate.value);
-  for (const RowCase& row : form.rows) Arrive(row.node, row.record, row.min);
+  for (const Sent& gate : form.opens) {
+    Arrive(gate.node, gate.record, gate.value);
+  }
+  for (const RowCase& row : form.rows) {
+    Arrive(row.node, row.record, row.min);
+  }
   for (const int node : {1, 2, 3}) {
     Find<QTabWidget>("SSTab1").setCurrentIndex(node - 1);
     for (const RowCase& row : form.rows) {

@@ -44,7 +44,9 @@ class PeripheralTest : public FormFixture, public testing::WithParamInterface<Un
   std::string Choice() { return LabelText("Label2(1)"); }
 
   void ExpectOpen(bool open) {
-    for (int zone = 0; zone < 9; ++zone) EXPECT_EQ(Enabled(Element("Label1", zone)), open) << zone;
+    for (int zone = 0; zone < 9; ++zone) {
+      EXPECT_EQ(Enabled(Element("Label1", zone)), open) << zone;
+    }
     EXPECT_EQ(Enabled("Command1"), open);
   }
   void ExpectIdle() {
@@ -77,7 +79,9 @@ TEST_P(PeripheralTest, SubscribesThreeRecordsAndReleasesTheWrittenOnesToo) {
   EXPECT_EQ(Subscribed().size(), 3u);
   const Records written[] = {{0, 314, 3}, {0, 358}, {node(), 284}};
   for (const Records& records : written) {
-    for (int n = 0; n < records.count; ++n) ParamTable[records.node][records.first + n].Subscribers = 1;
+    for (int n = 0; n < records.count; ++n) {
+      ParamTable[records.node][records.first + n].Subscribers = 1;
+    }
   }
   Close();
   EXPECT_EQ(Subscribed(), std::vector<Subscription>{});
@@ -91,7 +95,9 @@ TEST_P(PeripheralTest, BearsTheWordsOfTheLanguage) {
 }
 
 TEST_P(PeripheralTest, TheButtonHasItsOwnWordsWhereTheLanguageHasNone) {
-  for (const int line : {330, 334}) CaptionTable[line].clear();
+  for (const int line : {330, 334}) {
+    CaptionTable[line].clear();
+  }
   form().InitMessaggi();
   EXPECT_EQ(Find<QAbstractButton>("Command1").text(), "Set zero motori");
 }
@@ -141,7 +147,9 @@ TEST_P(PeripheralTest, TheFirstPressChoosesARowOfSixAndTheNextAColumnOfEight) {
   for (int row = 1; row <= 6; ++row) {
     for (int column = 1; column <= 8; ++column) {
       SCOPED_TRACE(testing::Message() << row << column);
-      for (const int nothing : {6, 7, 8}) Zone(nothing);
+      for (const int nothing : {6, 7, 8}) {
+        Zone(nothing);
+      }
       EXPECT_EQ(Choice(), "_ _");
       Zone(row - 1);
       EXPECT_EQ(Choice(), std::to_string(row) + " _");
@@ -194,7 +202,9 @@ TEST_P(PeripheralTest, NothingIsSentWhileOneOfTheThreeIsOutstanding) {
     AskFor35();
     Written();
     for (const int record : {315, 316, 358, 315, 316, 358}) {
-      if (record != outstanding) Arrive(0, record, ParamGet(record, 0));
+      if (record != outstanding) {
+        Arrive(0, record, ParamGet(record, 0));
+      }
     }
     EXPECT_EQ(Written(), Writes{}) << outstanding;
     SendEchoes();
@@ -206,9 +216,13 @@ TEST_P(PeripheralTest, NothingIsSentWhileOneOfTheThreeIsOutstanding) {
 TEST_P(PeripheralTest, EchoesOfOtherBoardsAreNotHeard) {
   AskFor35();
   Written();
-  for (const int record : {315, 316, 358}) ParamTable[0][record].Flags |= kArrived;
+  for (const int record : {315, 316, 358}) {
+    ParamTable[0][record].Flags |= kArrived;
+  }
   for (int other = 1; other < 4; ++other) {
-    for (const int record : {315, 316, 358}) Arrive(other, record, 43);
+    for (const int record : {315, 316, 358}) {
+      Arrive(other, record, 43);
+    }
   }
   EXPECT_EQ(Written(), Writes{});
 }
@@ -233,7 +247,9 @@ TEST_P(PeripheralTest, APositionThatHasNotReachedTheMachineIsNotRun) {
     AskFor35();
     Written();
     ParamTable[0][lost].Value[0] = static_cast<std::uint8_t>(old);
-    for (const int record : {315, 316, 358}) Arrive(0, record, ParamGet(record, 0));
+    for (const int record : {315, 316, 358}) {
+      Arrive(0, record, ParamGet(record, 0));
+    }
     EXPECT_EQ(Written(), Writes{});
     Arrive(0, lost, lost == 315 ? 43 : lost == 316 ? 48 : GetParam().letter);
     EXPECT_EQ(Written(), Writes{}) << "it has been given up";
@@ -251,7 +267,9 @@ TEST_P(PeripheralTest, WhatAnotherWindowTestsIsNotRunFromHere) {
   SendEchoes();
   Written();
   FormFixture::Open("FrmCancella");
-  for (const int record : {315, 316, 358}) Arrive(0, record, 3);
+  for (const int record : {315, 316, 358}) {
+    Arrive(0, record, 3);
+  }
   EXPECT_EQ(Written(), Writes{});
 }
 

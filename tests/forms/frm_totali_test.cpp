@@ -33,7 +33,9 @@ class Totals : public FormFixture {
     Open("FrmTotali");
   }
   void SendMoney(double value) {
-    for (const int record : kMoney) Arrive(0, record, value);
+    for (const int record : kMoney) {
+      Arrive(0, record, value);
+    }
   }
   // What the amounts show: of 127, 128, 129, 130, and 332.
   std::vector<std::string> Amounts() {
@@ -50,7 +52,9 @@ class Totals : public FormFixture {
   bool ShowsOverpayOfItsLife() { return Shown("Label1(2)") && Shown("Label4(2)"); }
   bool ShowsPreselections() {
     int shown = 0;
-    for (int n = 7; n < 10; ++n) shown += Shown(Element("Label2", n)) + Shown(Element("Label3", n));
+    for (int n = 7; n < 10; ++n) {
+      shown += Shown(Element("Label2", n)) + Shown(Element("Label3", n));
+    }
     EXPECT_TRUE(shown == 0 || shown == 6) << shown;
     return shown == 6;
   }
@@ -59,8 +63,12 @@ class Totals : public FormFixture {
 TEST_F(Totals, SubscribesItsRecordsOfTheMainBoard) {
   OpenWith(25);
   std::vector<Subscription> all;
-  for (int record = 123; record <= 131; ++record) all.push_back({0, record, 1});
-  for (const int record : {311, 332, 336, 337, 338}) all.push_back({0, record, 1});
+  for (int record = 123; record <= 131; ++record) {
+    all.push_back({0, record, 1});
+  }
+  for (const int record : {311, 332, 336, 337, 338}) {
+    all.push_back({0, record, 1});
+  }
   EXPECT_EQ(Subscribed(), all);
   Close();
   EXPECT_EQ(Subscribed(), std::vector<Subscription>{});
@@ -88,7 +96,9 @@ TEST_F(Totals, WhatNothingClearsStandsInAFrameOfItsOwn) {
 TEST_F(Totals, EachRecordShowsOnItsLabelAlone) {
   OpenWith(25);
   Arrive(0, 311, 1);
-  for (const Total& total : kTotals) Arrive(0, total.record, total.record);
+  for (const Total& total : kTotals) {
+    Arrive(0, total.record, total.record);
+  }
   for (const Total& total : kTotals) {
     const std::string whole = std::to_string(total.record);
     EXPECT_EQ(LabelText(total.value), total.money ? whole.substr(0, 2) + "." + whole.substr(2) : whole);
@@ -99,12 +109,16 @@ TEST_F(Totals, OtherRecordsAndOtherBoardsAreForeign) {
   OpenWith(25);
   Arrive(0, 311, 0);
   for (int record = 1; record <= kRecords; ++record) {
-    for (int node = 1; node < 4; ++node) Arrive(node, record, 5);
+    for (int node = 1; node < 4; ++node) {
+      Arrive(node, record, 5);
+    }
     if (record < 123 || (record > 131 && record != 332 && (record < 336 || record > 338))) {
       Arrive(0, record, 5);
     }
   }
-  for (const Total& total : kTotals) EXPECT_EQ(LabelText(total.value), "") << total.value;
+  for (const Total& total : kTotals) {
+    EXPECT_EQ(LabelText(total.value), "") << total.value;
+  }
 }
 
 TEST_F(Totals, CountsDoNotWaitForTheDecimals) {
@@ -150,7 +164,9 @@ TEST_F(Totals, NewDecimalsDrawFourAmountsAnewAndLeaveTheOverpayOfItsLife) {
 
 TEST_F(Totals, AmountsThatHaveNotArrivedAreNotDrawnByTheDecimals) {
   OpenWith(25);
-  for (const int record : kMoney) ParamTable[0][record].Value[0] = 99;  // of the index file
+  for (const int record : kMoney) {
+    ParamTable[0][record].Value[0] = 99;  // of the index file
+  }
   Arrive(0, 311, 2);
   EXPECT_EQ(Amounts(), Four("", ""));
 }
@@ -198,7 +214,9 @@ TEST_F(Totals, AnAmountThatComesAfterTheDecimalsOfAReadingIsDrawnByItself) {
 
 TEST_F(Totals, ALargeAmountIsShownWhole) {
   OpenWith(25);
-  for (const int record : kMoney) ParamTable[0][record].Control = 3;
+  for (const int record : kMoney) {
+    ParamTable[0][record].Control = 3;
+  }
   Arrive(0, 311, 2);
   SendMoney(1234567);
   EXPECT_EQ(Amounts(), Four("12345.67", "12345.67"));

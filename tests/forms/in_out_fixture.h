@@ -23,7 +23,9 @@ class InOutFixture : public FormFixture {
   }
   // All outputs are read back as off.
   void AllOff() {
-    for (const int record : {547, 548, 549, 550}) Arrive(1, record, 0);
+    for (const int record : {547, 548, 549, 550}) {
+      Arrive(1, record, 0);
+    }
     ReadBack(2, 0, 0);
     ReadBack(3, 0, 0);
   }
@@ -54,20 +56,26 @@ class InOutFixture : public FormFixture {
   std::vector<int> AllOn(const char* array, int count) {
     std::vector<int> on;
     for (int n = 0; n < count; ++n) {
-      if (On(Element(array, n))) on.push_back(n);
+      if (On(Element(array, n))) {
+        on.push_back(n);
+      }
     }
     return on;
   }
   std::vector<int> AllOpen(const char* array, int count) {
     std::vector<int> open;
     for (int n = 0; n < count; ++n) {
-      if (Enabled(Element(array, n))) open.push_back(n);
+      if (Enabled(Element(array, n))) {
+        open.push_back(n);
+      }
     }
     return open;
   }
   static std::vector<int> UpTo(int end, int begin = 0) {
     std::vector<int> numbers;
-    for (int n = begin; n < end; ++n) numbers.push_back(n);
+    for (int n = begin; n < end; ++n) {
+      numbers.push_back(n);
+    }
     return numbers;
   }
   // Whether the switches that follow the test can be pressed, all of them or none.

@@ -182,7 +182,9 @@ TEST_F(MoneyTest, NoOtherBitRedrawsAnything) {
   Arrive(0, 311, 2);
   Arrive(0, 4, 85);
   Find<QLabel>("Label1(0)").setText("as it was");
-  for (const int bit : {4, 8, 16, 32, 64, 128}) Arrive(0, 311, 2 + bit);
+  for (const int bit : {4, 8, 16, 32, 64, 128}) {
+    Arrive(0, 311, 2 + bit);
+  }
   Arrive(0, 311, 2);
   EXPECT_EQ(LabelText("Label1(0)"), "as it was");
 }

@@ -35,7 +35,9 @@ class Numbers : public DataForm {
 class NumberBoxesTest : public FormFixture {
  protected:
   NumberBoxesTest() {
-    for (const int record : {50, 51}) ParamTable[0][record].Value[0] = 77;  // what an index file says
+    for (const int record : {50, 51}) {
+      ParamTable[0][record].Value[0] = 77;  // what an index file says
+    }
     Open(numbers_);
   }
 

@@ -20,7 +20,9 @@ class OpzioniFixture : public FormFixture {
   OpzioniFixture() { FormFixture::Open("FrmOpzioni"); }
 
   void SendAll(const std::vector<Sent>& all) {
-    for (const Sent& sent : all) Arrive(sent.node, sent.record, sent.value);
+    for (const Sent& sent : all) {
+      Arrive(sent.node, sent.record, sent.value);
+    }
   }
   // The last three of the twenty.
   void SendSettings() { SendAll({{1, 28, 20}, {1, 29, 20}, {1, 33, 100}}); }

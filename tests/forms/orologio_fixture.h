@@ -70,7 +70,9 @@ class OrologioFixture : public FormFixture {
   }
   EchoMark::State MarkOf(int n) {
     for (ValueRow* row : form().findChildren<ValueRow*>()) {
-      if (&row->bar() == &BarOf(kSettings[n].bar)) return row->echo().state();
+      if (&row->bar() == &BarOf(kSettings[n].bar)) {
+        return row->echo().state();
+      }
     }
     throw std::runtime_error("no mark");
   }
@@ -83,7 +85,9 @@ class OrologioFixture : public FormFixture {
           "Label5(2)", "Label5s(0)", "Label5s(1)", "Label5s(2)", "Label6"}) {
       EXPECT_EQ(Enabled(each), open) << each;
     }
-    for (int n = 0; n < 5; ++n) EXPECT_EQ(Shown(Element("txtOrol", n)), open) << n;
+    for (int n = 0; n < 5; ++n) {
+      EXPECT_EQ(Shown(Element("txtOrol", n)), open) << n;
+    }
   }
 };
 

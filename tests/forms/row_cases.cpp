@@ -20,9 +20,15 @@ void PrintTo(const FormRows& rows, std::ostream* out) {
 
 EachRow::EachRow() {
   Open(GetParam().form);
-  for (const RowCase& row : rows()) ExpectOpen(row, false);
-  for (const Sent& sent : GetParam().opens) Arrive(sent);
-  for (const RowCase& row : rows()) Rest(row);
+  for (const RowCase& row : rows()) {
+    ExpectOpen(row, false);
+  }
+  for (const Sent& sent : GetParam().opens) {
+    Arrive(sent);
+  }
+  for (const RowCase& row : rows()) {
+    Rest(row);
+  }
   Leave();
 }
 
@@ -38,7 +44,9 @@ void EachRow::BringForward(const RowCase& row) {
   const QWidget& bar = Find(row.bar);
   for (auto* tabs : form().findChildren<QTabWidget*>()) {
     for (int i = 0; i < tabs->count(); ++i) {
-      if (tabs->widget(i)->isAncestorOf(&bar)) tabs->setCurrentIndex(i);
+      if (tabs->widget(i)->isAncestorOf(&bar)) {
+        tabs->setCurrentIndex(i);
+      }
     }
   }
 }
@@ -50,7 +58,9 @@ void EachRow::EnterBox(const RowCase& row) {
 }
 
 void EachRow::Leave() {
-  if (QWidget* focus = QApplication::focusWidget(); focus != nullptr) focus->clearFocus();
+  if (QWidget* focus = QApplication::focusWidget(); focus != nullptr) {
+    focus->clearFocus();
+  }
 }
 
 void EachRow::ExpectShown(const RowCase& row, const RowArrival& arrival) {
@@ -72,14 +82,18 @@ void EachRow::ExpectOpen(const RowCase& row, bool open) {
 
 Writes EachRow::WritesOf(const RowCase& row, int value) {
   Writes writes = {{row.node, row.record, value}};
-  if (row.mirror != 0) writes.push_back({row.node, row.mirror, value});
+  if (row.mirror != 0) {
+    writes.push_back({row.node, row.mirror, value});
+  }
   std::ranges::sort(writes, {}, &Write::record);
   return writes;
 }
 
 State EachRow::MarkOf(const RowCase& row) {
   for (ValueRow* view : form().findChildren<ValueRow*>()) {
-    if (&view->bar() == &BarOf(row.bar)) return view->echo().state();
+    if (&view->bar() == &BarOf(row.bar)) {
+      return view->echo().state();
+    }
   }
   throw std::runtime_error("no mark beside " + row.bar);
 }
@@ -110,10 +124,14 @@ TEST_P(EachRow, IsOpenWithItsFormAndShowsArrivalsWhenItIsClosedToo) {
     SCOPED_TRACE(row.bar);
     ExpectOpen(row, true);
   }
-  for (const Sent& sent : GetParam().closes) Arrive(sent);
+  for (const Sent& sent : GetParam().closes) {
+    Arrive(sent);
+  }
   for (const RowCase& row : rows()) {
     SCOPED_TRACE(row.bar);
-    if (!GetParam().closes.empty()) ExpectOpen(row, false);
+    if (!GetParam().closes.empty()) {
+      ExpectOpen(row, false);
+    }
     Arrive(row, row.arrivals[1]);
     ExpectShown(row, row.arrivals[1]);
   }
@@ -137,9 +155,13 @@ TEST_P(EachRow, KnowsItsRecordOfItsNodeAlone) {
     SCOPED_TRACE(row.bar);
     const RowArrival& rest = Rest(row);
     for (int node = 0; node < kNodeCount; ++node) {
-      if (node != row.node) Arrive({node, row.record, row.arrivals[1].value});
+      if (node != row.node) {
+        Arrive({node, row.record, row.arrivals[1].value});
+      }
     }
-    if (row.mirror != 0) Arrive({row.node, row.mirror, row.arrivals[1].value});
+    if (row.mirror != 0) {
+      Arrive({row.node, row.mirror, row.arrivals[1].value});
+    }
     ExpectShown(row, rest);
   }
 }
@@ -220,7 +242,9 @@ TEST_P(EachRow, RefusesBadEntriesAndBringsItsTextBack) {
 
 TEST_P(EachRow, ABoxEmptiesOnFocusAndWithoutEnterItsTextComesBack) {
   for (const RowCase& row : rows()) {
-    if (row.box.empty()) continue;
+    if (row.box.empty()) {
+      continue;
+    }
     SCOPED_TRACE(row.box);
     const RowArrival& rest = Rest(row);
     EnterBox(row);
@@ -240,7 +264,9 @@ TEST_P(EachRow, AnArrivalIsTheTextThatComesBackToItsOwnBoxAlone) {
   for (std::size_t n = 0; n < rows().size(); ++n) {
     const RowCase& row = rows()[n];
     const RowCase& other = rows()[(n + 1) % rows().size()];
-    if (row.box.empty()) continue;
+    if (row.box.empty()) {
+      continue;
+    }
     SCOPED_TRACE(row.box);
     const RowArrival& rest = Rest(row);
     EnterBox(row);
@@ -292,7 +318,9 @@ TEST_P(EachRow, MarksWhatBecomesOfAChange) {
 
 TEST_P(EachRow, AHeldRowIsHeldByAChangeAloneAndUntilTheMachineAnswers) {
   for (const RowCase& row : rows()) {
-    if (!row.held) continue;
+    if (!row.held) {
+      continue;
+    }
     SCOPED_TRACE(row.box);
     const RowArrival& rest = Rest(row);
     EnterBox(row);

@@ -28,7 +28,9 @@ class SchemaLayout : public FormFixture {
     QString longer;
     int letters = 0;
     for (const QChar character : text + ' ') {
-      if (!character.isLetter()) longer += QString((std::exchange(letters, 0) + 2) / 5, 'n');
+      if (!character.isLetter()) {
+        longer += QString((std::exchange(letters, 0) + 2) / 5, 'n');
+      }
       letters += character.isLetter() ? 1 : 0;
       longer += character;
     }
@@ -124,10 +126,14 @@ TEST_F(SchemaLayout, ThePlateOfALampTouchesNoOther) {
     for (std::size_t i = 0; i < plates.size(); ++i) {
       std::vector<std::string> touched;
       for (const QWidget* widget : OnTheDrawing()) {
-        if (plates[i].intersects(widget->geometry())) touched.push_back(Name(widget));
+        if (plates[i].intersects(widget->geometry())) {
+          touched.push_back(Name(widget));
+        }
       }
       EXPECT_EQ(touched.size(), 2) << testing::PrintToString(touched);
-      for (std::size_t j = 0; j < i; ++j) EXPECT_FALSE(plates[i].intersects(plates[j])) << i << " " << j;
+      for (std::size_t j = 0; j < i; ++j) {
+        EXPECT_FALSE(plates[i].intersects(plates[j])) << i << " " << j;
+      }
     }
     Close();
   }
@@ -227,12 +233,18 @@ TEST_F(SchemaLayout, EachLampHangsOnALineOfItsPart) {
     for (int degrees = 0; degrees < 360; ++degrees) {
       const double angle = degrees * 3.14159 / 180;
       const QPointF edge(half_width * std::cos(angle), half_height * std::sin(angle));
-      if (IsDrawn(picture, (lamp.centre + edge).toPoint())) return true;
+      if (IsDrawn(picture, (lamp.centre + edge).toPoint())) {
+        return true;
+      }
     }
     return false;
   };
-  for (const LampPlace& lamp : kOutputPlaces) EXPECT_TRUE(hangs(lamp, 10.5, 10.5)) << lamp.line;
-  for (const LampPlace& lamp : kInputPlaces) EXPECT_TRUE(hangs(lamp, 18, 9)) << lamp.line;
+  for (const LampPlace& lamp : kOutputPlaces) {
+    EXPECT_TRUE(hangs(lamp, 10.5, 10.5)) << lamp.line;
+  }
+  for (const LampPlace& lamp : kInputPlaces) {
+    EXPECT_TRUE(hangs(lamp, 18, 9)) << lamp.line;
+  }
 }
 
 TEST_F(SchemaLayout, NoWordLiesOnALineOfTheDrawing) {

@@ -30,7 +30,9 @@ class SchemaPlates : public FormFixture, public QObject {
     Show();
   }
   bool eventFilter(QObject*, QEvent* event) override {
-    if (event->type() == QEvent::Paint) painted_ += static_cast<QPaintEvent*>(event)->region();
+    if (event->type() == QEvent::Paint) {
+      painted_ += static_cast<QPaintEvent*>(event)->region();
+    }
     return false;
   }
   // What of the drawing has been painted anew since the last time.

@@ -35,9 +35,13 @@ class SelectionCounters : public FormFixture, public testing::WithParamInterface
 
   std::vector<Subscription> All() {
     std::vector<Subscription> all;
-    for (int n = 0; n < 22; ++n) all.push_back({1, window().selections + n, 1});
+    for (int n = 0; n < 22; ++n) {
+      all.push_back({1, window().selections + n, 1});
+    }
     for (const int node : {2, 3}) {
-      for (int n = 0; n < 48; ++n) all.push_back({node, window().positions + n, 1});
+      for (int n = 0; n < 48; ++n) {
+        all.push_back({node, window().positions + n, 1});
+      }
     }
     return all;
   }
@@ -82,26 +86,44 @@ TEST_P(SelectionCounters, PositionsAreNumberedByRowAndColumn) {
 }
 
 TEST_P(SelectionCounters, EachRecordShowsOnItsLabelAlone) {
-  for (int n = 0; n < 22; ++n) Arrive(1, window().selections + n, 1000 + n);
-  for (int n = 0; n < 48; ++n) Arrive(2, window().positions + n, 2000 + n);
-  for (int n = 0; n < 48; ++n) Arrive(3, window().positions + n, 3000 + n);
-  for (int n = 0; n < 22; ++n) EXPECT_EQ(Selection(n), std::to_string(1000 + n));
-  for (int n = 0; n < 48; ++n) EXPECT_EQ(PositionOf(n), std::to_string(2000 + n));
-  for (int n = 0; n < 48; ++n) EXPECT_EQ(PositionOf(48 + n), std::to_string(3000 + n));
+  for (int n = 0; n < 22; ++n) {
+    Arrive(1, window().selections + n, 1000 + n);
+  }
+  for (int n = 0; n < 48; ++n) {
+    Arrive(2, window().positions + n, 2000 + n);
+  }
+  for (int n = 0; n < 48; ++n) {
+    Arrive(3, window().positions + n, 3000 + n);
+  }
+  for (int n = 0; n < 22; ++n) {
+    EXPECT_EQ(Selection(n), std::to_string(1000 + n));
+  }
+  for (int n = 0; n < 48; ++n) {
+    EXPECT_EQ(PositionOf(n), std::to_string(2000 + n));
+  }
+  for (int n = 0; n < 48; ++n) {
+    EXPECT_EQ(PositionOf(48 + n), std::to_string(3000 + n));
+  }
   EXPECT_EQ(Written(), std::vector<Write>{});
 }
 
 TEST_P(SelectionCounters, OtherRecordsAndTheMainBoardsAreForeign) {
   for (int record = 1; record <= kRecords; ++record) {
     Arrive(0, record, 5);
-    if (record < window().selections || record > window().selections + 21) Arrive(1, record, 5);
+    if (record < window().selections || record > window().selections + 21) {
+      Arrive(1, record, 5);
+    }
     if (record < window().positions || record > window().positions + 47) {
       Arrive(2, record, 5);
       Arrive(3, record, 5);
     }
   }
-  for (int n = 0; n < 22; ++n) EXPECT_EQ(Selection(n), "");
-  for (int n = 0; n < 96; ++n) EXPECT_EQ(PositionOf(n), "");
+  for (int n = 0; n < 22; ++n) {
+    EXPECT_EQ(Selection(n), "");
+  }
+  for (int n = 0; n < 96; ++n) {
+    EXPECT_EQ(PositionOf(n), "");
+  }
 }
 
 TEST_P(SelectionCounters, AnAbsentBoardLeavesItsHalfEmptyAndTheOthersGoOn) {
@@ -115,7 +137,9 @@ TEST_P(SelectionCounters, AnAbsentBoardLeavesItsHalfEmptyAndTheOthersGoOn) {
   EXPECT_EQ(Subscribed(), present);
   Arrive(2, window().positions, 7);
   EXPECT_EQ(PositionOf(0), "7");
-  for (int n = 48; n < 96; ++n) EXPECT_EQ(PositionOf(n), "");
+  for (int n = 48; n < 96; ++n) {
+    EXPECT_EQ(PositionOf(n), "");
+  }
   const std::string word = "#" + std::to_string(window().position_line) + " ";
   EXPECT_EQ(LabelText("Label2(48)"), word + "11");
   Close();
@@ -141,7 +165,9 @@ TEST_P(SelectionCounters, ALargeCounterIsShownWhole) {
 }
 
 TEST_P(SelectionCounters, TheWindowWidensForACounterOfTenDigits) {
-  for (int line = 142; line <= 161; ++line) CaptionTable[line] = "Sel.";
+  for (int line = 142; line <= 161; ++line) {
+    CaptionTable[line] = "Sel.";
+  }
   form().InitMessaggi();
   RefitFrame(form());
   QApplication::processEvents();

@@ -40,7 +40,9 @@ class SharedRecords : public FormFixture, public testing::WithParamInterface<For
 
   Counts Subscribers() const {
     Counts counts;
-    for (const Subscription& each : Subscribed()) counts[{each.node, each.record}] = each.subscribers;
+    for (const Subscription& each : Subscribed()) {
+      counts[{each.node, each.record}] = each.subscribers;
+    }
     return counts;
   }
 
@@ -55,7 +57,9 @@ class SharedRecords : public FormFixture, public testing::WithParamInterface<For
     const Form& form = Open(name);
     std::set<Record> shared;
     for (const auto& [record, subscribers] : Subscribers()) {
-      if (kShared.contains(record.second)) shared.insert(record);
+      if (kShared.contains(record.second)) {
+        shared.insert(record);
+      }
     }
     CloseForm(form);
     return shared;
@@ -64,7 +68,9 @@ class SharedRecords : public FormFixture, public testing::WithParamInterface<For
   // Adds what a window leaves subscribed when it closes.
   static Counts WithLeftBy(const std::string& name, Counts counts) {
     for (const LeftSubscribed& each : kLeftSubscribed) {
-      if (name == each.form) ++counts[{each.node, each.record}];
+      if (name == each.form) {
+        ++counts[{each.node, each.record}];
+      }
     }
     return counts;
   }
@@ -93,7 +99,9 @@ class SharedRecords : public FormFixture, public testing::WithParamInterface<For
     StartAnew();
     const Form* one = &Open(older_closes ? closes : stays);
     const Form* other = &Open(older_closes ? stays : closes);
-    if (!older_closes) std::swap(one, other);
+    if (!older_closes) {
+      std::swap(one, other);
+    }
     Read();
     CloseForm(*one);
     Counts left = WithLeftBy(closes, {});
@@ -116,10 +124,14 @@ TEST_P(SharedRecords, AreReadOnForTheWindowThatStaysAndForNobodyInTheEnd) {
   const std::string name = GetParam().name;
   const std::set<Record> own = SharedOf(name);
   for (const FormEntry& other : FormList()) {
-    if (own.empty() || other.name <= name) continue;
+    if (own.empty() || other.name <= name) {
+      continue;
+    }
     std::set<Record> common;
     std::ranges::set_intersection(own, SharedOf(other.name), std::inserter(common, common.end()));
-    if (common.empty()) continue;
+    if (common.empty()) {
+      continue;
+    }
     for (const bool older_closes : {true, false}) {
       ExpectCommonToBeReadOn(common, name, other.name, older_closes);
       ExpectCommonToBeReadOn(common, other.name, name, older_closes);
@@ -143,7 +155,9 @@ TEST_F(SharedTestRecords, AChoiceOfOnePeripheralTestIsRunOnceAndClosesThatWindow
   Click("Label1(1)");
   EXPECT_EQ(Written(), (std::vector<Write>{{0, 315, 40}, {0, 316, 16}, {0, 358, 86}}));
   EXPECT_TRUE(second.findChild<QWidget*>("Label1(0)")->isEnabled());
-  for (const int record : {358, 315, 316}) Arrive(0, record, ParamGet(record, 0));
+  for (const int record : {358, 315, 316}) {
+    Arrive(0, record, ParamGet(record, 0));
+  }
   EXPECT_EQ(Written(), (std::vector<Write>{{0, 314, 2}}));
 }
 
@@ -152,10 +166,14 @@ TEST_F(SharedTestRecords, ADrinkOfTheDosesIsNotRunAsAProduct) {
   Arrive(0, 313, 4);
   Click("Label1(0)");
   Click("Label1(1)");
-  for (const int record : {358, 315, 316}) Arrive(0, record, ParamGet(record, 0));
+  for (const int record : {358, 315, 316}) {
+    Arrive(0, record, ParamGet(record, 0));
+  }
   Fire("Timer1");
   Open("FrmDosi");
-  for (const Subscription& each : Subscribed()) Arrive(each.node, each.record, 4);
+  for (const Subscription& each : Subscribed()) {
+    Arrive(each.node, each.record, 4);
+  }
   Written();
   Click("Command1(0)");
   Arrive(0, 315, 1);

@@ -33,7 +33,9 @@ TEST_F(TabOrder, TabGoesThroughALayoutAsItWasLaidOut) {
   std::vector<std::string> names;
   for (QWidget* next = form->nextInFocusChain(); names.size() < edits.size();
        next = next->nextInFocusChain()) {
-    if (qobject_cast<QLineEdit*>(next) != nullptr) names.push_back(next->objectName().toStdString());
+    if (qobject_cast<QLineEdit*>(next) != nullptr) {
+      names.push_back(next->objectName().toStdString());
+    }
   }
   EXPECT_EQ(names, (std::vector<std::string>{"Edit(3)", "Edit(1)", "Edit(0)", "Edit(2)"}));
 }

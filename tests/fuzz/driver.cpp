@@ -45,7 +45,9 @@ std::vector<Input> BuiltInSeeds() {
 
 std::vector<Input> ReadSeeds(const std::filesystem::path& folder) {
   std::vector<std::filesystem::path> files;
-  for (const auto& entry : std::filesystem::directory_iterator(folder)) files.push_back(entry.path());
+  for (const auto& entry : std::filesystem::directory_iterator(folder)) {
+    files.push_back(entry.path());
+  }
   std::ranges::sort(files);
   std::vector<Input> seeds;
   for (const auto& path : files) {
@@ -62,8 +64,12 @@ class Mutator {
   Input Next() {
     Input input = seeds_[Below(seeds_.size())];
     const std::size_t changes = 1 + Below(6);
-    for (std::size_t i = 0; i < changes; ++i) Change(input);
-    if (input.size() > kLongestInput) input.resize(kLongestInput);
+    for (std::size_t i = 0; i < changes; ++i) {
+      Change(input);
+    }
+    if (input.size() > kLongestInput) {
+      input.resize(kLongestInput);
+    }
     return input;
   }
 
@@ -101,13 +107,21 @@ int main(int argc, char** argv) {
     std::fprintf(stderr, "usage: %s <number of mutations> [<folder of seeds>]\n", argv[0]);
     return 2;
   }
-  for (const int fatal : {SIGABRT, SIGSEGV, SIGFPE, SIGILL}) std::signal(fatal, SaveInput);
+  for (const int fatal : {SIGABRT, SIGSEGV, SIGFPE, SIGILL}) {
+    std::signal(fatal, SaveInput);
+  }
   std::vector<Input> seeds = BuiltInSeeds();
-  if (argc > 2) std::ranges::move(ReadSeeds(argv[2]), std::back_inserter(seeds));
-  for (const Input& seed : seeds) Run(seed);
+  if (argc > 2) {
+    std::ranges::move(ReadSeeds(argv[2]), std::back_inserter(seeds));
+  }
+  for (const Input& seed : seeds) {
+    Run(seed);
+  }
   Mutator mutator(seeds);
   const long count = std::strtol(argv[1], nullptr, 10);
-  for (long i = 0; i < count; ++i) Run(mutator.Next());
+  for (long i = 0; i < count; ++i) {
+    Run(mutator.Next());
+  }
   std::printf("%ld mutations of %zu seeds, random seed %u\n", count, seeds.size(), kSeed);
   return 0;
 }

@@ -41,15 +41,27 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   const QStringList other = bar < 0 ? current : TextLines(input.mid(bar + 1));
 
   const bool is_short = current.size() <= 650;
-  if (Fills(current) != is_short) std::abort();
-  if (Fits(current, current) != is_short) std::abort();
-  const bool fits = Fits(current, other);
-  if (fits && other.size() < current.size()) std::abort();
-  for (qsizetype i = 0; fits && i < current.size(); ++i) {
-    if (CaptionTable[i + 1] != other[i]) std::abort();
+  if (Fills(current) != is_short) {
+    std::abort();
   }
-  if (!CaptionTable[0].isEmpty()) std::abort();
+  if (Fits(current, current) != is_short) {
+    std::abort();
+  }
+  const bool fits = Fits(current, other);
+  if (fits && other.size() < current.size()) {
+    std::abort();
+  }
+  for (qsizetype i = 0; fits && i < current.size(); ++i) {
+    if (CaptionTable[i + 1] != other[i]) {
+      std::abort();
+    }
+  }
+  if (!CaptionTable[0].isEmpty()) {
+    std::abort();
+  }
   const auto too_long = [](const QString& caption) { return caption.size() > 500; };
-  if (std::any_of(std::begin(CaptionTable), std::end(CaptionTable), too_long)) std::abort();
+  if (std::any_of(std::begin(CaptionTable), std::end(CaptionTable), too_long)) {
+    std::abort();
+  }
   return 0;
 }

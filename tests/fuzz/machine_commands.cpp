@@ -24,7 +24,9 @@ machine::Boards SomeBoards() {
                                      .high = static_cast<std::uint8_t>(n / 256),
                                      .low = static_cast<std::uint8_t>(n % 256),
                                      .control = 1};
-      if (!board.AddRecord(address, static_cast<std::uint32_t>(n))) std::abort();
+      if (!board.AddRecord(address, static_cast<std::uint32_t>(n))) {
+        std::abort();
+      }
     }
   }
   return boards;
@@ -42,10 +44,16 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     const auto end = rest.find('\n');
     const std::string_view line = rest.substr(0, end);
     rest.remove_prefix(end == std::string_view::npos ? rest.size() : end + 1);
-    if (line.find("scenario") != std::string_view::npos) continue;  // any file of the disk would be read
+    if (line.find("scenario") != std::string_view::npos) {
+      continue;  // any file of the disk would be read
+    }
     const std::string reply = console.Execute(line);
-    if (!reply.starts_with("ok") && !reply.starts_with("error: ")) std::abort();
-    if (reply.find('\n') != std::string::npos) std::abort();
+    if (!reply.starts_with("ok") && !reply.starts_with("error: ")) {
+      std::abort();
+    }
+    if (reply.find('\n') != std::string::npos) {
+      std::abort();
+    }
     machine.AdvanceTo(machine.now() + std::chrono::seconds(1));
   }
   return 0;

@@ -14,8 +14,12 @@ std::size_t CheckRequests(machine::FrameReader& reader) {
   std::size_t bytes = 0;
   while (const auto request = reader.TakeRequest()) {
     unsigned sum = 0;
-    for (std::size_t i = 0; i + 1 < request->frame.size(); ++i) sum += request->frame[i];
-    if (sum % 256 != request->frame.back()) std::abort();
+    for (std::size_t i = 0; i + 1 < request->frame.size(); ++i) {
+      sum += request->frame[i];
+    }
+    if (sum % 256 != request->frame.back()) {
+      std::abort();
+    }
     bytes += request->frame.size();
   }
   return bytes;
@@ -38,6 +42,8 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   }
   reader.Silence();
   seen += CheckRequests(reader) + reader.TakeDropped().size();
-  if (seen != pushed) std::abort();
+  if (seen != pushed) {
+    std::abort();
+  }
   return 0;
 }

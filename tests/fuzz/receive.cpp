@@ -61,8 +61,14 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     }
   }
   host.RunFor(milliseconds(3000));
-  if (RetryCount < 0 || RetryCount > 4) std::abort();
-  if (ScanCursor < 0 || ScanCursor > kRecords || NodeIndex >= kNodeCount) std::abort();
-  if (LinkIdle == host.IsEnabled(LinkTimer::Timer2)) std::abort();  // waiting without a time-out would hang
+  if (RetryCount < 0 || RetryCount > 4) {
+    std::abort();
+  }
+  if (ScanCursor < 0 || ScanCursor > kRecords || NodeIndex >= kNodeCount) {
+    std::abort();
+  }
+  if (LinkIdle == host.IsEnabled(LinkTimer::Timer2)) {
+    std::abort();  // waiting without a time-out would hang
+  }
   return 0;
 }

@@ -20,12 +20,21 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
 
   Settings settings = SettingsOf(folder.program());
   ReadSettings(settings);
-  if (PortNumber < 1 || PortNumber > 4 || !settings.mnuCox[PortNumber]) std::abort();
-  if (LanguageName.size() > 500) std::abort();
-  if (!FillLanguageMenu(settings.folder, settings.smnuLingue) || LanguageName != "English") std::abort();
-  WriteSettings(settings);
-  if (folder.Read("dosmara.ini") != "Com=" + QByteArray::number(PortNumber) + "\nLingua=English\n")
+  if (PortNumber < 1 || PortNumber > 4 || !settings.mnuCox[PortNumber]) {
     std::abort();
-  if (!screen.boxes.empty()) std::abort();
+  }
+  if (LanguageName.size() > 500) {
+    std::abort();
+  }
+  if (!FillLanguageMenu(settings.folder, settings.smnuLingue) || LanguageName != "English") {
+    std::abort();
+  }
+  WriteSettings(settings);
+  if (folder.Read("dosmara.ini") != "Com=" + QByteArray::number(PortNumber) + "\nLingua=English\n") {
+    std::abort();
+  }
+  if (!screen.boxes.empty()) {
+    std::abort();
+  }
   return 0;
 }

@@ -39,11 +39,15 @@ std::string Objection(const std::string& folder, const std::string& path, const 
   if (kNoToolkit.contains(folder) && (header[0] == 'Q' || head.starts_with("Qt"))) {
     return "the toolkit is out of bounds here";
   }
-  if (kMayInclude.contains(head) && !kMayInclude.at(folder).contains(head)) return "that layer lies above";
+  if (kMayInclude.contains(head) && !kMayInclude.at(folder).contains(head)) {
+    return "that layer lies above";
+  }
   if (folder == "forms" && head == "forms" && IsForm(header)) {
     const std::string own = fs::path(header).stem().string();
     const std::string here = fs::path(path).stem().string();
-    if (own != here && here != "form_list") return "a form must not know another form";
+    if (own != here && here != "form_list") {
+      return "a form must not know another form";
+    }
   }
   return {};
 }
@@ -52,7 +56,9 @@ std::vector<fs::path> SourceFiles(const fs::path& folder) {
   std::vector<fs::path> files;
   for (const auto& entry : fs::recursive_directory_iterator(folder)) {
     const std::string extension = entry.path().extension().string();
-    if (extension == ".cpp" || extension == ".h") files.push_back(entry.path());
+    if (extension == ".cpp" || extension == ".h") {
+      files.push_back(entry.path());
+    }
   }
   std::ranges::sort(files);
   return files;
@@ -62,7 +68,9 @@ std::vector<std::string> IncludesOf(const fs::path& file) {
   std::vector<std::string> includes;
   std::ifstream in(file);
   for (std::string line; std::getline(in, line);) {
-    if (!line.starts_with("#include")) continue;
+    if (!line.starts_with("#include")) {
+      continue;
+    }
     const auto begin = line.find_first_of("\"<");
     const auto end = line.find_first_of("\">", begin + 1);
     if (begin != std::string::npos && end != std::string::npos) {

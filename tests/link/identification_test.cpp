@@ -16,7 +16,9 @@ class Identification : public LinkFixture {
   Identification() {
     TempFolder folder;
     folder.Write("small.inx", SmallIndexBytes(18));
-    for (int node = 0; node < 4; ++node) LoadSmallIndex(folder.path(), "small.inx", node);
+    for (int node = 0; node < 4; ++node) {
+      LoadSmallIndex(folder.path(), "small.inx", node);
+    }
     IdentifyStandardBoards(Board());
     LinkIdentifying = true;
   }
@@ -40,7 +42,9 @@ TEST_F(Identification, ReadsTheMainBoardInItsOrder) {
   EXPECT_EQ(ModelCode, 25);
   EXPECT_TRUE(NodePresent[0]);
   std::vector<int> entries;
-  for (const Bytes& frame : Frames()) entries.push_back(frame[3]);
+  for (const Bytes& frame : Frames()) {
+    entries.push_back(frame[3]);
+  }
   EXPECT_EQ(entries, (std::vector<int>{1, 17, 11, 12, 13, 14, 18}));
 }
 
@@ -102,7 +106,9 @@ TEST_F(Identification, EachReadHasTwoSecondsOfItsOwn) {
 
 TEST_F(Identification, EachAbsentNodeCostsItsOwnTwoSeconds) {
   Board().absent = {1, 2, 3};
-  for (int node = 1; node < 4; ++node) BoardIdentify(node);
+  for (int node = 1; node < 4; ++node) {
+    BoardIdentify(node);
+  }
   EXPECT_EQ(host_.Now(), milliseconds(6000));
 }
 
@@ -161,7 +167,9 @@ TEST_F(Identification, RetryAsksTheMainBoardAgain) {
   Board().absent = {0};
   host_.answers = {BoxAnswer::kRetry, BoxAnswer::kRetry};
   host_.during_box = [this] {
-    if (host_.boxes.size() == 2) Board().absent.clear();
+    if (host_.boxes.size() == 2) {
+      Board().absent.clear();
+    }
   };
   const BoardIdentity board = BoardIdentify(0);
   EXPECT_EQ(host_.boxes.size(), 2U);
@@ -187,7 +195,9 @@ TEST_F(Identification, RetryRepeatsTheReadThatFailed) {
   host_.during_box = [&] { script.replies = {{14, 14}, {18, 18}, {0, 0}, {1, 1}, {25, 25}}; };
   BoardIdentify(0);
   std::vector<int> entries;
-  for (const Bytes& frame : Frames()) entries.push_back(frame[3]);
+  for (const Bytes& frame : Frames()) {
+    entries.push_back(frame[3]);
+  }
   // Silence is asked again after a second, then by the operator.
   EXPECT_EQ(entries, (std::vector<int>{1, 17, 11, 11, 11, 12, 13, 14, 18}));
 }

@@ -27,7 +27,9 @@ class LinkGuard : public LinkFixture {
   }
   std::vector<double> Values() {
     std::vector<double> values;
-    for (const auto& arrival : Arrivals()) values.push_back(arrival.value);
+    for (const auto& arrival : Arrivals()) {
+      values.push_back(arrival.value);
+    }
     return values;
   }
 };
@@ -322,7 +324,9 @@ TEST_F(EarlyReply, HoldsUpOnlyTheNextRequest) {
   At(0, 5).Period = 0;
   At(0, 6).Period = 0;
   At(0, 7).Period = 0;
-  for (const int index : {5, 6, 7}) Subscribe(0, index);
+  for (const int index : {5, 6, 7}) {
+    Subscribe(0, index);
+  }
   script_.replies = {{9, 8}, {57, 57}, {57, 57}, {5, 5}, {6, 6}, {7, 7}};
   ASSERT_TRUE(Asked(6));
   EXPECT_EQ(host_.frames[4].time - host_.frames[3].time, milliseconds(40));

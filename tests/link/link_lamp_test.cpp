@@ -17,13 +17,17 @@ class LinkLamp : public LinkFixture {
   // Panel and image of each change so far.
   std::vector<std::pair<int, int>> Changes() const {
     std::vector<std::pair<int, int>> changes;
-    for (const auto& lamp : host_.lamps) changes.emplace_back(lamp.panel, lamp.image);
+    for (const auto& lamp : host_.lamps) {
+      changes.emplace_back(lamp.panel, lamp.image);
+    }
     return changes;
   }
 };
 
 TEST_F(LinkLamp, EachNumberBelongsToItsPanel) {
-  for (const int n : {4, 5, 6, 1, 2, 3}) SetLinkStatus(n);
+  for (const int n : {4, 5, 6, 1, 2, 3}) {
+    SetLinkStatus(n);
+  }
   EXPECT_EQ(Changes(), (std::vector<std::pair<int, int>>{{2, 4}, {3, 5}, {4, 6}, {2, 1}, {3, 2}, {4, 3}}));
 }
 
@@ -116,7 +120,9 @@ TEST_F(LinkLamp, WithoutABoardTheErrorLampStaysAndTransmitFlashes) {
   host_.RunFor(milliseconds(10000));
   EXPECT_EQ(host_.LampOn(4), 6);
   std::vector<std::pair<int, int>> flashes;
-  for (int i = 0; i < 10; ++i) flashes.insert(flashes.end(), {{2, 1}, {2, 4}});
+  for (int i = 0; i < 10; ++i) {
+    flashes.insert(flashes.end(), {{2, 1}, {2, 4}});
+  }
   EXPECT_EQ(Changes(), flashes);
 }
 

@@ -12,7 +12,9 @@ class LinkScanWalk : public LinkFixture {
   std::vector<int> ReadsOfMainBoard() const {
     std::vector<int> indices;
     for (const Bytes& frame : Frames()) {
-      if (frame.size() == 5) indices.push_back(frame[3]);
+      if (frame.size() == 5) {
+        indices.push_back(frame[3]);
+      }
     }
     return indices;
   }
@@ -61,7 +63,9 @@ TEST_F(LinkScanWalk, TheTickIsOffWhileItRunsAndOnAgainAfterwards) {
 
 TEST_F(LinkScanWalk, SendsOneRequestPerTick) {
   Records(0, 10);
-  for (const int index : {2, 3, 7}) Subscribe(0, index);
+  for (const int index : {2, 3, 7}) {
+    Subscribe(0, index);
+  }
   StartScan();
   Ticks(3);
   ASSERT_EQ(host_.frames.size(), 3U);
@@ -300,7 +304,9 @@ TEST_F(LinkScanWalk, WalksOverAFullTableInOneTick) {
 
 TEST_F(LinkScanWalk, RequestsKeepTheirDistanceWhenTheProgramIsLate) {
   Records(0, 3000);
-  for (int index = 1; index < 3000; ++index) Subscribe(0, index);
+  for (int index = 1; index < 3000; ++index) {
+    Subscribe(0, index);
+  }
   StartScan();
   for (int late = 0; late < 100; ++late) {
     host_.RunFor(milliseconds(31 + late));

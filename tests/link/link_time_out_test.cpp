@@ -29,7 +29,9 @@ class LinkTimeOut : public LinkFixture {
   }
   std::vector<long> FrameMilliseconds() const {
     std::vector<long> times;
-    for (const auto& frame : host_.frames) times.push_back(frame.time.count() / 1000);
+    for (const auto& frame : host_.frames) {
+      times.push_back(frame.time.count() / 1000);
+    }
     return times;
   }
 };

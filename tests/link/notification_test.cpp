@@ -19,7 +19,9 @@ class ActingForm : public ListeningForm {
 
   void SLabelChange(std::int32_t index, double value) override {
     ListeningForm::SLabelChange(index, value);
-    if (act) act();
+    if (act) {
+      act();
+    }
   }
 };
 
@@ -108,7 +110,9 @@ TEST_F(Notification, AFormThatWasUnloadedMeanwhileIsNotTold) {
 TEST_F(Notification, AFormThatIsOpenedMeanwhileSeesOnlyLaterArrivals) {
   ListeningForm late;
   a_.act = [&] {
-    if (a_.arrivals.size() == 1) LoadedForms.push_back(&late);
+    if (a_.arrivals.size() == 1) {
+      LoadedForms.push_back(&late);
+    }
   };
   NotifyForms(5, {7});
   EXPECT_TRUE(late.arrivals.empty());
@@ -136,7 +140,9 @@ TEST_F(Notification, AFormThatUnloadsAllOthersIsTheLastToBeTold) {
 
 TEST_F(Notification, AnArrivalDuringAnotherReachesAllFormsTwice) {
   a_.act = [&] {
-    if (a_.arrivals.size() == 1) NotifyForms(6, {8});
+    if (a_.arrivals.size() == 1) {
+      NotifyForms(6, {8});
+    }
   };
   NotifyForms(5, {7});
   EXPECT_EQ(a_.arrivals, (Arrived{{0, 5, 7}, {0, 6, 8}}));
@@ -151,11 +157,15 @@ TEST_F(Notification, AsksForNoMemoryAtAnArrival) {
   };
   std::vector<DeafForm> forms(30);
   LoadedForms.clear();
-  for (DeafForm& form : forms) LoadedForms.push_back(&form);
+  for (DeafForm& form : forms) {
+    LoadedForms.push_back(&form);
+  }
   const Bytes reply = {7};
   NotifyForms(5, reply);
   const std::size_t before = Allocations();
-  for (int i = 0; i < 100; ++i) NotifyForms(5, reply);
+  for (int i = 0; i < 100; ++i) {
+    NotifyForms(5, reply);
+  }
   EXPECT_EQ(Allocations(), before);
 }
 
@@ -210,7 +220,9 @@ TEST_F(Notification, AFormMayPutAndSubscribeDuringAnArrival) {
   Records(0, 10);
   Subscribe(0, 4);
   a_.act = [&] {
-    if (a_.arrivals.size() > 1) return;
+    if (a_.arrivals.size() > 1) {
+      return;
+    }
     NodeIndex = 0;
     ParamPut(6, 9);
     NodeIndex = 0;

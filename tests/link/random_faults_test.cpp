@@ -29,7 +29,9 @@ class JudgingForm : public LoadedForm {
 
   void SLabelChange(std::int32_t index, double value) override {
     const bool right = machine_.HasJustSent(host_.Now(), NodeIndex, index, value);
-    if (!right) ++wrong;
+    if (!right) {
+      ++wrong;
+    }
     ++exchanges;
     expected[NodeIndex][index] = value;
     ++arrivals[NodeIndex][index];
@@ -125,7 +127,9 @@ class RandomFaults : public LinkFixture, public ::testing::WithParamInterface<Li
   int RecordsThatArrived() const {
     int count = 0;
     for (const auto& node : judge_.arrivals) {
-      for (const int arrivals : node) count += arrivals > 0;
+      for (const int arrivals : node) {
+        count += arrivals > 0;
+      }
     }
     return count;
   }

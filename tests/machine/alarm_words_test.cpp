@@ -56,7 +56,9 @@ TEST(AlarmWords, EachCauseHasTheCodeThatTheWordsAreFor) {
       {"grinder", 12},      {"pump", 13},           {"inlet", 14},          {"flow-meter", 15},
       {"clock", 26},        {"coin-mechanism", 16}, {"bill-validator", 17}, {"memory", 27},
       {"compressor-2", 22}, {"compressor-3", 23}};
-  for (const auto& [part, code] : parts) EXPECT_EQ(CodeOfPart(part), code) << part;
+  for (const auto& [part, code] : parts) {
+    EXPECT_EQ(CodeOfPart(part), code) << part;
+  }
   EXPECT_EQ(CodeOfPart("motor-2", 86), 24u);
   EXPECT_EQ(CodeOfPart("motor-3", 87), 25u);
 }
@@ -71,7 +73,9 @@ TEST(AlarmWords, EachCodeHasWordsOfItsOwnInEveryLanguage) {
   std::map<std::string, std::string> rows;
   for (std::string row; std::getline(captions, row);) {
     const auto tab = row.find('\t');
-    if (tab != std::string::npos) rows[row.substr(0, tab)] = row.substr(tab + 1);
+    if (tab != std::string::npos) {
+      rows[row.substr(0, tab)] = row.substr(tab + 1);
+    }
   }
   std::set<std::pair<int, std::string>> seen;
   for (std::uint32_t code = 1; code <= kCodes; ++code) {

@@ -18,26 +18,34 @@ class AlarmsTest : public MachineTest {
   // Minute, hour, day, month, year, code of an entry.
   std::vector<std::uint32_t> Entry(int entry) {
     std::vector<std::uint32_t> fields;
-    for (int field = 0; field < 6; ++field) fields.push_back(Get(0, 142 + 6 * entry + field));
+    for (int field = 0; field < 6; ++field) {
+      fields.push_back(Get(0, 142 + 6 * entry + field));
+    }
     return fields;
   }
 };
 
 TEST_F(AlarmsTest, AnEmptyRingPointsToAnEmptyEntry) {
   EXPECT_EQ(Get(0, 86), 0u);
-  for (int entry = 0; entry < 10; ++entry) EXPECT_GT(Entry(entry)[5], 203u) << entry;
+  for (int entry = 0; entry < 10; ++entry) {
+    EXPECT_GT(Entry(entry)[5], 203u) << entry;
+  }
 }
 
 TEST_F(AlarmsTest, AnEntryHoldsTimeDateAndCode) {
   const int clock[] = {320, 321, 322, 323, 324};
-  for (int i = 0; i < 5; ++i) Set(0, clock[i], static_cast<std::uint32_t>(11 + i));
+  for (int i = 0; i < 5; ++i) {
+    Set(0, clock[i], static_cast<std::uint32_t>(11 + i));
+  }
   machine_.alarms().Raise(7u);
   EXPECT_EQ(Get(0, 86), 0u);
   EXPECT_EQ(Entry(0), (std::vector<std::uint32_t>{11, 12, 13, 14, 15, 7}));
 }
 
 TEST_F(AlarmsTest, TheEleventhAlarmTakesThePlaceOfTheFirst) {
-  for (std::uint32_t code = 1; code <= 10; ++code) machine_.alarms().Raise(code);
+  for (std::uint32_t code = 1; code <= 10; ++code) {
+    machine_.alarms().Raise(code);
+  }
   EXPECT_EQ(Get(0, 86), 9u);
   machine_.alarms().Raise(11u);
   EXPECT_EQ(Get(0, 86), 0u);
@@ -54,7 +62,9 @@ TEST_F(AlarmsTest, TheHighestCodeIsAnAlarmLikeAnyOther) {
 }
 
 TEST_F(AlarmsTest, AClearedRingBeginsAnew) {
-  for (std::uint32_t code = 1; code <= 4; ++code) machine_.alarms().Raise(code);
+  for (std::uint32_t code = 1; code <= 4; ++code) {
+    machine_.alarms().Raise(code);
+  }
   machine_.alarms().Clear();
   EXPECT_EQ(Get(0, 86), 0u);
   machine_.alarms().Raise(9u);

@@ -42,7 +42,9 @@ TEST_F(AuditSession, TotalsAndCountersTellWhatWasSold) {
   EXPECT_EQ(Read(2, 71), 1u);
   EXPECT_EQ(Read(3, 118), 1u);
   std::uint32_t coins = 0;
-  for (int channel = 0; channel < 16; ++channel) coins += Read(0, 107 + channel);
+  for (int channel = 0; channel < 16; ++channel) {
+    coins += Read(0, 107 + channel);
+  }
   EXPECT_GT(coins, 0u);
 }
 
@@ -56,7 +58,9 @@ TEST_F(AuditSession, OneClearsWithinTwoSecondsAndKeepsWhatMustSurvive) {
   for (const int record : {107, 124, 125, 126, 128, 129, 130, 131, 336, 337, 338}) {
     EXPECT_EQ(Read(0, record), 0u) << record;
   }
-  for (const int record : {60, 103, 105, 126}) EXPECT_EQ(Read(1, record), 0u) << record;
+  for (const int record : {60, 103, 105, 126}) {
+    EXPECT_EQ(Read(1, record), 0u) << record;
+  }
   EXPECT_EQ(Read(2, 71), 0u);
   EXPECT_EQ(Read(3, 118), 0u);
   EXPECT_EQ(Read(0, 123), vends);
@@ -64,7 +68,9 @@ TEST_F(AuditSession, OneClearsWithinTwoSecondsAndKeepsWhatMustSurvive) {
   EXPECT_EQ(Read(0, 339), flow);
   Write(0, 314, 8);
   Pass(2s);
-  for (const int record : {123, 127, 332}) EXPECT_EQ(Read(0, record), 0u) << record;
+  for (const int record : {123, 127, 332}) {
+    EXPECT_EQ(Read(0, record), 0u) << record;
+  }
 }
 
 TEST_F(AuditSession, ZeroesClearTheSixFlowsAndTheNextSaleCountsAnew) {
@@ -73,8 +79,12 @@ TEST_F(AuditSession, ZeroesClearTheSixFlowsAndTheNextSaleCountsAnew) {
   EXPECT_EQ(Read(0, 340), 300u);
   EXPECT_EQ(Read(0, 344), 140u);
   const std::uint32_t takings = Read(0, 128);
-  for (int record = 339; record <= 344; ++record) Write(0, record, 0);
-  for (int record = 339; record <= 344; ++record) EXPECT_EQ(Read(0, record), 0u) << record;
+  for (int record = 339; record <= 344; ++record) {
+    Write(0, record, 0);
+  }
+  for (int record = 339; record <= 344; ++record) {
+    EXPECT_EQ(Read(0, record), 0u) << record;
+  }
   EXPECT_EQ(Read(0, 128), takings);
   Sell({.index = 0});
   EXPECT_EQ(Read(0, 339) - Read(0, 341), 40u);
@@ -91,7 +101,9 @@ TEST_F(AuditSession, AWeekOfCustomersReadsWellEachMinute) {
     vends = now;
     ASSERT_GT(Read(1, 542), 60u);
     for (const Supply supply : {Supply::kCups, Supply::kCoffee, Supply::kStirrers, Supply::kGrounds}) {
-      if (minute % 1440 == 0) machine_.supplies().Service(supply);
+      if (minute % 1440 == 0) {
+        machine_.supplies().Service(supply);
+      }
     }
   }
   EXPECT_GT(vends, 1000u);
@@ -109,7 +121,9 @@ class AlarmSession : public SessionTest {
     EXPECT_LT(entry, 10);
     for (int row = 0; row < 10; ++row) {
       const std::uint32_t code = Read(0, 147 + 6 * entry);
-      if (code > 203) break;
+      if (code > 203) {
+        break;
+      }
       codes.push_back(code);
       entry = entry == 0 ? 9 : entry - 1;
     }
@@ -126,7 +140,9 @@ TEST_F(AlarmSession, TheLogListsTheNewestFirstAndWraps) {
   EXPECT_EQ(Codes(), Log{7});
   machine_.defects().Break("probe");
   EXPECT_EQ(Codes(), (Log{10, 7}));
-  for (std::uint32_t code = 100; code < 112; ++code) machine_.alarms().Raise(code);
+  for (std::uint32_t code = 100; code < 112; ++code) {
+    machine_.alarms().Raise(code);
+  }
   EXPECT_EQ(Codes(), (Log{111, 110, 109, 108, 107, 106, 105, 104, 103, 102}));
 }
 
@@ -135,10 +151,14 @@ TEST_F(AlarmSession, AnEntryBearsDateAndTime) {
     int record;
     std::uint32_t value;
   } const clock[] = {{326, 14}, {327, 35}, {328, 9}, {329, 11}, {330, 26}};
-  for (const auto& field : clock) Write(0, field.record, field.value);
+  for (const auto& field : clock) {
+    Write(0, field.record, field.value);
+  }
   machine_.alarms().Raise(203);
   const std::uint32_t entry[] = {35, 14, 9, 11, 26, 203};
-  for (int field = 0; field < 6; ++field) EXPECT_EQ(Read(0, 142 + field), entry[field]) << field;
+  for (int field = 0; field < 6; ++field) {
+    EXPECT_EQ(Read(0, 142 + field), entry[field]) << field;
+  }
 }
 
 }  // namespace

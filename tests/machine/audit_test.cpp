@@ -12,18 +12,22 @@ class AuditTest : public MachineTest {
     constexpr int kLast[] = {390, 600, 380, 380};
     for (int node = 0; node < 4; ++node) {
       for (int record = 1; record <= kLast[node]; ++record) {
-        if (node != 0 || record < 310 || record > 320) Set(node, record, 9);
+        if (node != 0 || record < 310 || record > 320) {
+          Set(node, record, 9);
+        }
       }
     }
   }
 
   void ExpectCleared(int node, int first, int last) {
-    for (int record = first; record <= last; ++record)
+    for (int record = first; record <= last; ++record) {
       EXPECT_EQ(Get(node, record), 0u) << node << " " << record;
+    }
   }
   void ExpectKept(int node, int first, int last) {
-    for (int record = first; record <= last; ++record)
+    for (int record = first; record <= last; ++record) {
       EXPECT_EQ(Get(node, record), 9u) << node << " " << record;
+    }
   }
 };
 
@@ -49,7 +53,9 @@ TEST_F(AuditTest, Command1ClearsWhatMayBeCleared) {
 
 TEST_F(AuditTest, Command1KeepsTheLifeTotals) {
   Write(314, 1);
-  for (const int record : {123, 127, 332}) ExpectKept(0, record, record);
+  for (const int record : {123, 127, 332}) {
+    ExpectKept(0, record, record);
+  }
 }
 
 TEST_F(AuditTest, Command8ClearsTheLifeTotalsAsWell) {
@@ -61,7 +67,9 @@ TEST_F(AuditTest, Command8ClearsTheLifeTotalsAsWell) {
 }
 
 TEST_F(AuditTest, OtherCommandsClearNothing) {
-  for (const std::uint8_t command : {0, 5, 6, 9, 255}) Write(314, command);
+  for (const std::uint8_t command : {0, 5, 6, 9, 255}) {
+    Write(314, command);
+  }
   ExpectKept(0, 107, 131);
   ExpectKept(1, 60, 147);
 }
@@ -94,7 +102,9 @@ TEST_F(BusyAuditTest, ACommandWaitsForTheEndOfWhatIsHandedOutAndTakesItAlong) {
 }
 
 TEST_F(BusyAuditTest, OfTwoCommandsTheOneForAllIsKept) {
-  for (const std::uint8_t command : {8, 1}) Write(314, command);
+  for (const std::uint8_t command : {8, 1}) {
+    Write(314, command);
+  }
   FinishDrink();
   ExpectCleared(0, 107, 131);
 }

@@ -87,7 +87,9 @@ TEST(Schedule, NeverRunsBackward) {
 class BoardFilesTest : public testing::Test {
  protected:
   BoardFilesTest() {
-    for (const char* small : {"W0256.inx", "W0257.inx", "W0245.inx"}) Put(small, SmallFile());
+    for (const char* small : {"W0256.inx", "W0257.inx", "W0245.inx"}) {
+      Put(small, SmallFile());
+    }
     Put("W0256AO01.inx", {1, 0, 1, 5, 3, 232, 3, 0, 0, 2, 0, 0, 0, 3, 8, 0, 0, 0});
     Put("W0257AC01.inx", {1, 0, 0, 0, 3, 21, 0, 0, 0});
     Put("W0245AB00.inx", {1, 0, 0, 0, 3, 22, 0, 0, 0});
@@ -97,7 +99,9 @@ class BoardFilesTest : public testing::Test {
   // Entry k at bank 9, high byte 8, low byte k.
   static Bytes SmallFile() {
     Bytes bytes;
-    for (std::uint8_t k = 1; k <= 18; ++k) bytes.insert(bytes.end(), {k, 8, 0, 0, 9});
+    for (std::uint8_t k = 1; k <= 18; ++k) {
+      bytes.insert(bytes.end(), {k, 8, 0, 0, 9});
+    }
     return bytes;
   }
 

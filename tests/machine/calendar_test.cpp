@@ -16,7 +16,9 @@ class CalendarTest : public MachineTest {
   using Moment = std::vector<std::uint32_t>;
   void Start(const Moment& at) {
     const int records[] = {322, 323, 324, 321, 320};
-    for (std::size_t i = 0; i < at.size(); ++i) Set(0, records[i], at[i]);
+    for (std::size_t i = 0; i < at.size(); ++i) {
+      Set(0, records[i], at[i]);
+    }
   }
   Moment Now() { return {Get(0, 322), Get(0, 323), Get(0, 324), Get(0, 321), Get(0, 320)}; }
 };
@@ -133,7 +135,9 @@ TEST_F(CalendarTest, RunsAsManyTimesFasterAsTheMachinesDay) {
 }
 
 TEST_F(CalendarTest, ChangesOfSpeedAddNoSeconds) {
-  for (int i = 0; i < 120; ++i) machine_.SetSpeed(1);
+  for (int i = 0; i < 120; ++i) {
+    machine_.SetSpeed(1);
+  }
   Pass(59s);
   EXPECT_EQ(Get(0, 320), 0u);
   Pass(1s);

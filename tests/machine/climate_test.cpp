@@ -18,7 +18,9 @@ class ClimateTest : public MachineTest {
     for (const int node : {2, 3}) {
       const std::pair<int, std::uint32_t> settings[] = {{51, 5}, {52, 5}, {53, 20}, {54, 10},
                                                         {55, 3}, {56, 6}, {57, 15}};
-      for (const auto& [record, value] : settings) Set(node, record, value);
+      for (const auto& [record, value] : settings) {
+        Set(node, record, value);
+      }
       SetTank(node, 5.5);
     }
   }
@@ -35,7 +37,9 @@ class ClimateTest : public MachineTest {
   template <typename Condition>
   int SecondsUntil(Condition condition) {
     int seconds = 0;
-    for (; seconds < 86400 && !condition(); ++seconds) Pass(1s);
+    for (; seconds < 86400 && !condition(); ++seconds) {
+      Pass(1s);
+    }
     return seconds;
   }
 };

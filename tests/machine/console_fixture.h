@@ -14,7 +14,9 @@ class FakePlug : public Plug {
     return {};
   }
   std::string Replug() override {
-    if (failure_.empty()) plugged_ = true;
+    if (failure_.empty()) {
+      plugged_ = true;
+    }
     return failure_;
   }
   bool plugged() const override { return plugged_; }

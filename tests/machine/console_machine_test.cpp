@@ -16,7 +16,9 @@ class ConsoleMachineTest : public ConsoleTest {
     Set(0, 84, 4);
     Set(0, 85, 255);
     Set(0, 12, 40);
-    for (const int record : {34, 35, 36, 38}) Set(1, record, 255);
+    for (const int record : {34, 35, 36, 38}) {
+      Set(1, record, 255);
+    }
     Set(1, 148, 40);
     Set(1, 164, 40);
     Run("alarm clear");
@@ -168,7 +170,9 @@ TEST_F(ConsoleMachineTest, TubesAndKeyMoveMoney) {
 TEST_F(ConsoleMachineTest, ClockIsSetTakenOutAndPutIn) {
   EXPECT_EQ(Run("clock 07:55 2024-03-04"), "ok");
   const std::uint32_t moment[] = {55, 7, 4, 3, 24};
-  for (int i = 0; i < 5; ++i) EXPECT_EQ(Get(0, 320 + i), moment[i]) << i;
+  for (int i = 0; i < 5; ++i) {
+    EXPECT_EQ(Get(0, 320 + i), moment[i]) << i;
+  }
   EXPECT_EQ(Run("clock 09:10"), "ok");
   EXPECT_EQ(Get(0, 322), 4u);
   EXPECT_EQ(Run("clock 25:00"), "error: a time such as 08:00, not '25:00'");

@@ -81,7 +81,9 @@ TEST_F(ConsoleTest, FaultTakesACountARateOrOff) {
   EXPECT_TRUE(Ask({0, 1, 0, 5, 6}).empty());
   EXPECT_FALSE(Ask({0, 1, 0, 5, 6}).empty());
   EXPECT_EQ(Run("fault lost 100%"), "ok");
-  for (int i = 0; i < 10; ++i) EXPECT_TRUE(Ask({0, 1, 0, 5, 6}).empty());
+  for (int i = 0; i < 10; ++i) {
+    EXPECT_TRUE(Ask({0, 1, 0, 5, 6}).empty());
+  }
   EXPECT_EQ(Run("fault lost off"), "ok");
   EXPECT_FALSE(Ask({0, 1, 0, 5, 6}).empty());
   Run("fault lost 5");
@@ -152,7 +154,9 @@ TEST_F(ConsoleTest, QuitEndsTheProgram) {
 }
 
 TEST_F(ConsoleTest, RunsLinesInOrderAndPassesOverCommentsAndEmptyLines) {
-  for (const char* line : {"# a comment", "", "   ", "get 0 5", " get 0 6 "}) console_.Add(line);
+  for (const char* line : {"# a comment", "", "   ", "get 0 5", " get 0 6 "}) {
+    console_.Add(line);
+  }
   EXPECT_EQ(console_.RunNext(), "ok 0 5 0");
   EXPECT_EQ(console_.RunNext(), "ok 0 6 0");
   EXPECT_EQ(console_.RunNext(), std::nullopt);

@@ -30,9 +30,13 @@ struct Day {
   explicit Day(std::uint32_t seed = 1)
       : machine(LoadBoards(MACHINE_BOARDS), seed,
                 FrameLog(RecordNames::Load(MACHINE_BOARDS), [this](const std::string& line) {
-                  if (line.find("scenario: ") == std::string::npos) return;
+                  if (line.find("scenario: ") == std::string::npos) {
+                    return;
+                  }
                   log += line + "\n";
-                  if (line.find(": error: ") != std::string::npos) refusals += line + "\n";
+                  if (line.find(": error: ") != std::string::npos) {
+                    refusals += line + "\n";
+                  }
                 })) {
     machine.log().Switch(true);
   }
@@ -77,7 +81,9 @@ TEST(Day, ABusyDayFillsTheAlarmLog) {
   ASSERT_EQ(day.Play("busy_day.txt"), "");
   day.Pass(24h);
   EXPECT_GT(day.Get(0, 124), 100u);
-  for (int entry = 0; entry < 10; ++entry) EXPECT_LE(day.Get(0, 147 + 6 * entry), 27u) << entry;
+  for (int entry = 0; entry < 10; ++entry) {
+    EXPECT_LE(day.Get(0, 147 + 6 * entry), 27u) << entry;
+  }
   EXPECT_NE(day.console.Execute("status").find(" scenario 0"), std::string::npos);
 }
 
@@ -94,7 +100,9 @@ TEST(Day, ABadLineEndsWithAGoodOne) {
 // Entry e of the alarm ring as minute, hour, day, month, year, code.
 std::vector<std::uint32_t> AlarmEntry(Day& day, int entry) {
   std::vector<std::uint32_t> fields;
-  for (int field = 0; field < 6; ++field) fields.push_back(day.Get(0, 142 + 6 * entry + field));
+  for (int field = 0; field < 6; ++field) {
+    fields.push_back(day.Get(0, 142 + 6 * entry + field));
+  }
   return fields;
 }
 
@@ -104,7 +112,9 @@ TEST(Day, TheAlarmLogIsSeenInAllItsStates) {
   ASSERT_EQ(day.Play("alarm_log.txt"), "");
   const auto entries = [&] {
     int count = 0;
-    for (int entry = 0; entry < 10; ++entry) count += AlarmEntry(day, entry)[5] <= 203;
+    for (int entry = 0; entry < 10; ++entry) {
+      count += AlarmEntry(day, entry)[5] <= 203;
+    }
     return count;
   };
   day.Pass(1min);
@@ -181,18 +191,26 @@ TEST(Day, AWeekOfCustomersAddsUp) {
     day.console.Execute("service all");
   }
   std::uint32_t vends = 0;
-  for (int record = 60; record <= 81; ++record) vends += day.Get(1, record);
-  for (int record = 71; record <= 118; ++record) vends += day.Get(2, record) + day.Get(3, record);
+  for (int record = 60; record <= 81; ++record) {
+    vends += day.Get(1, record);
+  }
+  for (int record = 71; record <= 118; ++record) {
+    vends += day.Get(2, record) + day.Get(3, record);
+  }
   EXPECT_GT(vends, 1000u);
   std::uint32_t drinks = 0;
-  for (int record = 60; record <= 81; ++record) drinks += day.Get(1, record);
+  for (int record = 60; record <= 81; ++record) {
+    drinks += day.Get(1, record);
+  }
   EXPECT_NEAR(drinks, vends * 0.75, vends * 0.1) << "three of four buy a drink";
   EXPECT_NEAR(day.Get(0, 344), day.Get(0, 128) / 8.0, day.Get(0, 128) * 0.05) << "one of eight has a key";
   EXPECT_EQ(day.Get(0, 123), vends);
   EXPECT_EQ(day.Get(0, 124), vends);
   EXPECT_EQ(day.Get(0, 127), day.Get(0, 128));
   std::uint32_t coins = 0;
-  for (int channel = 0; channel < 8; ++channel) coins += day.Get(0, 107 + channel) * day.Get(0, 4 + channel);
+  for (int channel = 0; channel < 8; ++channel) {
+    coins += day.Get(0, 107 + channel) * day.Get(0, 4 + channel);
+  }
   EXPECT_EQ(coins, day.Get(0, 339));
   EXPECT_EQ(coins - day.Get(0, 341) + day.Get(0, 344), day.Get(0, 128) + day.Get(0, 130));
   EXPECT_EQ(day.Get(0, 322), 8u);
@@ -209,8 +227,12 @@ TEST(Day, SurvivesWhateverATechnicianWrites) {
     const Board& board = day.machine.board(node);
     const int record = 1 + static_cast<int>(random() % static_cast<unsigned>(board.record_count()));
     day.machine.Write(node, record, random() & board.Largest(record));
-    if (i % 16 == 0) day.machine.Write(0, 314, random() % 9);
-    if (i % 1000 == 0) day.machine.Restart();
+    if (i % 16 == 0) {
+      day.machine.Write(0, 314, random() % 9);
+    }
+    if (i % 1000 == 0) {
+      day.machine.Restart();
+    }
     day.Pass(100ms);
     day.machine.alarms().Raise(random() % 204);
     ASSERT_LT(day.Get(0, 86), 10u);

@@ -13,7 +13,9 @@ class OutputSession : public SessionTest {
     Write(node, node == 1 ? 535 : 284, 1);
   }
   void EnterAll() {
-    for (const int node : {1, 2, 3}) Mode(node, 60);
+    for (const int node : {1, 2, 3}) {
+      Mode(node, 60);
+    }
   }
   bool InTest(int node) { return (Read(node, node == 1 ? 541 : 290) & 1) != 0; }
 
@@ -45,11 +47,19 @@ class OutputSession : public SessionTest {
 };
 
 TEST_F(OutputSession, AllBoardsEnterTheTestAndLeaveIt) {
-  for (const int node : {1, 2, 3}) EXPECT_FALSE(InTest(node)) << node;
+  for (const int node : {1, 2, 3}) {
+    EXPECT_FALSE(InTest(node)) << node;
+  }
   EnterAll();
-  for (const int node : {1, 2, 3}) EXPECT_TRUE(InTest(node)) << node;
-  for (const int node : {1, 2, 3}) Mode(node, 0);
-  for (const int node : {1, 2, 3}) EXPECT_FALSE(InTest(node)) << node;
+  for (const int node : {1, 2, 3}) {
+    EXPECT_TRUE(InTest(node)) << node;
+  }
+  for (const int node : {1, 2, 3}) {
+    Mode(node, 0);
+  }
+  for (const int node : {1, 2, 3}) {
+    EXPECT_FALSE(InTest(node)) << node;
+  }
 }
 
 TEST_F(OutputSession, EachOutputOfTheDrinksUnitReadsBackAsCommanded) {
@@ -95,7 +105,9 @@ TEST_F(OutputSession, TheInterlockPutsTheOtherBoardsOffAndKeepsThemInTheTest) {
   Mode(2, 60);
   ExpectDrinksUnit(0, 0, 8, 0);
   ExpectUnit(2, 0, 0);
-  for (const int node : {1, 2, 3}) EXPECT_TRUE(InTest(node)) << node;
+  for (const int node : {1, 2, 3}) {
+    EXPECT_TRUE(InTest(node)) << node;
+  }
 }
 
 TEST_F(OutputSession, InputsAndTemperaturesReadAsOfAMachineAtRest) {
@@ -212,7 +224,9 @@ TEST_F(ClockSession, FebruaryEndsAsItsYearSays) {
                       {31, 4, 24, 1, 5}, {30, 4, 24, 1, 5},  {31, 1, 23, 1, 2}};
   for (const auto& night : nights) {
     const std::uint32_t fields[] = {23, 59, night.day, night.month, night.year};
-    for (int i = 0; i < 5; ++i) Write(0, 326 + i, fields[i]);
+    for (int i = 0; i < 5; ++i) {
+      Write(0, 326 + i, fields[i]);
+    }
     EXPECT_EQ(Read(0, 322), night.day);
     EXPECT_EQ(Read(0, 323), night.month);
     ASSERT_TRUE(Becomes(0, 321, 255, 0, 61s));

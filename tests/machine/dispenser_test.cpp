@@ -17,7 +17,9 @@ class DispenserTest : public MachineTest {
 
   // Doses and times of node 1: record and value of each.
   void Hold(std::initializer_list<std::pair<int, std::uint32_t>> records) {
-    for (const auto& [record, value] : records) Set(1, record, value);
+    for (const auto& [record, value] : records) {
+      Set(1, record, value);
+    }
   }
 
   bool Dispensing() { return (Get(0, 317) & 2) != 0; }
@@ -79,7 +81,9 @@ TEST_F(DispenserTest, EachPowderGoesWithItsWaterAndDelay) {
     Set(1, powder.time + 3, 13);
     Command(2, 4);
     ExpectDrinkFor(2000ms);
-    for (const int record : {powder.water, powder.delay, powder.time}) Set(1, record + 3, 0);
+    for (const int record : {powder.water, powder.delay, powder.time}) {
+      Set(1, record + 3, 0);
+    }
   }
 }
 
@@ -110,9 +114,13 @@ TEST_F(DispenserTest, WaterOnlyLeavesPowdersOut) {
 }
 
 TEST_F(DispenserTest, ADrinkOfNothingDoesNotStart) {
-  for (const std::uint8_t command : {2, 3, 4}) Command(command, 1);
+  for (const std::uint8_t command : {2, 3, 4}) {
+    Command(command, 1);
+  }
   Hold({{434, 15}});
-  for (const std::uint8_t command : {3, 4}) Command(command, 1);
+  for (const std::uint8_t command : {3, 4}) {
+    Command(command, 1);
+  }
   ExpectNothing();
   EXPECT_EQ(machine_.remarks().refused(), 5u);
 }
@@ -175,8 +183,12 @@ TEST_F(DispenserTest, RefusesAPositionThatNoUnitHas) {
 }
 
 TEST_F(DispenserTest, RefusesASelectionOrPartThatDoesNotExist) {
-  for (int record = 148; record < 148 + 22; ++record) Set(1, record, 40);
-  for (int record = 280; record < 280 + 22; ++record) Set(1, record, 40);
+  for (int record = 148; record < 148 + 22; ++record) {
+    Set(1, record, 40);
+  }
+  for (int record = 280; record < 280 + 22; ++record) {
+    Set(1, record, 40);
+  }
   Command(2, 0);
   Command(2, 23);
   Command(7, 22, 66);
@@ -210,7 +222,9 @@ TEST_F(DispenserTest, RefusesWhatBelongsToAnAbsentBoard) {
 
 TEST_F(DispenserTest, AClosedBoardHandsNothingOutAndGoesOnOtherwise) {
   Hold({{148, 40}, {34, 1}, {280, 10}});
-  for (const int record : {312, 313, 357}) Set(0, record, 0);
+  for (const int record : {312, 313, 357}) {
+    Set(0, record, 0);
+  }
   for (const int unit : {86, 87}) {
     Set(0, 358, static_cast<std::uint32_t>(unit));
     Command(2, 39, 16);
@@ -225,7 +239,9 @@ TEST_F(DispenserTest, AClosedBoardHandsNothingOutAndGoesOnOtherwise) {
   EXPECT_EQ(machine_.sales().Vend({.node = 3}, Payment::kKey, {}), "the board at node 3 is closed");
   machine_.Write(2, 284, 3);
   EXPECT_EQ(Get(2, 290), 2u);
-  for (const int record : {312, 313, 357}) Set(0, record, 4);
+  for (const int record : {312, 313, 357}) {
+    Set(0, record, 4);
+  }
   Command(2, 1);
   ExpectDrinkFor(1000ms);
 }

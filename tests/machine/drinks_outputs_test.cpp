@@ -12,7 +12,9 @@ namespace {
 class DrinksOutputsTest : public MachineTest {
  protected:
   void Hold(std::initializer_list<std::pair<int, std::uint32_t>> records) {
-    for (const auto& [record, value] : records) Set(1, record, value);
+    for (const auto& [record, value] : records) {
+      Set(1, record, value);
+    }
   }
   // Starts a test and goes on to the moment at which the machine shows that it dispenses.
   void Start(std::uint32_t command, std::uint32_t selection, std::uint32_t part = 0) {
@@ -29,13 +31,17 @@ class DrinksOutputsTest : public MachineTest {
   // Bits that are on, 0 to 31 through records 547 to 550, without those of light, lock and falling things.
   std::set<int> Running() {
     std::set<int> on = On();
-    for (const int output : {21, 22, 23, 24, 25, 26}) on.erase(output);
+    for (const int output : {21, 22, 23, 24, 25, 26}) {
+      on.erase(output);
+    }
     return on;
   }
   std::set<int> On() {
     std::set<int> on;
     for (int output = 0; output < 32; ++output) {
-      if ((Get(1, 547 + output / 8) >> (output % 8) & 1) != 0) on.insert(output);
+      if ((Get(1, 547 + output / 8) >> (output % 8) & 1) != 0) {
+        on.insert(output);
+      }
     }
     return on;
   }
@@ -63,8 +69,12 @@ TEST_F(DrinksOutputsTest, EachPartHasItsValveThePumpAndItsMotors) {
                      {214, 563, 346, {3, 5}, {3, 5, 19}},         {236, 0, 0, {4, 5}, {4, 5}}};
   for (const auto& part : parts) {
     Set(1, part.water + 2, 40);
-    if (part.delay > 0) Set(1, part.delay + 2, 5);
-    if (part.time > 0) Set(1, part.time + 2, 5);
+    if (part.delay > 0) {
+      Set(1, part.delay + 2, 5);
+    }
+    if (part.time > 0) {
+      Set(1, part.time + 2, 5);
+    }
     Test(2, 3);
     EXPECT_EQ(Running(), part.early) << part.water;
     Pass(499ms);
@@ -75,7 +85,9 @@ TEST_F(DrinksOutputsTest, EachPartHasItsValveThePumpAndItsMotors) {
     EXPECT_EQ(Running(), part.late) << part.water;
     Pass(1ms);
     EXPECT_EQ(On(), Outputs{}) << part.water;
-    for (const int record : {part.water, part.delay, part.time}) Set(1, record + 2, 0);
+    for (const int record : {part.water, part.delay, part.time}) {
+      Set(1, record + 2, 0);
+    }
   }
 }
 

@@ -81,21 +81,27 @@ TEST_F(FaultTest, FloodSendsHundredsOfBytesInsteadOfTheReply) {
 
 TEST_F(FaultTest, ACountStrikesThatManyReplies) {
   machine_.faults().SetCount(Fault::kLost, 3);
-  for (int i = 0; i < 3; ++i) EXPECT_TRUE(AskForRecord5().empty());
+  for (int i = 0; i < 3; ++i) {
+    EXPECT_TRUE(AskForRecord5().empty());
+  }
   EXPECT_EQ(AskForRecord5(), kGood);
 }
 
 TEST_F(FaultTest, ARateStrikesAboutThatShareOfTheReplies) {
   machine_.faults().SetRate(Fault::kLost, 0.25);
   int lost = 0;
-  for (int i = 0; i < 1000; ++i) lost += AskForRecord5().empty() ? 1 : 0;
+  for (int i = 0; i < 1000; ++i) {
+    lost += AskForRecord5().empty() ? 1 : 0;
+  }
   EXPECT_GT(lost, 200);
   EXPECT_LT(lost, 300);
 }
 
 TEST_F(FaultTest, ARateOfOneStrikesEveryReply) {
   machine_.faults().SetRate(Fault::kLost, 1);
-  for (int i = 0; i < 100; ++i) ASSERT_TRUE(AskForRecord5().empty());
+  for (int i = 0; i < 100; ++i) {
+    ASSERT_TRUE(AskForRecord5().empty());
+  }
 }
 
 TEST_F(FaultTest, ClearAllEndsEveryFault) {
@@ -115,7 +121,9 @@ std::vector<bool> Losses(std::uint32_t seed) {
   Faults faults(seed);
   faults.SetRate(Fault::kLost, 0.5);
   std::vector<bool> losses;
-  for (int i = 0; i < 64; ++i) losses.push_back(faults.Strikes(Fault::kLost));
+  for (int i = 0; i < 64; ++i) {
+    losses.push_back(faults.Strikes(Fault::kLost));
+  }
   return losses;
 }
 

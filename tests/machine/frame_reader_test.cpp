@@ -12,7 +12,9 @@ namespace {
 class FrameReaderTest : public testing::Test {
  protected:
   void Feed(const Bytes& bytes) {
-    for (const std::uint8_t byte : bytes) reader_.Push(byte);
+    for (const std::uint8_t byte : bytes) {
+      reader_.Push(byte);
+    }
   }
 
   // The one request that `bytes` hold.
@@ -157,10 +159,14 @@ TEST_F(FrameReaderTest, AMillionRandomBytesHoldOnlyRequestsWithTheRightCheck) {
   std::size_t bytes = 0;
   for (int i = 0; i < 1000000; ++i) {
     reader_.Push(static_cast<std::uint8_t>(random() >> 24));
-    if (random() % 16 == 0) reader_.Silence();
+    if (random() % 16 == 0) {
+      reader_.Silence();
+    }
     while (const auto request = reader_.TakeRequest()) {
       unsigned sum = 0;
-      for (std::size_t k = 0; k + 1 < request->frame.size(); ++k) sum += request->frame[k];
+      for (std::size_t k = 0; k + 1 < request->frame.size(); ++k) {
+        sum += request->frame[k];
+      }
       ASSERT_EQ(sum % 256, request->frame.back());
       ASSERT_EQ(request->check, request->frame.back());
       bytes += request->frame.size();
@@ -169,7 +175,9 @@ TEST_F(FrameReaderTest, AMillionRandomBytesHoldOnlyRequestsWithTheRightCheck) {
     bytes += reader_.TakeDropped().size();
   }
   reader_.Silence();
-  while (const auto request = reader_.TakeRequest()) bytes += request->frame.size();
+  while (const auto request = reader_.TakeRequest()) {
+    bytes += request->frame.size();
+  }
   bytes += reader_.TakeDropped().size();
   EXPECT_EQ(bytes, 1000000u);
   EXPECT_GT(requests, 0u);

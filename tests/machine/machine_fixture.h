@@ -50,7 +50,9 @@ class MachineTest : public testing::Test {
 
   Bytes Sent() {
     Bytes bytes;
-    for (const SentByte& sent : machine_.TakeSent()) bytes.push_back(sent.byte);
+    for (const SentByte& sent : machine_.TakeSent()) {
+      bytes.push_back(sent.byte);
+    }
     return bytes;
   }
 

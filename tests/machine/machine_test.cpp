@@ -141,7 +141,9 @@ TEST_F(MachineTest, AMillionRandomBytesLeaveItInOrder) {
   std::mt19937 random(7);
   for (int burst = 0; burst < 1000; ++burst) {
     Bytes noise(1000);
-    for (std::uint8_t& byte : noise) byte = static_cast<std::uint8_t>(random() >> 24);
+    for (std::uint8_t& byte : noise) {
+      byte = static_cast<std::uint8_t>(random() >> 24);
+    }
     machine_.Receive(noise);
     Pass(1s);
   }

@@ -16,7 +16,9 @@ class OutputTest : public testing::Test {
  protected:
   OutputTest() { EXPECT_EQ(pipe2(ends_, O_CLOEXEC | O_NONBLOCK), 0); }
   ~OutputTest() override {
-    for (const int end : ends_) close(end);
+    for (const int end : ends_) {
+      close(end);
+    }
   }
 
   // All that can be read now.
@@ -42,7 +44,9 @@ TEST_F(OutputTest, ALineGoesOutAtOnce) {
 TEST_F(OutputTest, LinesWaitForTheirReaderAndLoseNothing) {
   Output output(ends_[1]);
   const std::string line(999, 'x');
-  for (int i = 0; i < 200; ++i) output.Add(line);
+  for (int i = 0; i < 200; ++i) {
+    output.Add(line);
+  }
   EXPECT_TRUE(output.waiting());
   std::size_t read = 0;
   for (int i = 0; i < 100 && read < 200000; ++i) {
@@ -56,7 +60,9 @@ TEST_F(OutputTest, LinesWaitForTheirReaderAndLoseNothing) {
 TEST_F(OutputTest, TellsHowManyLinesItHadNoRoomFor) {
   Output output(ends_[1]);
   const std::string line(99999, 'x');
-  for (int i = 0; i < 20; ++i) output.Add(line);
+  for (int i = 0; i < 20; ++i) {
+    output.Add(line);
+  }
   std::string text;
   for (int i = 0; i < 1000 && output.waiting(); ++i) {
     text += Read();

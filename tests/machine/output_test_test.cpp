@@ -15,7 +15,9 @@ class OutputTestTest : public MachineTest {
     machine_.Write(node, 284, command);
   }
   void CommandDrinksUnit(std::uint32_t command, std::array<std::uint32_t, 4> images) {
-    for (int i = 0; i < 4; ++i) machine_.Write(1, 536 + i, images[static_cast<std::size_t>(i)]);
+    for (int i = 0; i < 4; ++i) {
+      machine_.Write(1, 536 + i, images[static_cast<std::size_t>(i)]);
+    }
     machine_.Write(1, 535, command);
   }
   void EnterAll() {

@@ -19,7 +19,9 @@ TEST_F(PresenceTest, AllBoardsAreThereAtFirst) {
   EXPECT_EQ(Get(0, 312), 4u);
   EXPECT_EQ(Get(0, 313), 4u);
   EXPECT_EQ(Get(0, 357), 4u);
-  for (int node = 1; node <= 3; ++node) EXPECT_EQ(AskNode(node).size(), 2u);
+  for (int node = 1; node <= 3; ++node) {
+    EXPECT_EQ(AskNode(node).size(), 2u);
+  }
 }
 
 TEST_F(PresenceTest, AnAbsentBoardIsSilentAndItsBitIsClear) {
@@ -32,7 +34,9 @@ TEST_F(PresenceTest, AnAbsentBoardIsSilentAndItsBitIsClear) {
     EXPECT_EQ(Get(0, gate.record), 251u);
     EXPECT_TRUE(AskNode(gate.node).empty());
     for (int other = 1; other <= 3; ++other) {
-      if (other == gate.node) continue;
+      if (other == gate.node) {
+        continue;
+      }
       EXPECT_EQ(AskNode(other).size(), 2u);
     }
     machine_.presence().SetPresent(gate.node, true);

@@ -43,7 +43,9 @@ class ProgramTest : public testing::Test {
       waitpid(child_, nullptr, 0);
     }
     for (const int end : {commands_, replies_}) {
-      if (end >= 0) close(end);
+      if (end >= 0) {
+        close(end);
+      }
     }
   }
 
@@ -59,7 +61,9 @@ class ProgramTest : public testing::Test {
     posix_spawn_file_actions_adddup2(&actions, from_child[1], STDERR_FILENO);
     arguments.insert(arguments.begin(), MACHINE_PROGRAM);
     std::vector<char*> argv;
-    for (std::string& argument : arguments) argv.push_back(argument.data());
+    for (std::string& argument : arguments) {
+      argv.push_back(argument.data());
+    }
     argv.push_back(nullptr);
     ASSERT_EQ(posix_spawn(&child_, MACHINE_PROGRAM, &actions, nullptr, argv.data(), environ), 0);
     posix_spawn_file_actions_destroy(&actions);
@@ -80,8 +84,9 @@ class ProgramTest : public testing::Test {
   std::string ReadLine() {
     std::string line;
     char character = 0;
-    while (Readable(replies_, 10s) && read(replies_, &character, 1) == 1 && character != '\n')
+    while (Readable(replies_, 10s) && read(replies_, &character, 1) == 1 && character != '\n') {
       line += character;
+    }
     return line;
   }
 
@@ -95,7 +100,9 @@ class ProgramTest : public testing::Test {
   bool Comes(const std::function<bool()>& condition) {
     const auto deadline = std::chrono::steady_clock::now() + 20s;
     while (!condition()) {
-      if (std::chrono::steady_clock::now() > deadline) return false;
+      if (std::chrono::steady_clock::now() > deadline) {
+        return false;
+      }
       EXPECT_EQ(Command("wait 20"), "ok");
     }
     return true;
@@ -125,7 +132,9 @@ class ProgramTest : public testing::Test {
       char rest[256];
       ended = read(replies_, rest, sizeof rest) <= 0;
     }
-    if (!ended) kill(child_, SIGKILL);
+    if (!ended) {
+      kill(child_, SIGKILL);
+    }
     int status = 0;
     EXPECT_EQ(waitpid(child_, &status, 0), child_);
     child_ = -1;
@@ -181,7 +190,9 @@ TEST_F(ProgramTest, TheSameSeedAndScenarioGiveTheSameRun) {
     EXPECT_TRUE(Comes(idle));
     std::string counters;
     for (const char* node : {"get 2 ", "get 3 "}) {
-      for (int record = 71; record <= 118; ++record) counters += Command(node + std::to_string(record));
+      for (int record = 71; record <= 118; ++record) {
+        counters += Command(node + std::to_string(record));
+      }
     }
     EXPECT_EQ(Command("quit"), "ok");
     EXPECT_EQ(ExitCode(), 0);
@@ -210,7 +221,9 @@ TEST_F(ProgramTest, HelpNamesOptionsAndCommands) {
   std::string text;
   for (std::string line = ReadLine(); text.find("ends the program") == std::string::npos; line = ReadLine()) {
     text += line + "\n";
-    if (text.size() > 100000) break;
+    if (text.size() > 100000) {
+      break;
+    }
   }
   EXPECT_NE(text.find("--scenario FILE"), std::string::npos);
   EXPECT_NE(text.find("  vend SELECTION"), std::string::npos);
@@ -240,7 +253,9 @@ TEST_F(ProgramTest, LeavesTheLineRaw) {
 
 TEST(Pty, NeverWaitsForAToolThatDoesNotRead) {
   Pty line("");
-  for (int i = 0; i < 1000; ++i) line.Write(Bytes(1000));
+  for (int i = 0; i < 1000; ++i) {
+    line.Write(Bytes(1000));
+  }
 }
 
 TEST(Pty, GivesNothingWhenTheToolHasWrittenNothing) { EXPECT_TRUE(Pty("").Read().empty()); }
@@ -286,7 +301,9 @@ TEST_F(ProgramTest, TheEndOfItsCommandsIsNotItsEnd) {
 TEST_F(ProgramTest, GoesOnAnsweringAndEndsOnASignalWhenNobodyReadsItsReplies) {
   StartMachine();
   std::string commands;
-  for (int i = 0; i < 2000; ++i) commands += "help\n";
+  for (int i = 0; i < 2000; ++i) {
+    commands += "help\n";
+  }
   ASSERT_EQ(write(commands_, commands.data(), commands.size()), static_cast<ssize_t>(commands.size()));
   const auto full = [this] {
     int unread = 0;
@@ -294,9 +311,13 @@ TEST_F(ProgramTest, GoesOnAnsweringAndEndsOnASignalWhenNobodyReadsItsReplies) {
     return unread > 50000;
   };
   const auto deadline = std::chrono::steady_clock::now() + 10s;
-  while (!full() && std::chrono::steady_clock::now() < deadline) std::this_thread::yield();
+  while (!full() && std::chrono::steady_clock::now() < deadline) {
+    std::this_thread::yield();
+  }
   ASSERT_TRUE(full());
-  for (int i = 0; i < 5; ++i) EXPECT_EQ(PortTest(), (Bytes{0, 0}));
+  for (int i = 0; i < 5; ++i) {
+    EXPECT_EQ(PortTest(), (Bytes{0, 0}));
+  }
   kill(child_, SIGTERM);
   EXPECT_EQ(ExitCode(), 0);
 }
@@ -304,7 +325,9 @@ TEST_F(ProgramTest, GoesOnAnsweringAndEndsOnASignalWhenNobodyReadsItsReplies) {
 TEST_F(ProgramTest, LosesNoReplyOfAReaderWhoIsSlow) {
   StartMachine();
   std::string commands;
-  for (int i = 0; i < 400; ++i) commands += "help\nget 0 " + std::to_string(1 + i % 300) + "\n";
+  for (int i = 0; i < 400; ++i) {
+    commands += "help\nget 0 " + std::to_string(1 + i % 300) + "\n";
+  }
   ASSERT_EQ(write(commands_, commands.data(), commands.size()), static_cast<ssize_t>(commands.size()));
   for (int i = 0; i < 400; ++i) {
     ASSERT_EQ(ReadLine().substr(0, 8), "ok help,") << i;

@@ -30,7 +30,9 @@ class RunScript : public testing::Test {
   std::pair<std::string, int> Run(const std::string& arguments = "") {
     FILE* output = popen(((folder_ / "scripts/run").string() + " " + arguments + " 2>&1").c_str(), "r");
     std::string text;
-    for (int character; (character = fgetc(output)) != EOF;) text += static_cast<char>(character);
+    for (int character; (character = fgetc(output)) != EOF;) {
+      text += static_cast<char>(character);
+    }
     const int status = pclose(output);
     return {text, WEXITSTATUS(status)};
   }

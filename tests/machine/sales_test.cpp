@@ -15,7 +15,9 @@ class SalesTest : public MachineTest {
     Set(0, 321, 12);
     machine_.alarms().Clear();
     const std::uint32_t coins[] = {5, 10, 20, 50, 100, 200};
-    for (int channel = 0; channel < 6; ++channel) Set(0, 4 + channel, coins[channel]);
+    for (int channel = 0; channel < 6; ++channel) {
+      Set(0, 4 + channel, coins[channel]);
+    }
     Set(0, 12, 40);
     Set(0, 13, 45);
     Set(0, 367, 210);
@@ -30,10 +32,16 @@ class SalesTest : public MachineTest {
     Set(0, 84, 4 + 8 + 16);
     Set(1, 2, 1);
     Set(1, 28, 5);
-    for (const int record : {34, 35, 36}) Set(1, record, 255);
+    for (const int record : {34, 35, 36}) {
+      Set(1, record, 255);
+    }
     Set(1, 38, 1);
-    for (int selection = 0; selection < 22; ++selection) Set(1, 148 + selection, 40);
-    for (const int node : {2, 3}) Set(node, 2, 1);
+    for (int selection = 0; selection < 22; ++selection) {
+      Set(1, 148 + selection, 40);
+    }
+    for (const int node : {2, 3}) {
+      Set(node, 2, 1);
+    }
   }
 
   // What one customer is told; the drink is handed out meanwhile.
@@ -44,7 +52,9 @@ class SalesTest : public MachineTest {
     return refusal;
   }
   void ExpectCounts(std::initializer_list<std::pair<int, std::uint32_t>> records) {
-    for (const auto& [record, value] : records) EXPECT_EQ(Get(0, record), value) << record;
+    for (const auto& [record, value] : records) {
+      EXPECT_EQ(Get(0, record), value) << record;
+    }
   }
 };
 
@@ -208,7 +218,9 @@ TEST_F(SalesTest, ASaleCutShortByARestartIsLost) {
 
 TEST_F(SalesTest, ClearingTheFlowsByZeroesKeepsTheMoneyInTheTubes) {
   Vend({}, 100);
-  for (int record = 339; record <= 344; ++record) Write(record, 0);
+  for (int record = 339; record <= 344; ++record) {
+    Write(record, 0);
+  }
   ExpectCounts({{339, 0}, {341, 0}, {123, 1}, {127, 40}, {128, 40}});
   EXPECT_TRUE(machine_.till().EmptyTubes(5040));
 }
@@ -231,7 +243,9 @@ TEST_F(SalesTest, TheSameSeedBringsTheSameCustomers) {
       other.board(node).Set(record, Get(node, record));
     }
   }
-  for (int selection = 0; selection < 22; ++selection) other.board(1).Set(148 + selection, 40);
+  for (int selection = 0; selection < 22; ++selection) {
+    other.board(1).Set(148 + selection, 40);
+  }
   other.sales().SetCustomers(60);
   other.AdvanceTo(machine_.now());
   for (int selection = 0; selection < 22; ++selection) {
@@ -274,7 +288,9 @@ TEST_F(TariffTest, TheDiscountIsGivenWithinItsBands) {
   boards_[1].Set(1, 1);
   const std::pair<int, std::uint32_t> bands[] = {{99, 15}, {100, 8},  {103, 0},  {104, 9},
                                                  {101, 0}, {102, 15}, {105, 30}, {106, 16}};
-  for (const auto& [record, value] : bands) boards_[0].Set(record, value);
+  for (const auto& [record, value] : bands) {
+    boards_[0].Set(record, value);
+  }
   struct {
     std::uint32_t hour, minute, price;
   } const moments[] = {{8, 14, 45},  {8, 15, 38}, {8, 59, 38},  {9, 0, 45},

@@ -18,7 +18,9 @@ class ScenarioTest : public testing::Test {
     return scenario_.Start(path_, [start] { return start; });
   }
   void Pass(int seconds) {
-    for (int i = 0; i < seconds; ++i) scenario_.OnSecond();
+    for (int i = 0; i < seconds; ++i) {
+      scenario_.OnSecond();
+    }
   }
 
   TempFolder folder_;

@@ -34,14 +34,20 @@ class SessionTest : public testing::Test {
   std::uint32_t Read(int node, int record) {
     const Row row = RowOf(node, record);
     Bytes frame = {row.control, row.bank, row.high, row.low};
-    if (node != 0) frame = {241, row.bank, row.high, row.low, row.control, LetterOf(node)};
+    if (node != 0) {
+      frame = {241, row.bank, row.high, row.low, row.control, LetterOf(node)};
+    }
     const Bytes reply = Exchange(frame);
     const std::size_t length = row.control % 16u + 1u;
     EXPECT_EQ(reply.size(), length + 1) << "node " << node << " record " << record;
-    if (reply.size() != length + 1) return 0;
+    if (reply.size() != length + 1) {
+      return 0;
+    }
     EXPECT_EQ(reply.back(), Sum(Bytes(reply.begin(), reply.end() - 1)));
     std::uint32_t value = 0;
-    for (std::size_t i = 0; i < length; ++i) value |= std::uint32_t{reply[i]} << (8 * i);
+    for (std::size_t i = 0; i < length; ++i) {
+      value |= std::uint32_t{reply[i]} << (8 * i);
+    }
     return value;
   }
 
@@ -51,8 +57,12 @@ class SessionTest : public testing::Test {
     const auto write = static_cast<std::uint8_t>(row.control | 128);
     Bytes frame = {write, row.bank, row.high, row.low};
     const auto marker = static_cast<std::uint8_t>(242 + row.control % 16);
-    if (node != 0) frame = {marker, row.bank, row.high, row.low, write, LetterOf(node)};
-    for (int i = 0; i <= row.control % 16; ++i) frame.push_back(static_cast<std::uint8_t>(value >> (8 * i)));
+    if (node != 0) {
+      frame = {marker, row.bank, row.high, row.low, write, LetterOf(node)};
+    }
+    for (int i = 0; i <= row.control % 16; ++i) {
+      frame.push_back(static_cast<std::uint8_t>(value >> (8 * i)));
+    }
     const auto check = Sum(frame);
     EXPECT_EQ(Exchange(frame), Bytes{static_cast<std::uint8_t>(check << 1)})
         << "node " << node << " record " << record;
@@ -68,7 +78,9 @@ class SessionTest : public testing::Test {
   bool Becomes(int node, int record, std::uint32_t mask, std::uint32_t wanted, Time deadline = 10s) {
     const Time end = machine_.now() + deadline;
     while (machine_.now() < end) {
-      if ((Read(node, record) & mask) == wanted) return true;
+      if ((Read(node, record) & mask) == wanted) {
+        return true;
+      }
     }
     return false;
   }
@@ -99,7 +111,9 @@ class SessionTest : public testing::Test {
     machine_.Receive(frame);
     Pass(40ms);
     Bytes reply;
-    for (const SentByte& sent : machine_.TakeSent()) reply.push_back(sent.byte);
+    for (const SentByte& sent : machine_.TakeSent()) {
+      reply.push_back(sent.byte);
+    }
     return reply;
   }
 

@@ -46,7 +46,9 @@ TEST_F(SettingsSession, RecordsAreWideEnoughForTheirLargestValue) {
                       {1, 587, 587, 230},   {2, 292, 308, 30},    {3, 309, 309, 240}};
   for (const auto& range : ranges) {
     for (int record = range.first; record <= range.last; ++record) {
-      if (range.node == 0 && record == 75) continue;
+      if (range.node == 0 && record == 75) {
+        continue;
+      }
       Write(range.node, record, range.value);
       EXPECT_EQ(Read(range.node, record), range.value) << range.node << " " << record;
     }

@@ -69,12 +69,16 @@ TEST_F(SuppliesTest, WithoutSugarADrinkNeedsNoStirrer) {
 
 TEST_F(SuppliesTest, CoffeeRunsOutByDrinkingIt) {
   machine_.Set(1, 24, 0);
-  for (int drink = 0; drink < 449; ++drink) ASSERT_TRUE(Starts(1)) << drink;
+  for (int drink = 0; drink < 449; ++drink) {
+    ASSERT_TRUE(Starts(1)) << drink;
+  }
   EXPECT_GT(NewestAlarm(), 203u);
   ASSERT_TRUE(Starts(1));
   EXPECT_EQ(NewestAlarm(), 5u) << "the grounds bin is full first";
   machine_.supplies().Service(Supply::kGrounds);
-  for (int drink = 0; drink < 50; ++drink) ASSERT_TRUE(Starts(1)) << drink;
+  for (int drink = 0; drink < 50; ++drink) {
+    ASSERT_TRUE(Starts(1)) << drink;
+  }
   EXPECT_EQ(NewestAlarm(), 3u);
   EXPECT_FALSE(Starts(1));
 }
@@ -85,7 +89,9 @@ TEST_F(SuppliesTest, EachLastsForItsServingsAndWaterAndTrayForEver) {
   for (const auto& [supply, servings] : kLasting) {
     Machine machine(PlainBoards(), 1);
     machine.board(1).Set(148, 40);
-    for (int i = 1; i < servings; ++i) machine.supplies().OnServed({});
+    for (int i = 1; i < servings; ++i) {
+      machine.supplies().OnServed({});
+    }
     EXPECT_TRUE(machine.supplies().Has(supply)) << servings;
     machine.supplies().OnServed({});
     EXPECT_FALSE(machine.supplies().Has(supply)) << servings;
@@ -138,7 +144,9 @@ TEST_F(DefectsTest, ABrokenPartOfTheBrewerRunsIntoItsTimeoutAndCountsNothing) {
 }
 
 TEST_F(DefectsTest, AJammedMotorConcernsItsOwnUnit) {
-  for (const int node : {2, 3}) Set(node, 58, 60);
+  for (const int node : {2, 3}) {
+    Set(node, 58, 60);
+  }
   machine_.defects().Break("motor-3");
   ProductStarts(86);
   EXPECT_GT(NewestAlarm(), 203u);

@@ -18,7 +18,9 @@ class TestModeTest : public ConsoleTest {
     Set(0, 358, 86);
     machine_.Set(1, 542, 91);
     Set(1, 24, 90);
-    for (const int node : {2, 3}) Set(node, 51, 16);
+    for (const int node : {2, 3}) {
+      Set(node, 51, 16);
+    }
   }
   void Command(int node, std::uint32_t data, std::uint32_t command) {
     machine_.Write(node, node == 1 ? 536 : 285, data);
@@ -47,7 +49,9 @@ TEST_F(TestModeTest, ASaleIsRefusedAndTheReasonTold) {
 }
 
 TEST_F(TestModeTest, TheCustomersWhoComeByThemselvesMoveNothing) {
-  for (const int node : {1, 2, 3}) Enter(node);
+  for (const int node : {1, 2, 3}) {
+    Enter(node);
+  }
   Command(1, 1, 2);
   machine_.sales().SetCustomers(3600);
   for (int second = 0; second < 600; ++second) {
@@ -166,7 +170,9 @@ TEST_F(TestModeTest, AUnitThatVanishesComesBackAsItWas) {
 
 TEST_F(TestModeTest, AToolThatGoesWithoutLeavingIsFoundOutAndARestartHelps) {
   EXPECT_NE(Run("status").find(" testing none "), std::string::npos);
-  for (const int node : {1, 3}) Enter(node);
+  for (const int node : {1, 3}) {
+    Enter(node);
+  }
   Command(1, 64 + 32, 2);
   Command(3, 128, 2);
   Pass(24h);

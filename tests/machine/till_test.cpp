@@ -15,9 +15,13 @@ class TillTest : public MachineTest {
   TillTest() {
     machine_.alarms().Clear();
     const std::uint32_t coins[] = {5, 10, 20, 50, 100, 200, 25};
-    for (int channel = 0; channel < 7; ++channel) Set(0, 4 + channel, coins[channel]);
+    for (int channel = 0; channel < 7; ++channel) {
+      Set(0, 4 + channel, coins[channel]);
+    }
     const std::uint32_t tokens[] = {50, 100, 200};
-    for (int token = 0; token < 3; ++token) Set(0, 347 + token, tokens[token]);
+    for (int token = 0; token < 3; ++token) {
+      Set(0, 347 + token, tokens[token]);
+    }
     Set(0, 12, 40);
     Set(0, 79, 500);
     Set(0, 83, 32);
@@ -35,10 +39,14 @@ class TillTest : public MachineTest {
     return refusal;
   }
   void ExpectCounts(std::initializer_list<std::pair<int, std::uint32_t>> records) {
-    for (const auto& [record, value] : records) EXPECT_EQ(Get(0, record), value) << record;
+    for (const auto& [record, value] : records) {
+      EXPECT_EQ(Get(0, record), value) << record;
+    }
   }
   void ExpectFlowsStandStill() {
-    for (int record = 339; record <= 344; ++record) EXPECT_EQ(Get(0, record), 0u) << record;
+    for (int record = 339; record <= 344; ++record) {
+      EXPECT_EQ(Get(0, record), 0u) << record;
+    }
   }
 };
 
@@ -75,7 +83,9 @@ TEST_F(TillTest, ExecutiveCountsSalesButNoCoinAndNoChange) {
   EXPECT_EQ(Vend(Payment::kCoins, 39), "the price is 40");
   EXPECT_EQ(Vend(Payment::kKey), "");
   ExpectCounts({{124, 5}, {128, 200}, {130, 0}, {332, 0}});
-  for (int channel = 0; channel < 16; ++channel) EXPECT_EQ(Get(0, 107 + channel), 0u) << channel;
+  for (int channel = 0; channel < 16; ++channel) {
+    EXPECT_EQ(Get(0, 107 + channel), 0u) << channel;
+  }
   EXPECT_EQ(Vend(Payment::kBill), "the payment system takes no bills");
   ExpectFlowsStandStill();
 }

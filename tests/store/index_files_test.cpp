@@ -145,7 +145,9 @@ TEST_F(IndexFiles, FullFileFillsTheTableFromIndexOne) {
   EXPECT_EQ(second.Value[1], 17);
   EXPECT_EQ(second.Value[2], 18);
   EXPECT_EQ(second.Value[3], 19);
-  for (const std::uint8_t blank : second.Padding) EXPECT_EQ(blank, 32);
+  for (const std::uint8_t blank : second.Padding) {
+    EXPECT_EQ(blank, 32);
+  }
   EXPECT_EQ(ParamTable[0][1].AddrLo, 1);
   EXPECT_EQ(ParamTable[0][3].AddrLo, 0);
 }

@@ -76,7 +76,9 @@ TEST_F(ParameterTable, TheLastNodeIsOneLikeTheOthers) {
 }
 
 TEST_F(ParameterTable, ARecordCounts255Subscribers) {
-  for (int i = 0; i < 255; ++i) Subscribe(7);
+  for (int i = 0; i < 255; ++i) {
+    Subscribe(7);
+  }
   EXPECT_EQ(At(7).Subscribers, 255);
 }
 

@@ -20,7 +20,9 @@ void* operator new(std::size_t size, const std::nothrow_t& /*tag*/) noexcept {
 }
 
 void* operator new(std::size_t size) {
-  if (void* memory = operator new(size, std::nothrow)) return memory;
+  if (void* memory = operator new(size, std::nothrow)) {
+    return memory;
+  }
   throw std::bad_alloc();
 }
 

@@ -24,7 +24,9 @@ void FaultyBoard::Flood(VirtualHost& line) {
   Bytes garbage(10 + Below(500));
   const bool steady = Below(2) == 0;
   const auto byte = static_cast<std::uint8_t>(Below(4) == 0 ? Below(256) : 0);
-  for (std::uint8_t& value : garbage) value = steady ? byte : static_cast<std::uint8_t>(Below(256));
+  for (std::uint8_t& value : garbage) {
+    value = steady ? byte : static_cast<std::uint8_t>(Below(256));
+  }
   // The first byte is there now, while the line is idle.
   line.Send(garbage, -WireTime(1));
   flood_end_ = line.Now() + WireTime(garbage.size());
@@ -33,7 +35,9 @@ void FaultyBoard::Flood(VirtualHost& line) {
 void FaultyBoard::FrameBegins(const Bytes& /*frame*/, VirtualHost& /*line*/) { ++requests_begun_; }
 
 Fault FaultyBoard::PickFault() {
-  if (!faulty || Below(100) >= 12) return Fault::kNone;
+  if (!faulty || Below(100) >= 12) {
+    return Fault::kNone;
+  }
   // Faults that cost the tool a second of waiting are rarer.
   constexpr Fault kChoice[] = {Fault::kCorruptCheck, Fault::kCorruptCheck, Fault::kCorruptCheck,
                                Fault::kSurplusByte,  Fault::kSurplusByte,  Fault::kNoiseBefore,
@@ -44,15 +48,21 @@ Fault FaultyBoard::PickFault() {
 
 Bytes FaultyBoard::NoiseBefore(const BoardRequest& request, const Bytes& reply) {
   Bytes noise(1 + Below(3));
-  for (std::uint8_t& value : noise) value = static_cast<std::uint8_t>(Below(256));
+  for (std::uint8_t& value : noise) {
+    value = static_cast<std::uint8_t>(Below(256));
+  }
   const auto passes = [&] {
     Bytes seen = noise;
     seen.insert(seen.end(), reply.begin(), reply.end());
-    if (request.write) return seen[0] == reply[0];
+    if (request.write) {
+      return seen[0] == reply[0];
+    }
     seen.resize(request.length + 1);
     return WithCheck(Bytes(seen.begin(), seen.end() - 1)) == seen;
   };
-  while (passes()) ++noise.front();
+  while (passes()) {
+    ++noise.front();
+  }
   return noise;
 }
 
@@ -60,24 +70,36 @@ void FaultyBoard::SendRight(const BoardRequest& request, const Bytes& before, co
                             microseconds delay, VirtualHost& line) {
   const Bytes data = request.write ? request.data : Bytes(reply.begin(), reply.end() - 1);
   double value = 0;
-  for (std::size_t i = data.size(); i-- > 0;) value = value * 256 + data[i];
+  for (std::size_t i = data.size(); i-- > 0;) {
+    value = value * 256 + data[i];
+  }
   line.Send(before, delay);
   line.Send(reply, delay);
   replies_.push_back({line.LastByteArrives(), request.node, request.address, value});
-  if (replies_.size() > kRepliesKept) replies_.pop_front();
+  if (replies_.size() > kRepliesKept) {
+    replies_.pop_front();
+  }
 }
 
 void FaultyBoard::Receive(const Bytes& frame, VirtualHost& line) {
   const std::optional<BoardRequest> request = ReadFrame(frame);
-  if (!request) return;
+  if (!request) {
+    return;
+  }
   if (silent_requests_ > 0) {
     --silent_requests_;
     return;
   }
-  if (line.Now() < flood_end_) return;  // what the machine says now, the flood drowns
-  if (!request->write) machine_.Set(request->node, request->address, random_());
+  if (line.Now() < flood_end_) {
+    return;  // what the machine says now, the flood drowns
+  }
+  if (!request->write) {
+    machine_.Set(request->node, request->address, random_());
+  }
   const Bytes reply = machine_.Answer(frame);
-  if (reply.empty()) return;
+  if (reply.empty()) {
+    return;
+  }
 
   const microseconds latency = least_latency + microseconds(Below(further_microseconds));
   const Fault fault = PickFault();
@@ -107,7 +129,9 @@ void FaultyBoard::Receive(const Bytes& frame, VirtualHost& line) {
       // carry no number.
       line.At(line.Now() + milliseconds(995 + Below(60)),
               [this, &line, request = *request, reply, begun = requests_begun_] {
-                if (begun == requests_begun_ && LinkIdle) SendRight(request, {}, reply, -WireTime(1), line);
+                if (begun == requests_begun_ && LinkIdle) {
+                  SendRight(request, {}, reply, -WireTime(1), line);
+                }
               });
       break;
     default:

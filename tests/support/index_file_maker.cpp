@@ -17,7 +17,9 @@ std::uint8_t Byte(int value) { return static_cast<std::uint8_t>(value); }
 
 TempFolder::TempFolder() {
   std::string name = (std::filesystem::temp_directory_path() / "dosmara-XXXXXX").string();
-  if (mkdtemp(name.data()) == nullptr) throw std::runtime_error("no temporary folder");
+  if (mkdtemp(name.data()) == nullptr) {
+    throw std::runtime_error("no temporary folder");
+  }
   path_ = name;
 }
 
@@ -29,12 +31,16 @@ TempFolder::~TempFolder() {
 void TempFolder::Write(const std::string& name, const std::vector<std::uint8_t>& bytes) const {
   std::ofstream file(path_ / name, std::ios::binary);
   file.write(reinterpret_cast<const char*>(bytes.data()), static_cast<std::streamsize>(bytes.size()));
-  if (!file) throw std::runtime_error("cannot write " + name);
+  if (!file) {
+    throw std::runtime_error("cannot write " + name);
+  }
 }
 
 std::vector<std::uint8_t> SmallIndexBytes(int count) {
   std::vector<std::uint8_t> bytes;
-  for (int k = 1; k <= count; ++k) bytes.insert(bytes.end(), {Byte(k), kIdentPage, 0, 0, 0});
+  for (int k = 1; k <= count; ++k) {
+    bytes.insert(bytes.end(), {Byte(k), kIdentPage, 0, 0, 0});
+  }
   return bytes;
 }
 
@@ -47,7 +53,9 @@ std::vector<std::uint8_t> FullIndexBytes(int count, int length, int period) {
 }
 
 void WriteStandardBoards(const TempFolder& folder, int count) {
-  for (const char* name : {"W0256.inx", "W0257.inx", "W0245.inx"}) folder.Write(name, SmallIndexBytes(18));
+  for (const char* name : {"W0256.inx", "W0257.inx", "W0245.inx"}) {
+    folder.Write(name, SmallIndexBytes(18));
+  }
   for (const char* name : {"W0256AO01.inx", "W0257AC01.inx", "W0245AB00.inx", "W0245AC00.inx"}) {
     folder.Write(name, FullIndexBytes(count));
   }

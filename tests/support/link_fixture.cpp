@@ -10,8 +10,12 @@
 namespace dosmara {
 
 void ResetCore() {
-  for (auto& node : ParamTable) std::ranges::fill(node, ParamRec{});
-  for (auto& node : IdentTable) std::ranges::fill(node, std::array<std::uint8_t, kIdentEntryBytes>{});
+  for (auto& node : ParamTable) {
+    std::ranges::fill(node, ParamRec{});
+  }
+  for (auto& node : IdentTable) {
+    std::ranges::fill(node, std::array<std::uint8_t, kIdentEntryBytes>{});
+  }
   std::ranges::fill(NodePresent, true);
   std::ranges::fill(NodeRecordCount, std::int16_t{0});
   NodeIndex = 0;
@@ -35,7 +39,9 @@ LinkFixture::~LinkFixture() { LoadedForms.clear(); }
 
 void LinkFixture::Records(int node, int count, RecordPlan plan) {
   NodeRecordCount[node] = static_cast<std::int16_t>(count);
-  for (int index = 1; index <= count; ++index) Record(node, index, plan);
+  for (int index = 1; index <= count; ++index) {
+    Record(node, index, plan);
+  }
 }
 
 void LinkFixture::Record(int node, int index, RecordPlan plan) {
@@ -69,7 +75,9 @@ void LinkFixture::StartScan() {
 
 std::vector<Bytes> LinkFixture::Frames() const {
   std::vector<Bytes> frames;
-  for (const VirtualHost::Frame& frame : host_.frames) frames.push_back(frame.bytes);
+  for (const VirtualHost::Frame& frame : host_.frames) {
+    frames.push_back(frame.bytes);
+  }
   return frames;
 }
 

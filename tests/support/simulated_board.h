@@ -55,7 +55,9 @@ class ScriptedBoard : public LineBoard {
   std::deque<Bytes> replies;
 
   void Receive(const Bytes& /*frame*/, VirtualHost& line) override {
-    if (replies.empty()) return;
+    if (replies.empty()) {
+      return;
+    }
     line.Send(replies.front(), latency);
     replies.pop_front();
   }

@@ -65,7 +65,9 @@ class CountersDay : public SystemTest {
   template <class T>
   T& On(const char* form, const QString& name) {
     T* control = window().findChild<QWidget*>(form)->findChild<T*>(name);
-    if (control == nullptr) throw std::runtime_error("no control " + name.toStdString());
+    if (control == nullptr) {
+      throw std::runtime_error("no control " + name.toStdString());
+    }
     return *control;
   }
   QString Shown(const Page& page, int n) {
@@ -118,7 +120,9 @@ class CountersDay : public SystemTest {
 
 TEST_F(CountersDay, ShowsInEachWindowWhatTheMachineHasCountedAndClearsTheFlowsOfMdbAlone) {
   Connect({"--scenario", DOSMARA_SCENARIOS "/busy_day.txt", "--speed", "3600", "--seed", "2"});
-  for (const Window& each : kWindows) Click(each.menu_entry);
+  for (const Window& each : kWindows) {
+    Click(each.menu_entry);
+  }
   Await([&] { return Status("scenario") == "0"; }, "the day to end", kDayMs);
   machine().Command("customers 0");
   machine().Command("speed 1");

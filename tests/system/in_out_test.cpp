@@ -116,7 +116,9 @@ TEST_F(InOut, OnlyOneBoardsOutputRunsAtATime) {
   Press("SwitchLed5(9)", true);
   Press("SwitchLed1(5)", true);
   EXPECT_EQ(Held(3, 288), 2);  // left alone
-  for (const int node : {1, 2, 3}) EXPECT_TRUE(InTest(node)) << node;
+  for (const int node : {1, 2, 3}) {
+    EXPECT_TRUE(InTest(node)) << node;
+  }
 }
 
 TEST_F(InOut, APlugThatFallsOutDuringAWriteLosesNoMoreThanTheWrite) {
@@ -176,7 +178,9 @@ TEST_F(InOut, WhatRunsAsTheWindowClosesRunsOnAndCanBeSwitchedOffLater) {
   Close();
   AwaitRequests(3);
   EXPECT_EQ(Held(2, 288), 2);
-  for (const int node : {1, 2, 3}) EXPECT_TRUE(InTest(node)) << node;
+  for (const int node : {1, 2, 3}) {
+    EXPECT_TRUE(InTest(node)) << node;
+  }
   Reopen();
   EXPECT_EQ(Text("Label7"), Caption(kNormal));
   AwaitText("Label7", Caption(kTesting));
@@ -188,12 +192,16 @@ TEST_F(InOut, WhatRunsAsTheWindowClosesRunsOnAndCanBeSwitchedOffLater) {
   Reopen();
   AwaitText("Label7", Caption(kTesting));
   PressButton(kNormal);
-  for (const int node : {1, 2, 3}) AwaitHeld(node, node == 1 ? 541 : 290, 0);
+  for (const int node : {1, 2, 3}) {
+    AwaitHeld(node, node == 1 ? 541 : 290, 0);
+  }
   Close();
   EXPECT_EQ(ParamTable[0][357].Subscribers, 3);
   ParamTable[0][357].Subscribers = 0;
   for (const auto& node : ParamTable) {
-    for (const ParamRec& record : node) EXPECT_EQ(record.Subscribers, 0);
+    for (const ParamRec& record : node) {
+      EXPECT_EQ(record.Subscribers, 0);
+    }
   }
 }
 

@@ -35,7 +35,9 @@ class Payment : public OneForm {
 TEST_F(Payment, ShowsWhatTheMachineHolds) {
   ConnectAndUnlock();
   const char* const coins[] = {"0.05", "0.10", "0.20", "0.50", "1.00", "2.00", "0.25", "5.00"};
-  for (int n = 0; n < 8; ++n) EXPECT_EQ(Text(QString("Label10(%1)").arg(n)), coins[n]);
+  for (int n = 0; n < 8; ++n) {
+    EXPECT_EQ(Text(QString("Label10(%1)").arg(n)), coins[n]);
+  }
   EXPECT_EQ(Text("Label11(0)"), "5.00");
   EXPECT_EQ(Text("Label11(1)"), "10.00");
   EXPECT_EQ(Text("Label11(2)"), "20.00");

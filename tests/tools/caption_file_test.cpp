@@ -45,7 +45,9 @@ TEST_F(CaptionFileCheck, LetsARowOfOneLineOverrideARangeBeforeOrAfterIt) {
 
 std::string Accents(int count) {
   std::string text;
-  for (int i = 0; i < count; ++i) text += "è";
+  for (int i = 0; i < count; ++i) {
+    text += "è";
+  }
   return text;
 }
 

@@ -40,7 +40,9 @@ std::vector<Record> ReadIndex(const std::string& name, std::size_t width) {
   std::vector<Record> records(1);
   for (std::size_t i = 0; i + width <= bytes.size(); i += width) {
     Record record{at(i) + 256 * at(i + 1) + 65536 * at(i + 4), at(i + 2), at(i + 3), 0, ""};
-    for (std::size_t k = 5; k < width; ++k) record.value |= std::uint32_t{at(i + k)} << (8 * (k - 5));
+    for (std::size_t k = 5; k < width; ++k) {
+      record.value |= std::uint32_t{at(i + k)} << (8 * (k - 5));
+    }
     records.push_back(record);
   }
   return records;
@@ -152,7 +154,9 @@ std::set<int> Polled(int node) {
   std::set<int> polled;
   const auto records = ReadBoard(node);
   for (std::size_t i = 1; i < records.size(); ++i) {
-    if (records[i].period != 0) polled.insert(static_cast<int>(i));
+    if (records[i].period != 0) {
+      polled.insert(static_cast<int>(i));
+    }
   }
   return polled;
 }
@@ -162,14 +166,18 @@ TEST(ShippedBoards, HoldAsManyRecordsAsTheirWindowsNameAndASpare) {
   EXPECT_EQ(ReadBoard(kHotDrinks).size() - 1, 597u);
   EXPECT_EQ(ReadBoard(kZeth).size() - 1, 376u);
   EXPECT_EQ(ReadBoard(kZeth2).size() - 1, 376u);
-  for (int node = 0; node < 4; ++node) EXPECT_EQ(ReadBoard(node).back().name, "spare");
+  for (int node = 0; node < 4; ++node) {
+    EXPECT_EQ(ReadBoard(node).back().name, "spare");
+  }
 }
 
 TEST(ShippedBoards, HoldEighteenIdentificationRecordsOfOneByte) {
   for (const BoardFiles& files : kFiles) {
     const auto records = ReadIndex(files.small, 5);
     EXPECT_EQ(records.size() - 1, 18u) << files.small;
-    for (std::size_t i = 1; i < records.size(); ++i) EXPECT_EQ(records[i].bytes(), 1) << files.small;
+    for (std::size_t i = 1; i < records.size(); ++i) {
+      EXPECT_EQ(records[i].bytes(), 1) << files.small;
+    }
   }
 }
 
@@ -200,7 +208,9 @@ TEST(ShippedBoards, StartWithValuesThatTheWindowsCanShow) {
 
 TEST(ShippedBoards, PollOnlyStatusGatesClockAlarmsAndReadBacks) {
   std::set<int> main = {74, 86, 311, 312, 313, 317, 318, 320, 321, 322, 323, 324, 357};
-  for (int i = 142; i <= 201; ++i) main.insert(i);
+  for (int i = 142; i <= 201; ++i) {
+    main.insert(i);
+  }
   EXPECT_EQ(Polled(kMain), main);
   EXPECT_EQ(Polled(kHotDrinks), (std::set<int>{541, 542, 544, 545, 546, 547, 548, 549, 550}));
   EXPECT_EQ(Polled(kZeth), (std::set<int>{287, 288, 289, 290}));
@@ -209,7 +219,9 @@ TEST(ShippedBoards, PollOnlyStatusGatesClockAlarmsAndReadBacks) {
 
 TEST(ShippedBoards, NeverLetASilentBoardHoldTheLink) {
   for (int node = 0; node < 4; ++node) {
-    for (const Record& record : ReadBoard(node)) EXPECT_EQ(record.period & 2, 0) << record.name;
+    for (const Record& record : ReadBoard(node)) {
+      EXPECT_EQ(record.period & 2, 0) << record.name;
+    }
   }
 }
 
@@ -229,7 +241,9 @@ TEST(ShippedBoards, ShareNoAddressWithinABoard) {
 
 TEST(ShippedBoards, BeginNoFrameWithTheMarkOfAFrameToBePassedOn) {
   for (const auto& records : {ReadIndex("W0256", 5), ReadIndex("W0256AO01", 9)}) {
-    for (const Record& record : records) EXPECT_LT(record.control | 128, 241);
+    for (const Record& record : records) {
+      EXPECT_LT(record.control | 128, 241);
+    }
   }
 }
 

@@ -14,7 +14,9 @@ using Lines = std::vector<std::string>;
 Lines ReadLanguage(const std::string& name) {
   std::istringstream stream(ReadWhole(std::string(PROGRAM_DATA) + "/" + name + ".lng"));
   Lines lines = {""};
-  for (std::string line; std::getline(stream, line);) lines.push_back(line);
+  for (std::string line; std::getline(stream, line);) {
+    lines.push_back(line);
+  }
   return lines;
 }
 
@@ -42,7 +44,9 @@ TEST(ShippedCaptions, NoCaptionIsMissing) {
   for (const char* language : {"Italiano", "English"}) {
     const Lines lines = ReadLanguage(language);
     for (int line = 1; line <= 650; ++line) {
-      if (!InUse(line)) continue;
+      if (!InUse(line)) {
+        continue;
+      }
       EXPECT_FALSE(lines.at(line).empty()) << language << " line " << line;
       EXPECT_FALSE(IsMarker(lines.at(line))) << language << " line " << line;
     }
@@ -63,7 +67,9 @@ TEST(ShippedCaptions, MarkersStandAtTheSameLinesOfBothLanguages) {
 TEST(ShippedCaptions, NothingStandsOnALineThatNoWindowReads) {
   const Lines lines = ReadLanguage("English");
   for (int line = 1; line <= 650; ++line) {
-    if (InUse(line) || lines.at(line).empty()) continue;
+    if (InUse(line) || lines.at(line).empty()) {
+      continue;
+    }
     EXPECT_TRUE(IsMarker(lines[line])) << "line " << line;
   }
 }
@@ -122,7 +128,9 @@ TEST(ShippedCaptions, SpeakTheWordsOfTheTrade) {
                                                {622, "T. Erog. Caffè"},
                                                {624, "Gratis ?"},
                                                {625, "Timeout Credito Overpay"}};
-  for (const auto& [line, text] : words) EXPECT_EQ(lines.at(line), text) << "line " << line;
+  for (const auto& [line, text] : words) {
+    EXPECT_EQ(lines.at(line), text) << "line " << line;
+  }
 }
 
 }  // namespace

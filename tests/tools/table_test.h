@@ -39,7 +39,9 @@ class TableTest : public testing::Test {
   // Writes a table; '|' stands for the tab between two cells.
   std::filesystem::path Table(std::string text, const std::string& name = "t.tsv") const {
     for (char& c : text) {
-      if (c == '|') c = '\t';
+      if (c == '|') {
+        c = '\t';
+      }
     }
     const auto path = folder_ / name;
     std::ofstream(path) << text;

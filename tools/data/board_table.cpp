@@ -31,12 +31,18 @@ class BoardReader {
   explicit BoardReader(const std::filesystem::path& file) : file_(file), rows_(ReadTable(file)) {}
 
   BoardTable Read() {
-    if (rows_.size() < 3) throw TableError(file_, 1, "has no records");
+    if (rows_.size() < 3) {
+      throw TableError(file_, 1, "has no records");
+    }
     ReadFiles(rows_[0]);
     CheckHeader(rows_[1]);
-    for (std::size_t i = 2; i < rows_.size(); ++i) ReadRow(rows_[i]);
+    for (std::size_t i = 2; i < rows_.size(); ++i) {
+      ReadRow(rows_[i]);
+    }
     CheckWhole();
-    for (auto& slot : slots_) table_.records.push_back(std::move(slot->record));
+    for (auto& slot : slots_) {
+      table_.records.push_back(std::move(slot->record));
+    }
     return std::move(table_);
   }
 
@@ -63,8 +69,12 @@ class BoardReader {
 
   void CheckHeader(const TableRow& row) const {
     std::vector<std::string> columns = {"record", "name", "bytes", "period"};
-    if (!table_.identification) columns.push_back("default");
-    if (row.cells != columns) throw TableError(file_, row.line, "the second row must name the columns");
+    if (!table_.identification) {
+      columns.push_back("default");
+    }
+    if (row.cells != columns) {
+      throw TableError(file_, row.line, "the second row must name the columns");
+    }
   }
 
   void ReadRow(const TableRow& row) {
@@ -76,7 +86,9 @@ class BoardReader {
     if (row.cells.size() != rows_[1].cells.size()) {
       throw TableError(file_, row.line, "has " + std::to_string(row.cells.size()) + " cells");
     }
-    if (row.cells[1].empty()) throw TableError(file_, row.line, "has no name");
+    if (row.cells[1].empty()) {
+      throw TableError(file_, row.line, "has no name");
+    }
 
     BoardRecord record;
     record.bytes = static_cast<int>(ParseNumber(file_, row.line, "bytes", row.cells[2], 1, kMostBytes));
@@ -90,7 +102,9 @@ class BoardReader {
   }
 
   std::vector<std::uint32_t> ReadValues(const TableRow& row, int bytes, std::size_t records) const {
-    if (table_.identification) return {0};
+    if (table_.identification) {
+      return {0};
+    }
     const auto most = static_cast<std::uint32_t>((std::uint64_t{1} << (8 * bytes)) - 1);
     std::vector<std::uint32_t> values;
     std::istringstream words(row.cells[4]);
@@ -126,7 +140,9 @@ class BoardReader {
 
   void Place(int line, int number, const BoardRecord& record) {
     const auto at = static_cast<std::size_t>(number - 1);
-    if (at >= slots_.size()) slots_.resize(at + 1);
+    if (at >= slots_.size()) {
+      slots_.resize(at + 1);
+    }
     if (slots_[at]) {
       throw TableError(file_, line,
                        "record " + std::to_string(number) + " stands in line " +
@@ -166,10 +182,14 @@ BoardTable ReadBoardTable(const std::filesystem::path& file) { return BoardReade
 std::string ExpandName(const std::string& pattern, int index) {
   static const std::regex braces(R"(\{(n([+-][0-9]+)?|selection|position)\})");
   std::smatch match;
-  if (!std::regex_search(pattern, match, braces)) return pattern;
+  if (!std::regex_search(pattern, match, braces)) {
+    return pattern;
+  }
   int number = index + 1;
   if (match[1] == "selection") {
-    if (index >= kSelectionsBeforeGap) number += kGapInSelections;
+    if (index >= kSelectionsBeforeGap) {
+      number += kGapInSelections;
+    }
   } else if (match[1] == "position") {
     number = (index / kColumnsOfUnit + 1) * 10 + index % kColumnsOfUnit + 1;
   } else if (match[2].matched) {

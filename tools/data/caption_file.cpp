@@ -20,7 +20,9 @@ int CharacterCount(const std::string& text) {
 
 std::string ExpandCode(std::string text, int code) {
   const std::size_t at = text.find(kCode);
-  if (at == std::string::npos) return text;
+  if (at == std::string::npos) {
+    return text;
+  }
   std::string digits = std::to_string(code);
   digits.insert(0, kCodeDigits - std::min(kCodeDigits, digits.size()), '0');
   return text.replace(at, kCode.size(), digits);
@@ -31,9 +33,13 @@ class CaptionReader {
   explicit CaptionReader(const std::filesystem::path& file) : file_(file), rows_(ReadTable(file)) {}
 
   std::vector<Language> Read() {
-    if (rows_.size() < 2) throw TableError(file_, 1, "has no captions");
+    if (rows_.size() < 2) {
+      throw TableError(file_, 1, "has no captions");
+    }
     ReadHeader(rows_[0]);
-    for (std::size_t i = 1; i < rows_.size(); ++i) ReadRow(rows_[i]);
+    for (std::size_t i = 1; i < rows_.size(); ++i) {
+      ReadRow(rows_[i]);
+    }
     return std::move(languages_);
   }
 
@@ -42,14 +48,18 @@ class CaptionReader {
     if (row.cells[0] != "line" || row.cells.size() < 2) {
       throw TableError(file_, row.line, "the first row must be 'line' and the languages");
     }
-    for (std::size_t i = 1; i < row.cells.size(); ++i) languages_.push_back({row.cells[i], {}});
+    for (std::size_t i = 1; i < row.cells.size(); ++i) {
+      languages_.push_back({row.cells[i], {}});
+    }
   }
 
   void ReadRow(const TableRow& row) {
     const std::vector<int> numbers = ParseRange(file_, row.line, "line", row.cells[0], 1, kMostCaptionLines);
     CheckCells(row);
     for (std::size_t i = 0; i < numbers.size(); ++i) {
-      if (!Claim(row.line, numbers[i], numbers.size() == 1)) continue;
+      if (!Claim(row.line, numbers[i], numbers.size() == 1)) {
+        continue;
+      }
       for (std::size_t k = 0; k < languages_.size(); ++k) {
         Put(languages_[k], numbers[i], ExpandCode(row.cells[k + 1], static_cast<int>(i)));
       }
@@ -63,7 +73,9 @@ class CaptionReader {
     const bool marker = row.cells[1].starts_with(kMarker);
     for (std::size_t k = 0; k < languages_.size(); ++k) {
       const std::string& caption = row.cells[k + 1];
-      if (caption.empty()) throw TableError(file_, row.line, languages_[k].name + " is missing");
+      if (caption.empty()) {
+        throw TableError(file_, row.line, languages_[k].name + " is missing");
+      }
       if (caption.starts_with(kMarker) != marker) {
         throw TableError(file_, row.line, "is a marker in some languages only");
       }
@@ -89,7 +101,9 @@ class CaptionReader {
 
   static void Put(Language& language, int number, std::string text) {
     const auto lines = static_cast<std::size_t>(number);
-    if (language.lines.size() < lines) language.lines.resize(lines);
+    if (language.lines.size() < lines) {
+      language.lines.resize(lines);
+    }
     language.lines[lines - 1] = std::move(text);
   }
 

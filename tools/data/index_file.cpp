@@ -29,8 +29,9 @@ std::vector<std::uint8_t> IndexFileBytes(const BoardTable& table) {
     bytes.push_back(static_cast<std::uint8_t>(record.period));
     bytes.push_back(static_cast<std::uint8_t>(address >> 16));
     if (!table.identification) {
-      for (int i = 0; i < kValueBytes; ++i)
+      for (int i = 0; i < kValueBytes; ++i) {
         bytes.push_back(static_cast<std::uint8_t>(record.value >> (8 * i)));
+      }
     }
     address += static_cast<std::uint32_t>(record.bytes);
   }

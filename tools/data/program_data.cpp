@@ -23,7 +23,9 @@ void WriteFiles(const Files& files, const std::filesystem::path& folder) {
   for (const auto& [name, content] : files) {
     std::ofstream stream(folder / name, std::ios::binary);
     stream << content;
-    if (!stream.flush()) throw TableError(folder / name, 1, "cannot be written");
+    if (!stream.flush()) {
+      throw TableError(folder / name, 1, "cannot be written");
+    }
   }
 }
 
@@ -32,7 +34,9 @@ void WriteFiles(const Files& files, const std::filesystem::path& folder) {
 void BuildBoards(const std::filesystem::path& tables, const std::filesystem::path& folder) {
   std::vector<std::filesystem::path> paths;
   for (const auto& entry : std::filesystem::directory_iterator(tables)) {
-    if (entry.path().extension() == ".tsv") paths.push_back(entry.path());
+    if (entry.path().extension() == ".tsv") {
+      paths.push_back(entry.path());
+    }
   }
   std::sort(paths.begin(), paths.end());
 
@@ -54,7 +58,9 @@ void BuildCaptions(const std::filesystem::path& captions, const std::filesystem:
   Files files;
   for (const Language& language : ReadCaptions(captions)) {
     std::string text;
-    for (const std::string& line : language.lines) text += line + "\n";
+    for (const std::string& line : language.lines) {
+      text += line + "\n";
+    }
     files.emplace(language.name + ".lng", text);
   }
   WriteFiles(files, folder);

@@ -14,7 +14,9 @@ std::vector<std::string> SplitCells(const std::string& text) {
   while (true) {
     const std::size_t tab = text.find('\t', begin);
     cells.push_back(text.substr(begin, tab - begin));
-    if (tab == std::string::npos) return cells;
+    if (tab == std::string::npos) {
+      return cells;
+    }
     begin = tab + 1;
   }
 }
@@ -22,7 +24,9 @@ std::vector<std::string> SplitCells(const std::string& text) {
 std::optional<std::uint32_t> Digits(std::string_view text) {
   std::uint32_t number = 0;
   const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), number);
-  if (error != std::errc() || end != text.data() + text.size()) return std::nullopt;
+  if (error != std::errc() || end != text.data() + text.size()) {
+    return std::nullopt;
+  }
   return number;
 }
 
@@ -30,11 +34,15 @@ std::optional<std::uint32_t> Digits(std::string_view text) {
 
 std::vector<TableRow> ReadTable(const std::filesystem::path& file) {
   std::ifstream stream(file);
-  if (!stream) throw TableError(file, 1, "cannot be read");
+  if (!stream) {
+    throw TableError(file, 1, "cannot be read");
+  }
   std::vector<TableRow> rows;
   std::string text;
   for (int line = 1; std::getline(stream, text); ++line) {
-    if (text.empty() || text.front() == '#') continue;
+    if (text.empty() || text.front() == '#') {
+      continue;
+    }
     rows.push_back({line, SplitCells(text)});
   }
   return rows;
@@ -57,7 +65,9 @@ std::vector<int> ParseRange(const std::filesystem::path& file, int line, std::st
     return static_cast<int>(ParseNumber(file, line, what, digits, least, most));
   };
   const std::size_t dash = text.find('-');
-  if (dash == std::string_view::npos) return {number(text)};
+  if (dash == std::string_view::npos) {
+    return {number(text)};
+  }
 
   const std::size_t slash = text.find('/', dash);
   const int first = number(text.substr(0, dash));
@@ -68,7 +78,9 @@ std::vector<int> ParseRange(const std::filesystem::path& file, int line, std::st
                      std::string(what) + " range '" + std::string(text) + "' does not rise to its end");
   }
   std::vector<int> numbers;
-  for (int n = first; n <= last; n += step) numbers.push_back(n);
+  for (int n = first; n <= last; n += step) {
+    numbers.push_back(n);
+  }
   return numbers;
 }
 
