@@ -21,10 +21,10 @@
 #include "forms/selling/frm_conf.h"
 #include "forms/selling/frm_opzioni.h"
 #include "forms/selling/frm_pagamento.h"
+#include "forms/selling/frm_password.h"
 #include "forms/selling/frm_prezzi.h"
 #include "forms/selling/frm_sconti.h"
 #include "shell/frm_info.h"
-#include "shell/frm_password.h"
 
 namespace dosmara {
 

@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // Settings that are bits of a byte, and what two forms on one byte do to each other.
-#include "shell/fields/bit_rows.h"
+#include "fields/bit_rows.h"
 
 #include <QTest>
 
+#include "fields/data_form.h"
 #include "forms/form_fixture.h"
-#include "shell/fields/data_form.h"
 #include "store/parameter_table.h"
 
 namespace dosmara {

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include "fields/bit_rows.h"
 #include "forms/form_fixture.h"
-#include "shell/fields/bit_rows.h"
 
 namespace dosmara {
 namespace {

@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // Settings that are one of several, on a table made for the test.
-#include "shell/fields/choice_rows.h"
+#include "fields/choice_rows.h"
 
 #include <QTest>
 
+#include "fields/data_form.h"
 #include "forms/form_fixture.h"
-#include "shell/fields/data_form.h"
 #include "store/parameter_table.h"
 
 namespace dosmara {

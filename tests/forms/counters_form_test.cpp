@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // Windows of counters, on tables made for it: what the tables can say beyond what the shipped windows use.
-#include "shell/fields/counters_form.h"
+#include "fields/counters_form.h"
 
 #include <QCoreApplication>
 #include <QScrollArea>

@@ -1,13 +1,13 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // The mechanics of forms with records, on a small form made for it.
-#include "shell/fields/data_form.h"
+#include "fields/data_form.h"
 
 #include <QApplication>
 #include <stdexcept>
 
+#include "fields/bit_rows.h"
+#include "fields/field_helpers.h"
 #include "forms/form_fixture.h"
-#include "shell/fields/bit_rows.h"
-#include "shell/fields/field_helpers.h"
 #include "store/parameter_table.h"
 
 namespace dosmara {

@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "shell/fields/field_helpers.h"
+#include "fields/field_helpers.h"
 
 #include <gtest/gtest.h>
 
 #include <QLocale>
 
-#include "shell/fields/entry_parsers.h"
+#include "fields/entry_parsers.h"
 
 namespace dosmara {
 namespace {

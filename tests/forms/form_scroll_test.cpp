@@ -9,8 +9,8 @@
 #include <QTest>
 #include <QVBoxLayout>
 
+#include "fields/data_form.h"
 #include "forms/form_fixture.h"
-#include "shell/fields/data_form.h"
 
 namespace dosmara {
 namespace {

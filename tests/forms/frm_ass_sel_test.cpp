@@ -2,8 +2,8 @@
 // FrmAssSel: the price of each selection on one board, two extra prices on another.
 #include <QLocale>
 
+#include "fields/records.h"
 #include "forms/row_cases.h"
-#include "shell/fields/records.h"
 #include "store/parameter_table.h"
 
 namespace dosmara {

@@ -4,8 +4,8 @@
 #include <QGroupBox>
 #include <QTest>
 
+#include "fields/records.h"
 #include "forms/opzioni_fixture.h"
-#include "shell/fields/records.h"
 #include "store/parameter_table.h"
 
 namespace dosmara {

@@ -6,9 +6,9 @@
 #include <QTimer>
 #include <algorithm>
 
+#include "fields/records.h"
 #include "forms/form_fixture.h"
 #include "shell/caption_table.h"
-#include "shell/fields/records.h"
 #include "store/parameter_table.h"
 
 namespace dosmara {

@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // What all forms with amounts of money share: the decimals that the machine reports, and how amounts wait for
 // them.
-#include "shell/fields/money.h"
+#include "fields/money.h"
 
+#include "fields/data_form.h"
 #include "forms/form_fixture.h"
-#include "shell/fields/data_form.h"
 #include "store/parameter_table.h"
 
 namespace dosmara {

@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // Numbers without bars, before and after their value has arrived.
-#include "shell/fields/number_boxes.h"
+#include "fields/number_boxes.h"
 
 #include <QTest>
 
+#include "fields/data_form.h"
 #include "forms/form_fixture.h"
-#include "shell/fields/data_form.h"
 #include "store/parameter_table.h"
 
 namespace dosmara {

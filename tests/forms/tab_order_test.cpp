@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "shell/fields/tab_order.h"
+#include "fields/tab_order.h"
 
 #include <QGroupBox>
 #include <QVBoxLayout>

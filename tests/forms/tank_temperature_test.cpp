@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "shell/fields/tank_temperature.h"
+#include "fields/tank_temperature.h"
 
 #include <gtest/gtest.h>
 

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // Whatever is typed, a parser refuses it or gives a number that its row can hold.
-#include "shell/fields/entry_parsers.h"
+#include "fields/entry_parsers.h"
 
 #include <QString>
 #include <cstdint>

@@ -2,7 +2,7 @@
 // What the visits of the windows have in common: they open, are changed by hand, and close.
 #pragma once
 
-#include "shell/fields/machine_records.h"
+#include "fields/machine_records.h"
 #include "tour/tour.h"
 
 namespace dosmara {

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "forms/audit/coin_and_jug_counters.h"
 
-#include "shell/fields/counters_form.h"
+#include "fields/counters_form.h"
 
 namespace dosmara {
 

@@ -5,9 +5,9 @@
 #include <algorithm>
 #include <limits>
 
+#include "fields/field_helpers.h"
+#include "fields/machine_records.h"
 #include "shell/caption_table.h"
-#include "shell/fields/field_helpers.h"
-#include "shell/fields/machine_records.h"
 #include "store/parameter_table.h"
 
 namespace dosmara {

@@ -7,7 +7,7 @@
 #include <cstdint>
 
 #include "controls/report_list.h"
-#include "shell/fields/data_form.h"
+#include "fields/data_form.h"
 
 namespace dosmara {
 

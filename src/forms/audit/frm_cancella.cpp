@@ -6,8 +6,8 @@
 #include <QVBoxLayout>
 #include <chrono>
 
+#include "fields/machine_records.h"
 #include "shell/caption_table.h"
-#include "shell/fields/machine_records.h"
 #include "shell/mnemonics.h"
 #include "shell/picture.h"
 #include "shell/question.h"

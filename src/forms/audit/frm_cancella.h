@@ -6,7 +6,7 @@
 #include <QTimer>
 
 #include "controls/led_bar.h"
-#include "shell/fields/data_form.h"
+#include "fields/data_form.h"
 
 namespace dosmara {
 

@@ -4,7 +4,7 @@
 
 #include <vector>
 
-#include "shell/fields/counters_form.h"
+#include "fields/counters_form.h"
 
 namespace dosmara {
 

@@ -2,7 +2,7 @@
 // What the machine has taken and sold, for life and since it was cleared last.
 #pragma once
 
-#include "shell/fields/counters_form.h"
+#include "fields/counters_form.h"
 
 namespace dosmara {
 

@@ -3,7 +3,7 @@
 
 #include <array>
 
-#include "shell/fields/counters_form.h"
+#include "fields/counters_form.h"
 
 namespace dosmara {
 

@@ -4,8 +4,8 @@
 #include <QHBoxLayout>
 #include <QVBoxLayout>
 
+#include "fields/numbering.h"
 #include "shell/caption_table.h"
-#include "shell/fields/numbering.h"
 
 namespace dosmara {
 

@@ -3,8 +3,8 @@
 // single bits, and the tests of single parts. Read by the form and by its controls.
 #pragma once
 
-#include "shell/fields/bit_rows.h"
-#include "shell/fields/data_form.h"
+#include "fields/bit_rows.h"
+#include "fields/data_form.h"
 
 namespace dosmara::dosi {
 

@@ -2,7 +2,7 @@
 // Preventive actions: after how many uses the machine calls for maintenance of a wearing part.
 #pragma once
 
-#include "shell/fields/data_form.h"
+#include "fields/data_form.h"
 
 namespace dosmara {
 

@@ -5,8 +5,8 @@
 #include <QPointer>
 #include <QTimer>
 
+#include "fields/data_form.h"
 #include "forms/beverage/dosi_controls.h"
-#include "shell/fields/data_form.h"
 
 namespace dosmara {
 

@@ -2,7 +2,7 @@
 // Temperatures: the boiler, and the cooled tanks of the two Zeth units.
 #pragma once
 
-#include "shell/fields/boards_form.h"
+#include "fields/boards_form.h"
 
 namespace dosmara {
 

@@ -4,7 +4,7 @@
 
 #include <array>
 
-#include "shell/fields/boards_form.h"
+#include "fields/boards_form.h"
 
 namespace dosmara::tempi {
 

@@ -4,8 +4,8 @@
 #include <algorithm>
 #include <bit>
 
-#include "shell/fields/numbering.h"
-#include "shell/fields/tank_temperature.h"
+#include "fields/numbering.h"
+#include "fields/tank_temperature.h"
 #include "store/parameter_table.h"
 
 namespace dosmara {

@@ -5,9 +5,9 @@
 #include <chrono>
 #include <ratio>
 
+#include "fields/machine_records.h"
+#include "fields/tank_temperature.h"
 #include "shell/caption_table.h"
-#include "shell/fields/machine_records.h"
-#include "shell/fields/tank_temperature.h"
 #include "store/parameter_table.h"
 
 namespace dosmara {

@@ -6,7 +6,7 @@
 #include <cstdint>
 
 #include "controls/strip_chart.h"
-#include "shell/fields/data_form.h"
+#include "fields/data_form.h"
 
 namespace dosmara {
 

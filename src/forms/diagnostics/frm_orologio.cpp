@@ -3,8 +3,8 @@
 
 #include <QBoxLayout>
 
+#include "fields/numbering.h"
 #include "shell/caption_table.h"
-#include "shell/fields/numbering.h"
 #include "store/parameter_table.h"
 
 namespace dosmara {

@@ -4,9 +4,9 @@
 #include <QHBoxLayout>
 #include <array>
 
+#include "fields/machine_records.h"
 #include "link/identification.h"
 #include "shell/caption_table.h"
-#include "shell/fields/machine_records.h"
 
 namespace dosmara {
 

@@ -7,8 +7,8 @@
 #include "controls/led.h"
 #include "controls/seven_segment.h"
 #include "controls/thermometer.h"
+#include "fields/data_form.h"
 #include "forms/diagnostics/schema_drawing.h"
-#include "shell/fields/data_form.h"
 
 namespace dosmara {
 

@@ -7,9 +7,9 @@
 #include <utility>
 
 #include "controls/unit_keypad.h"
+#include "fields/data_form.h"
+#include "fields/numbering.h"
 #include "shell/caption_table.h"
-#include "shell/fields/data_form.h"
-#include "shell/fields/numbering.h"
 #include "store/parameter_table.h"
 
 namespace dosmara {

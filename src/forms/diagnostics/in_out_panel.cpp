@@ -4,9 +4,9 @@
 #include <QHBoxLayout>
 #include <QVBoxLayout>
 
+#include "fields/numbering.h"
+#include "fields/tab_order.h"
 #include "shell/caption_table.h"
-#include "shell/fields/numbering.h"
-#include "shell/fields/tab_order.h"
 
 namespace dosmara {
 

@@ -3,7 +3,7 @@
 // board, bit by bit, and the commands of the test.
 #pragma once
 
-#include "shell/fields/data_form.h"
+#include "fields/data_form.h"
 
 namespace dosmara::in_out {
 

@@ -4,8 +4,8 @@
 
 #include <array>
 
-#include "shell/fields/data_form.h"
-#include "shell/fields/machine_records.h"
+#include "fields/data_form.h"
+#include "fields/machine_records.h"
 
 namespace dosmara::orologio {
 

@@ -3,9 +3,9 @@
 
 #include <array>
 
+#include "fields/numbering.h"
 #include "forms/selling/held_rows.h"
 #include "forms/selling/price_number.h"
-#include "shell/fields/numbering.h"
 
 namespace dosmara {
 

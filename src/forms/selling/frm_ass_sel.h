@@ -2,7 +2,7 @@
 // Selection assignment: which price each selection sells at.
 #pragma once
 
-#include "shell/fields/data_form.h"
+#include "fields/data_form.h"
 
 namespace dosmara {
 

@@ -3,10 +3,10 @@
 
 #include <array>
 
+#include "fields/data_form.h"
+#include "fields/position_grid.h"
 #include "forms/selling/held_rows.h"
 #include "forms/selling/price_number.h"
-#include "shell/fields/data_form.h"
-#include "shell/fields/position_grid.h"
 
 namespace dosmara {
 

@@ -5,9 +5,9 @@
 #include <QPointer>
 #include <algorithm>
 
+#include "fields/numbering.h"
 #include "forms/selling/group_boxes.h"
 #include "shell/caption_table.h"
-#include "shell/fields/numbering.h"
 #include "shell/msg_box.h"
 
 namespace dosmara {

@@ -4,7 +4,7 @@
 
 #include <QRadioButton>
 
-#include "shell/fields/data_form.h"
+#include "fields/data_form.h"
 
 namespace dosmara {
 

@@ -2,7 +2,7 @@
 // Options: the switches of the machine on all its boards, what it is called, and what its boards run.
 #pragma once
 
-#include "shell/fields/boards_form.h"
+#include "fields/boards_form.h"
 
 namespace dosmara {
 

@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "forms/selling/frm_pagamento.h"
 
+#include "fields/tab_order.h"
 #include "forms/selling/pagamento_tables.h"
 #include "link/identification.h"
 #include "shell/caption_table.h"
-#include "shell/fields/tab_order.h"
 
 namespace dosmara {
 

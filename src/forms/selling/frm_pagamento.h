@@ -2,7 +2,7 @@
 // Payment: how the machine takes money.
 #pragma once
 
-#include "shell/fields/data_form.h"
+#include "fields/data_form.h"
 
 namespace dosmara {
 

@@ -2,7 +2,7 @@
 // Prices: the price list of the machine.
 #pragma once
 
-#include "shell/fields/data_form.h"
+#include "fields/data_form.h"
 
 namespace dosmara {
 

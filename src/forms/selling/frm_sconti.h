@@ -2,7 +2,7 @@
 // Discounts: what is taken off the prices at certain times, and off a sale without a cup.
 #pragma once
 
-#include "shell/fields/data_form.h"
+#include "fields/data_form.h"
 
 namespace dosmara {
 

@@ -7,8 +7,8 @@
 #include <chrono>
 
 #include "controls/field_label.h"
-#include "shell/fields/entry_parsers.h"
-#include "shell/fields/position_grid.h"
+#include "fields/entry_parsers.h"
+#include "fields/position_grid.h"
 #include "shell/msg_box.h"
 #include "store/parameter_table.h"
 

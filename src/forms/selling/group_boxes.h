@@ -10,8 +10,8 @@
 #include <vector>
 
 #include "controls/echo_mark.h"
-#include "shell/fields/control_array.h"
-#include "shell/fields/records.h"
+#include "fields/control_array.h"
+#include "fields/records.h"
 
 namespace dosmara {
 

@@ -2,7 +2,7 @@
 // How the rows of the price windows look and behave.
 #pragma once
 
-#include "shell/fields/field_row.h"
+#include "fields/field_row.h"
 
 namespace dosmara {
 

@@ -4,7 +4,7 @@
 
 #include <algorithm>
 
-#include "shell/fields/boards_form.h"
+#include "fields/boards_form.h"
 
 namespace dosmara::opzioni {
 

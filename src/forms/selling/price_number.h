@@ -2,7 +2,7 @@
 // Rows by which something sold points at a price of the price list.
 #pragma once
 
-#include "shell/fields/field_row.h"
+#include "fields/field_row.h"
 
 namespace dosmara {
 

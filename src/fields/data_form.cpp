@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "shell/fields/data_form.h"
+#include "fields/data_form.h"
 
 #include <QApplication>
 #include <QKeyEvent>
@@ -10,9 +10,9 @@
 #include <QVBoxLayout>
 #include <algorithm>
 
+#include "fields/machine_records.h"
+#include "fields/numbering.h"
 #include "shell/caption_table.h"
-#include "shell/fields/machine_records.h"
-#include "shell/fields/numbering.h"
 #include "store/parameter_table.h"
 
 namespace dosmara {

@@ -6,7 +6,7 @@
 #include <QGridLayout>
 #include <QWidget>
 
-#include "shell/fields/numbering.h"
+#include "fields/numbering.h"
 
 namespace dosmara {
 

@@ -11,7 +11,7 @@
 #include "controls/echo_mark.h"
 #include "controls/field_label.h"
 #include "controls/selector.h"
-#include "shell/fields/bit_rows.h"
+#include "fields/bit_rows.h"
 
 namespace dosmara {
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "shell/fields/position_grid.h"
+#include "fields/position_grid.h"
 
 #include "controls/field_label.h"
 

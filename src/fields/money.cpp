@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "shell/fields/money.h"
+#include "fields/money.h"
 
-#include "shell/fields/machine_records.h"
-#include "shell/fields/records.h"
+#include "fields/machine_records.h"
+#include "fields/records.h"
 #include "store/parameter_table.h"
 
 namespace dosmara {

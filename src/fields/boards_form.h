@@ -5,7 +5,7 @@
 #include <span>
 #include <vector>
 
-#include "shell/fields/data_form.h"
+#include "fields/data_form.h"
 
 namespace dosmara {
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "shell/fields/field_helpers.h"
+#include "fields/field_helpers.h"
 
 #include <QDate>
 #include <QLocale>

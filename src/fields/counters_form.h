@@ -9,8 +9,8 @@
 #include <span>
 #include <vector>
 
-#include "shell/fields/data_form.h"
-#include "shell/fields/numbering.h"
+#include "fields/data_form.h"
+#include "fields/numbering.h"
 
 namespace dosmara {
 

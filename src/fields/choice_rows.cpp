@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "shell/fields/choice_rows.h"
+#include "fields/choice_rows.h"
 
 #include <QScopedValueRollback>
 
+#include "fields/records.h"
 #include "shell/caption_table.h"
-#include "shell/fields/records.h"
 #include "store/parameter_table.h"
 
 namespace dosmara {

@@ -12,14 +12,14 @@
 #include <vector>
 
 #include "controls/progress_line.h"
-#include "shell/fields/arrival_map.h"
-#include "shell/fields/bit_rows.h"
-#include "shell/fields/choice_rows.h"
-#include "shell/fields/field_rows.h"
-#include "shell/fields/gate.h"
-#include "shell/fields/money.h"
-#include "shell/fields/number_boxes.h"
-#include "shell/fields/records.h"
+#include "fields/arrival_map.h"
+#include "fields/bit_rows.h"
+#include "fields/choice_rows.h"
+#include "fields/field_rows.h"
+#include "fields/gate.h"
+#include "fields/money.h"
+#include "fields/number_boxes.h"
+#include "fields/records.h"
 #include "shell/form.h"
 
 namespace dosmara {

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "shell/fields/entry_parsers.h"
+#include "fields/entry_parsers.h"
 
 #include <QString>
 #include <algorithm>

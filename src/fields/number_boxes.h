@@ -10,7 +10,7 @@
 
 #include "controls/echo_mark.h"
 #include "controls/field_label.h"
-#include "shell/fields/control_array.h"
+#include "fields/control_array.h"
 
 namespace dosmara {
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "shell/fields/arrival_map.h"
+#include "fields/arrival_map.h"
 
 #include <algorithm>
 

@@ -2,7 +2,7 @@
 // A record of the main board by which the machine opens and closes a group of controls.
 #pragma once
 
-#include "shell/fields/machine_records.h"
+#include "fields/machine_records.h"
 
 namespace dosmara {
 

@@ -2,7 +2,7 @@
 // Machine codes: what the machine asks of whoever works at its keypad.
 #pragma once
 
-#include "shell/fields/data_form.h"
+#include "fields/data_form.h"
 
 namespace dosmara {
 

@@ -1,15 +1,15 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "shell/fields/number_boxes.h"
+#include "fields/number_boxes.h"
 
 #include <QFocusEvent>
 #include <QKeyEvent>
 #include <cmath>
 
+#include "fields/entry_parsers.h"
+#include "fields/field_helpers.h"
+#include "fields/machine_records.h"
+#include "fields/records.h"
 #include "shell/caption_table.h"
-#include "shell/fields/entry_parsers.h"
-#include "shell/fields/field_helpers.h"
-#include "shell/fields/machine_records.h"
-#include "shell/fields/records.h"
 #include "store/parameter_table.h"
 
 namespace dosmara {

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "shell/fields/records.h"
+#include "fields/records.h"
 
 #include <cmath>
 

@@ -2,9 +2,9 @@
 // What a row of a form is: one entry of the form's table.
 #pragma once
 
-#include "shell/fields/control_array.h"
-#include "shell/fields/entry_parsers.h"
-#include "shell/fields/field_helpers.h"
+#include "fields/control_array.h"
+#include "fields/entry_parsers.h"
+#include "fields/field_helpers.h"
 
 namespace dosmara {
 

@@ -8,8 +8,8 @@
 #include <vector>
 
 #include "controls/value_row.h"
-#include "shell/fields/field_row.h"
-#include "shell/fields/money.h"
+#include "fields/field_row.h"
+#include "fields/money.h"
 
 namespace dosmara {
 

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "shell/fields/field_rows.h"
+#include "fields/field_rows.h"
 
+#include "fields/numbering.h"
+#include "fields/records.h"
 #include "shell/caption_table.h"
-#include "shell/fields/numbering.h"
-#include "shell/fields/records.h"
 
 namespace dosmara {
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "shell/frm_password.h"
+#include "forms/selling/frm_password.h"
 
 #include <QGridLayout>
 

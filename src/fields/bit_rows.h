@@ -11,7 +11,7 @@
 #include "controls/echo_mark.h"
 #include "controls/field_label.h"
 #include "controls/two_position_switch.h"
-#include "shell/fields/control_array.h"
+#include "fields/control_array.h"
 
 namespace dosmara {
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "shell/fields/boards_form.h"
+#include "fields/boards_form.h"
 
 namespace dosmara {
 

@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "shell/fields/counters_form.h"
+#include "fields/counters_form.h"
 
 #include <chrono>
 
+#include "fields/position_grid.h"
 #include "shell/caption_table.h"
-#include "shell/fields/position_grid.h"
 
 namespace dosmara {
 
