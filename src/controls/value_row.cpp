@@ -133,16 +133,8 @@ void ValueRow::Withdraw() {
   }
 }
 
-// A value that the bar refuses is a bad entry too. The number that stands, typed again, changes nothing:
-// held, the bar would wait for an answer that never comes.
 void ValueRow::Confirm(const QString& text) {
-  const std::optional<int> entry = setup_.parse(text);
-  if (entry && *entry >= bar_->minimum() && *entry <= bar_->maximum()) {
-    if (setup_.held && *entry != bar_->Value()) {
-      bar_->setEnabled(false);
-    }
-    bar_->SetValue(*entry);
-  } else {
+  if (!setup_.enter(text)) {
     box_->Restore();
   }
 }

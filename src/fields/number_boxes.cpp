@@ -71,13 +71,26 @@ void NumberBoxes::SetCaptions() {
   }
 }
 
+std::vector<Records> NumberBoxes::ShownRecords() const {
+  std::vector<Records> records;
+  for (const NumberBox& box : boxes_) {
+    records.push_back({kMainBoard, box.record});
+  }
+  return records;
+}
+
+void NumberBoxes::SetEnabled(bool enabled) {
+  for (const Row& row : rows_) {
+    row.caption->setEnabled(enabled);
+    row.edit->setEnabled(enabled);
+  }
+}
+
 void NumberBoxes::Show(int n, double value) {
   rows_[n].known = true;
   rows_[n].mark->Came(value);
   Put(n, value);
 }
-
-void NumberBoxes::EndEntry() { ended_ = true; }
 
 // In a box that has the focus the next key replaces the number.
 void NumberBoxes::Put(int n, double value) {

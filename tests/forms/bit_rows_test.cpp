@@ -28,7 +28,8 @@ class Switches : public DataForm {
     for (int n = 0; n < bits.size(); ++n) {
       bits.PlaceIn(*grid, n, n, 0);
     }
-    Watch(bits);
+    Watch(bits, Counts::kYes);
+    bits.SetEnabled(true);
   }
 
   BitRows& bits;
@@ -189,9 +190,9 @@ TEST_F(BitRowsTest, AnythingThatShowsOnAndOffMayBeBound) {
   BitRows rows(kBytes, kBits, in_arrival);
   std::vector<int> shown;
   rows.Bind(1, [&](bool on) { shown.push_back(on ? 1 : 0); });
-  rows.Take(0, 16);
-  rows.Take(0, 0);
-  rows.Take(1, 16);
+  rows.Show(0, 16);
+  rows.Show(0, 0);
+  rows.Show(1, 16);
   EXPECT_EQ(shown, (std::vector<int>{0, 1}));
   rows.SetCaptions();  // the line of row 1 is the business of what it is bound to
 }

@@ -49,9 +49,9 @@ FrmAllarmi::FrmAllarmi()
   grid->addWidget(NewLabel("Label1", kLabelLine), 0, 0);
   grid->addWidget(progress_, 0, 1);
   grid->addWidget(list_, 1, 0, 1, 2);
-  Watch(kMainBoard, kNewest, [this](double value) { Puntatore = FieldValue(value); });
-  Watch({kMainBoard, kFirstField, kEntries * kFields},
-        [this](int n, double value) { Dati[n] = FieldValue(value); });
+  Hear(kMainBoard, kNewest, Counts::kYes, [this](double value) { Puntatore = FieldValue(value); });
+  Hear({kMainBoard, kFirstField, kEntries * kFields}, Counts::kYes,
+       [this](int n, double value) { Dati[n] = FieldValue(value); });
 }
 
 void FrmAllarmi::InitMessaggi() {

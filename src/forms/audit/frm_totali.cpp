@@ -74,15 +74,15 @@ FrmTotali::FrmTotali() : CountersForm(kSetup, kRuns) {
     Hide(kPreselections);
     SetFrameHeight(kPreselections, kSevenTotalsTwips);
   }
-  Watch(money_);
-  Watch(kMainBoard, kMoneyDecimals, [this](double) { RedrawAmounts(); });
+  Watch(money_, Counts::kNo);
+  Hear(kMainBoard, kMoneyDecimals, Counts::kNo, [this](double) { RedrawAmounts(); });
 }
 
 // An amount waits for the decimals: their arrival draws it, or its own next one.
 void FrmTotali::Show(std::size_t run, int n, double value) {
   if (run != kTakingsForLife && run != kOverpayForLife && run != kAmounts) {
     CountersForm::Show(run, n, value);
-  } else if (money_.known() && ParamIsFresh(kMoneyDecimals, kMainBoard)) {
+  } else if (money_.IsKnown() && ParamIsFresh(kMoneyDecimals, kMainBoard)) {
     ShowText(run, n, value, MoneyText(value, money_.decimals()));
   }
 }

@@ -9,9 +9,9 @@
 namespace dosmara::dosi {
 
 // A water count: 0 is off, and 1 is shown as 0.
-QString WaterText(double value, int decimals);
+QString WaterText(double value);
 // Tenths of a second with an off state below the shown zero.
-QString SugarText(double value, int decimals);
+QString SugarText(double value);
 
 constexpr FieldRow WaterRow(int line, int record) {
   return {.line = line,
@@ -35,7 +35,7 @@ constexpr FieldRow TimeRow(int line, int record, int max = 255, ValueText text =
           .large_change = 10,
           .text = text,
           .clamped = true,
-          .parse = ParseTenths,
+          .parse = ParseTenthsUpTo,
           .limit = 255,
           .length = 4};
 }
@@ -122,6 +122,7 @@ inline constexpr BitRow kProperties[] = {
     {.line = 624, .byte = 9, .mask = 1, .index = 3},
 };
 // Only the first ones have words at their positions.
+inline constexpr OffOnLines kPropertyWords = {.off = 65, .on = 66};
 inline constexpr int kPropertiesWithWords = 3;
 
 // Released at the close though never subscribed: the mirrors of the properties and the record behind them.
@@ -130,6 +131,6 @@ inline constexpr Records kReleasedOnly[] = {
 
 // The form is grey until 24 arrivals have counted.
 inline constexpr FormSetup kSetup = {
-    .name = "FrmDosi", .title = 5, .opens_after = 23, .also_released = kReleasedOnly};
+    .name = "FrmDosi", .title = 5, .opens_with = 24, .also_released = kReleasedOnly};
 
 }  // namespace dosmara::dosi

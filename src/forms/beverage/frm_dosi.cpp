@@ -22,10 +22,9 @@ FrmDosi::FrmDosi()
   if (ModelCode < kFirstModelWithDelay) {
     controls_.rows[kDecaffeinatedDelay].Withdraw();
   }
-  Watch(Presenza1, [this] { Presenza1.Open() ? EnableAll() : DisableAll(); });
-  Watch(
-      kMainBoard, kMachineStatus, [this](double value) { TakeStatus(value); }, Counts::kNo);
-  Listen(kMainBoard, kTestSelection, [this](double value) { SendCommand(value); });
+  Follow(Presenza1, [this] { Presenza1.IsOpen() ? EnableAll() : DisableAll(); });
+  Hear(kMainBoard, kMachineStatus, Counts::kNo, [this](double value) { TakeStatus(value); });
+  HearEcho(kMainBoard, kTestSelection, [this](double value) { SendCommand(value); });
   WatchSelection();
   Connect();
   DisableAll();
@@ -61,16 +60,13 @@ void FrmDosi::InitMessaggi() {
 
 // Everything that the second board holds of the selection. An arrival at 0 of a head closes its dependants.
 void FrmDosi::WatchSelection() {
-  Watch(controls_.rows, Counts::kYes, [this](int n, double value) {
-    for (const Head& head : kHeads) {
-      if (head.row == n) {
-        SetDependantsOpen(head, value != 0);
-      }
-    }
-  });
-  Watch(
-      kHotDrinks, kUnshownDose + Selection, [](double) {}, Counts::kNo);
-  Watch(controls_.properties);
+  Watch(controls_.rows, Counts::kYes);
+  for (const Head& head : kHeads) {
+    Hear(kHotDrinks, controls_.rows.Record(head.row), Counts::kYes,
+         [this, &head](double value) { SetDependantsOpen(head, value != 0); });
+  }
+  Hear(kHotDrinks, kUnshownDose + Selection, Counts::kNo, [](double) {});
+  Watch(controls_.properties, Counts::kYes);
 }
 
 // The switches go on showing the selection before until their bytes have been read again.
@@ -107,7 +103,7 @@ void FrmDosi::EnableAll() {
   controls_.SetCommonEnabled(true);
   for (const Head& head : kHeads) {
     controls_.rows[head.row].SetOpen(true);
-    if (controls_.rows[head.row].bar().Value() != 0) {
+    if (controls_.rows.Value(head.row) != 0) {
       SetDependantsOpen(head, true);
     }
   }
@@ -135,7 +131,7 @@ void FrmDosi::SetDependantsOpen(const Head& head, bool open) {
 }
 
 void FrmDosi::Loaded() {
-  if (Presenza1.Open()) {
+  if (Presenza1.IsOpen()) {
     EnableAll();
   }
 }
@@ -179,7 +175,7 @@ void FrmDosi::TestPart(std::size_t i) {
   TestCode = kPartTestCode;
   SendSelection(Selection);
   PutRecord(kMainBoard, kTestPart, kPartTests[i].part);
-  timer3_->setInterval(PartTestInterval(controls_.rows[kPartTests[i].row].bar().Value()));
+  timer3_->setInterval(PartTestInterval(controls_.rows.Value(kPartTests[i].row)));
   DisableAll();
   timer3_->start();
   TestRunning = true;

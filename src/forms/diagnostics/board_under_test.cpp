@@ -31,7 +31,7 @@ int CompressorIn(int row) { return row & kCompressor; }
 }  // namespace
 
 void BoardUnderTest::SendMode(int mode) {
-  if (Presenza.Open()) {
+  if (Presenza.IsOpen()) {
     PutRecord(node_, first_wanted(), mode);
     Comando = kModeCommand;
   }
@@ -140,7 +140,7 @@ void ZethUnderTest::TakeEcho(int n, double value) {
   }
 }
 
-void ZethUnderTest::TakeOffset(double value) { Offset = LowBits(value) - kTankOffsetZero; }
+void ZethUnderTest::TakeOffset(double value) { Offset = LowBits(value) - kTankOffsetOfZero; }
 
 // Without its offset the temperature is not known, and 0.
 void ZethUnderTest::TakeTemperature(double value) {

@@ -81,7 +81,7 @@ class ZethUnderTest : public BoardUnderTest {
 
   ZethUnderTest(int node, QWidget* parent);
 
-  int status_record() const override { return in_out::kUnitStatus; }
+  int status_record() const override { return kUnitStatus; }
   void OpenSwitches(bool open) override;
   void OpenAllSwitches(bool open) override { OpenSwitches(open); }
   void StopWaiting() override { AttesaSettore = AttesaCompr = false; }

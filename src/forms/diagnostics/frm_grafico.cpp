@@ -39,13 +39,6 @@ constexpr StripChartSetup kChart = {.colours = kColours,
                                     .value_ticks = 14,
                                     .minor_ticks = 4};
 
-// Records: of the hot drinks unit's board, and of the boards of the Zeth units.
-constexpr int kBoilerTemperature = 542;
-constexpr int kTankOffset = 52;
-constexpr int kTankTemperature = 287;
-
-constexpr int kOffsetOfZero = 5;  // how the record holds an offset of 0
-
 constexpr std::chrono::milliseconds kSampleInterval(4000);
 constexpr double kSampleDays = 0.000046296296296296294;
 
@@ -61,16 +54,17 @@ FrmGrafico::FrmGrafico()
   const auto store = [](int& presence) { return [&presence](double value) { presence = LowBits(value); }; };
   WatchTank(kZeth, Offset2, Zeth1);
   WatchTank(kZeth2, Offset3, Zeth2);
-  Watch(kMainBoard, GateRecord(kZeth), store(Presenza2));
-  Watch(kMainBoard, GateRecord(kHotDrinks), store(Presenza1));
-  Watch(kMainBoard, GateRecord(kZeth2), store(Presenza3));
-  Watch(kHotDrinks, kBoilerTemperature, [this](double value) { Caldaia = value; });
+  Hear(kMainBoard, GateRecord(kZeth), Counts::kYes, store(Presenza2));
+  Hear(kMainBoard, GateRecord(kHotDrinks), Counts::kYes, store(Presenza1));
+  Hear(kMainBoard, GateRecord(kZeth2), Counts::kYes, store(Presenza3));
+  Hear(kHotDrinks, kBoilerTemperature, Counts::kYes, [this](double value) { Caldaia = value; });
 }
 
 // A temperature that comes before its offset is not known yet.
 void FrmGrafico::WatchTank(int node, int& offset, double& temperature) {
-  Watch(node, kTankOffset, [&offset](double value) { offset = LowBits(value) - kOffsetOfZero; });
-  Watch(node, kTankTemperature, [node, &offset, &temperature](double value) {
+  Hear(node, kTankOffset, Counts::kYes,
+       [&offset](double value) { offset = LowBits(value) - kTankOffsetOfZero; });
+  Hear(node, kTankTemperature, Counts::kYes, [node, &offset, &temperature](double value) {
     if (ParamIsFresh(kTankOffset, node)) {
       temperature = TankTemperature(offset, value);
     }

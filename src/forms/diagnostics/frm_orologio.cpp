@@ -33,7 +33,7 @@ FrmOrologio::FrmOrologio()
                       kPointRows)),
       frame_(NewFrame("Frame1", kClockLine)),
       clock_(new SegmentClock(frame_)),
-      label6_(new FieldLabel(frame_, true)) {
+      label6_(NewReading("Label6", frame_)) {
   auto* layout = new QVBoxLayout(Body());
   layout->addWidget(frame_);
   FillClock();
@@ -43,12 +43,11 @@ FrmOrologio::FrmOrologio()
     frames->addWidget(NewPoints(each));
   }
   layout->addStretch();
-  Watch(points_);
-  Watch(
-      kPointMirrors, [](int, double) {}, Counts::kNo);
+  Watch(points_, Counts::kYes);
+  Hear(kPointMirrors, Counts::kNo, [](int, double) {});
   WatchClock(kToSet, &FrmOrologio::TakeAnswer);
   WatchClock(kTime, &FrmOrologio::TakeTime);
-  Watch(Presenza, [this] { SetClockOpen(Presenza.Open()); });
+  Follow(Presenza, [this] { SetClockOpen(Presenza.IsOpen()); });
   WatchClock(kDate, &FrmOrologio::TakeDate);
   SetClockOpen(false);
   SetPointsOpen(false);
@@ -57,18 +56,17 @@ FrmOrologio::FrmOrologio()
 // What the clock says means something where there is one.
 void FrmOrologio::WatchClock(const Records& records, void (FrmOrologio::*take)(int, double)) {
   const auto take_of_clock = [this, take](int n, double value) {
-    if (Presenza.Open()) {
+    if (Presenza.IsOpen()) {
       (this->*take)(n, value);
     }
   };
-  Watch(records, take_of_clock, Counts::kNo);
+  Hear(records, Counts::kNo, take_of_clock);
 }
 
 // The running clock with its date, and beside it what sets the two.
 void FrmOrologio::FillClock() {
   clock_->setObjectName("iSevenSegmentClockX1");
   clock_->setFixedSize(clock_->sizeHint() * kClockScale);
-  label6_->setObjectName("Label6");
   label6_->setAlignment(Qt::AlignCenter);
   label6_->setFont(QFont(label6_->font().family(), kDateScale * label6_->font().pointSize()));
   label6_->setFixedSize(clock_->width(), label6_->sizeHint().height());
@@ -89,8 +87,8 @@ void FrmOrologio::FillClock() {
 void FrmOrologio::AddSetting(FieldRows& rows, QGridLayout& grid, int line) {
   for (int n = 0; n < rows.size(); ++n) {
     rows[n].PlaceUnitCellIn(grid, line, n);
-    connect(&rows[n].bar(), &Bar::Changed, this, [this] { Modificato = Modificato || !InArrival; });
   }
+  rows.WhenChanged([this] { Modificato = true; });
 }
 
 // A time point is read as one line: its name, the hour, the minute.
@@ -183,7 +181,7 @@ void FrmOrologio::ShowDataCorrente() {
 
 // The date that is shown goes on with the machine's, over midnight too.
 void FrmOrologio::AfterArrival() {
-  if (!ParamIsFresh(kMachineStatus, kMainBoard) || !Presenza.Open() || !AllFresh(kDate)) {
+  if (!ParamIsFresh(kMachineStatus, kMainBoard) || !Presenza.IsOpen() || !AllFresh(kDate)) {
     return;
   }
   ShowDataCorrente();

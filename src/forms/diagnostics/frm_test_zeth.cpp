@@ -21,10 +21,8 @@ constexpr Records kUnitLetter = {kMainBoard, 358};
 constexpr int kBeforeFirstColumn = 38;  // in the record of the column, which tells selections too
 constexpr int kRowUnit = 16;
 constexpr int kRun = 2;
-constexpr int kPatience = 2000;    // ms
-constexpr int kUnitCommand = 284;  // of the unit, as is its status
+constexpr int kPatience = 2000;  // ms
 constexpr int kMotorsToZero = 3;
-constexpr int kUnitStatus = 290;
 constexpr int kMotorsRun = 2;
 
 constexpr double kChoiceScale = 2.5;
@@ -84,7 +82,7 @@ class FrmTestZeth : public DataForm {
 FrmTestZeth::FrmTestZeth(const Window& window)
     : DataForm(window.setup),
       window_(window),
-      choice_(new FieldLabel(Body(), true)),
+      choice_(NewReading("Label2(1)")),
       keypad_(new UnitKeypad(Body())),
       zero_(NewButton("Command1", window.zero_line)),
       timer_(new QTimer(this)),
@@ -103,16 +101,17 @@ FrmTestZeth::FrmTestZeth(const Window& window)
     Choose(0, 0);
     PutRecord(window_.node, kUnitCommand, kMotorsToZero);
   });
-  Watch(kMainBoard, kMachineStatus, [this](double value) {
+  Hear(kMainBoard, kMachineStatus, Counts::kYes, [this](double value) {
     TakeBusy(value, kStatusDispensing, Occupato);
     if (Occupato) {
       timer_->stop();
     }
   });
-  Watch(window.node, kUnitStatus, [this](double value) { TakeBusy(value, kMotorsRun, MotoreInMoto); });
-  Watch(PresenzaZeth, [this] { SetOpen(PresenzaZeth.Open()); });
+  Hear(window.node, kUnitStatus, Counts::kYes,
+       [this](double value) { TakeBusy(value, kMotorsRun, MotoreInMoto); });
+  Follow(PresenzaZeth, [this] { SetOpen(PresenzaZeth.IsOpen()); });
   for (const int record : {kPosition.first, kPosition.first + 1, kUnitLetter.first}) {
-    Listen(kMainBoard, record, [this](double) { SendCommand(); });
+    HearEcho(kMainBoard, record, [this](double) { SendCommand(); });
   }
   Choose(0, 0);
   SetOpen(false);
@@ -121,7 +120,6 @@ FrmTestZeth::FrmTestZeth(const Window& window)
 void FrmTestZeth::LayOut() {
   choice_->setFont(QFont(choice_->font().family(), qRound(kChoiceScale * choice_->font().pointSizeF())));
   choice_->setAlignment(Qt::AlignCenter);
-  choice_->setObjectName("Label2(1)");
   keypad_->setObjectName("Image1");
   for (int zone = 0; zone < keypad_->Count(); ++zone) {
     keypad_->Key(zone).setObjectName(ControlArray{"Label1"}[zone]);

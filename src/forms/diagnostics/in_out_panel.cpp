@@ -53,13 +53,13 @@ InOutPanel::InOutPanel()
   all->addLayout(below);
   all->addStretch();
   TabAsLaidOut(*Body());
-  Watch(inputs_);
-  Watch(kHotDrinks, kBoilerTemperature, [this](double value) { boiler_->SetValue(value); });
+  Watch(inputs_, Counts::kYes);
+  Hear(kHotDrinks, kBoilerTemperature, Counts::kYes, [this](double value) { boiler_->SetValue(value); });
 }
 
 void InOutPanel::InitMessaggi() {
   DataForm::InitMessaggi();
-  const QString words = Caption(kOffLine) + ',' + Caption(kOnLine);
+  const QString words = Caption(kOffOn.off) + ',' + Caption(kOffOn.on);
   for (const auto& [control, caption] : instruments_) {
     control->setAccessibleName(caption->text());
     if (auto* led = qobject_cast<Led*>(control)) {

@@ -10,7 +10,7 @@
 namespace dosmara::orologio {
 
 // Twenty arrivals of time points open them, of whichever records.
-inline constexpr FormSetup kSetup = {.name = "FrmOrologio", .title = 29, .opens_after = 19};
+inline constexpr FormSetup kSetup = {.name = "FrmOrologio", .title = 29, .opens_with = 20};
 
 // Lines of the language file.
 inline constexpr int kClockLine = 261;

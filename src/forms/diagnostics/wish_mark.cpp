@@ -55,7 +55,7 @@ void WishMark::Look() {
 
 void WishMark::SetCaptions() {
   if (target_ != nullptr) {
-    const QString wish = Caption(on_ ? in_out::kOnLine : in_out::kOffLine);
+    const QString wish = Caption(on_ ? kOffOn.on : kOffOn.off);
     name_->setText(group_->title() + ": " + wish + '\n' + target_->accessibleName());
   }
 }

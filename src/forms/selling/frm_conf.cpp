@@ -14,7 +14,7 @@ namespace dosmara {
 
 namespace {
 
-constexpr FormSetup kSetup = {.name = "FrmConf", .title = 24, .opens_after = 2 * kPositions};
+constexpr FormSetup kSetup = {.name = "FrmConf", .title = 24, .opens_with = 2 * kPositions + 1};
 
 // The other bits of the byte are options of the payment system. Its mirror is left to the windows of those.
 constexpr BitRecord kOptions = {.node = kMainBoard, .record = kCreditOptions};
@@ -22,7 +22,7 @@ constexpr int kGroupsManaged = 4;
 
 // Button 0 switches on and button 1 off; the words of a switch stand the other way round in the language
 // file.
-constexpr int kManagementLines[] = {110, 109};
+constexpr int kManagementLines[] = {kOffOn.on, kOffOn.off};
 
 // What tells the frames of the two units apart.
 struct Unit {
@@ -54,7 +54,7 @@ FrmConf::FrmConf() : DataForm(kSetup), options_(kOptions), all_(NewFrame("Frame1
   for (int unit = 0; unit < kUnits; ++unit) {
     MakePane(unit, *inside);
   }
-  Watch(kOptions.node, kOptions.record, [this](double value) { ShowManagement(value); });
+  Hear(kOptions.node, kOptions.record, Counts::kYes, [this](double value) { ShowManagement(value); });
   all_->setEnabled(false);
 }
 
@@ -111,7 +111,7 @@ void FrmConf::MakePane(int unit, QVBoxLayout& layout) {
   pane.reset->setObjectName(ControlArray{"Command3"}[unit]);
   line->addWidget(pane.reset, 0, Qt::AlignBottom);
   connect(pane.reset, &QPushButton::clicked, this, [this, unit] { Reset(unit); });
-  Watch(GroupsOf(setup), [groups = pane.groups](int n, double value) { groups->Show(n, value); });
+  Watch(*pane.groups, Counts::kYes);
 }
 
 void FrmConf::InitMessaggi() {

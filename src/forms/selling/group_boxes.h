@@ -11,6 +11,7 @@
 
 #include "controls/echo_mark.h"
 #include "fields/control_array.h"
+#include "fields/field_group.h"
 #include "fields/records.h"
 
 namespace dosmara {
@@ -40,19 +41,19 @@ class GroupEdit : public QLineEdit {
 };
 
 // The boxes of one unit. A group is 0 to 99; the machine may hold others, which are shown as "?".
-class GroupBoxes : public QObject {
+class GroupBoxes : public QObject, public FieldGroup {
  public:
   // `records` are those of the groups. The boxes become children of `parent`, and so do these.
   GroupBoxes(QWidget* parent, const Records& records, const ControlArray& boxes);
 
   // Lays them as the positions lie, each with its number, called by `number` of its index, in front.
   void PlaceIn(QGridLayout& grid, const std::function<QString(int n)>& number_name);
-  void SetEnabled(bool enabled);
+  void SetEnabled(bool enabled) override;
   // What a screen reader calls the boxes, ahead of their numbers.
   void SetAccessibleNames(const QString& name);
 
-  // Shows an arrived value.
-  void Show(int n, double value);
+  std::vector<Records> ShownRecords() const override { return {records_}; }
+  void Show(int n, double value) override;
   // Writes a group.
   void Write(int n, int group);
 

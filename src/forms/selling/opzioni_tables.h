@@ -17,24 +17,24 @@ inline constexpr Records kMirrors[] = {{kMainBoard, kSellingOptionsMirror, 2},
                                        {kHotDrinks, 511}};
 
 inline constexpr FormSetup kSetup = {
-    .name = "FrmOpzioni", .title = 23, .opens_after = 19, .also_released = kMirrors};
+    .name = "FrmOpzioni", .title = 23, .opens_with = 20, .also_released = kMirrors};
 
 // The frame of the hot drinks unit and those of the two Zeth units.
 inline constexpr BoardFrame kBoards[] = {{.line = 244, .node = kHotDrinks},
                                          {.name = "Frame1", .line = 226, .node = kZeth},
                                          {.name = "Frame2", .line = 254, .node = kZeth2}};
-inline constexpr Gate kGate = {.while_loading = Gate::WhileLoading::kCountsChanges};
+inline constexpr Gate kGate = {.counted = Gate::Counted::kChange};
 
 // The machine knows eight languages or four. Until it has told, its language is one of the eight.
-inline constexpr Gate kStatus = {.record = kMachineStatus,
-                                 .while_loading = Gate::WhileLoading::kFollowedAndCounted};
+inline constexpr Gate kStatus = {
+    .record = kMachineStatus, .counted = Gate::Counted::kChange, .followed = true};
 inline constexpr int kEightLanguages = 8;
 inline constexpr const char* kEightWords = "1, 2, 3, 4, 5, 6, 7, 8";
 inline constexpr const char* kFourWords = "1, 2, 3, 4";
 
 // The payment system is one bit or none; with several, the highest counts.
 constexpr int PaymentPosition(int value, int /*count*/) {
-  return (value & 4) != 0 ? 3 : (value & 2) != 0 ? 2 : value & 1;
+  return (value & kMdb) != 0 ? 3 : (value & kExecutive) != 0 ? 2 : value & kG13;
 }
 constexpr int PaymentBits(int position) { return position == 0 ? 0 : 1 << (position - 1); }
 constexpr int PointPosition(int value, int /*count*/) { return value & 3; }
@@ -47,7 +47,7 @@ inline constexpr ChoiceRow kChoices[] = {{.caption_name = "Label9",
                                           .control_name = "SlswitchX5",
                                           .line = 199,
                                           .words = "Gettone, G13, Executive, MDB",
-                                          .written = {kMainBoard, 84, 286},
+                                          .written = {kMainBoard, kPaymentOptions, kPaymentOptionsMirror},
                                           .mask = 7,
                                           .position = PaymentPosition,
                                           .bits = PaymentBits},
@@ -68,8 +68,8 @@ inline constexpr ChoiceRow kChoices[] = {{.caption_name = "Label9",
 // With these payment systems the decimal point comes from the system.
 inline constexpr int kFirstWithItsOwnPoint = 2;
 
-inline constexpr int kOffLine = 222;
-inline constexpr int kOnLine = 221;
+// The words of the switches.
+inline constexpr OffOnLines kWords = {.off = 222, .on = 221};
 
 // The switch SwitchX1(n), of which most have their captions in lines that follow each other.
 constexpr BitRow Switch(int n, int byte, int mask, int line = 0) {
@@ -79,8 +79,8 @@ constexpr BitRow Switch(int n, int byte, int mask, int line = 0) {
 // The switches of the main board. One is held by the first Zeth unit; one has a caption that no language
 // changes.
 inline constexpr BitRecord kMainBytes[] = {{kMainBoard, kSellingOptions, kSellingOptionsMirror},
-                                           {kMainBoard, 84, 286},
-                                           {kMainBoard, 361, 362},
+                                           {kMainBoard, kPaymentOptions, kPaymentOptionsMirror},
+                                           {kMainBoard, kCreditOptions, kCreditOptionsMirror},
                                            {kZeth, 59, 274}};
 enum { kCreditTimeout = 2, kCup = 6 };
 inline constexpr BitRow kMainSwitches[] = {Switch(14, 0, 2),
@@ -160,8 +160,8 @@ constexpr FieldRow PotRow(int record, int mirror) {
 
 // An entry below what the bar can hold is the least that it can.
 constexpr int kLeastThreshold = 50;
-inline std::optional<int> ParseThreshold(QStringView text, int min, int max, int decimals) {
-  const std::optional<int> entry = ParseTenths(text, min, max, decimals);
+inline std::optional<int> ParseThreshold(QStringView text, int min, int max) {
+  const std::optional<int> entry = ParseTenthsUpTo(text, min, max);
   return entry ? std::optional(std::max(*entry, min)) : std::nullopt;
 }
 

@@ -10,6 +10,7 @@
 namespace dosmara::pagamento {
 
 inline constexpr int kCoinsAccepted = 85;
+inline constexpr int kCoinsAcceptedMirror = 287;
 
 // The mirrors of coins and switches are only ever written; the accepted coins are released twice.
 inline constexpr Records kReleasedBesides[] = {
@@ -17,7 +18,7 @@ inline constexpr Records kReleasedBesides[] = {
     {kMainBoard, 362},    {kMainBoard, 366}, {kMainBoard, kCoinsAccepted}};
 
 inline constexpr FormSetup kSetup = {
-    .name = "FrmPagamento", .title = 7, .opens_after = 6, .also_released = kReleasedBesides};
+    .name = "FrmPagamento", .title = 7, .opens_with = 7, .also_released = kReleasedBesides};
 
 inline constexpr int kFirstModelWithChangeOptions = 24;
 inline constexpr int kFirstModelWithSecondCredit = 25;
@@ -66,7 +67,7 @@ inline constexpr FieldRow kTimeout[] = {{.line = 105,
                                          .max = 250,
                                          .large_change = 100,
                                          .text = TenthsText,
-                                         .parse = ParseTenthsFrom,
+                                         .parse = ParseTenths,
                                          .low = 20,
                                          .limit = 250,
                                          .length = 12}};  // more than is read
@@ -86,7 +87,7 @@ inline constexpr ChoiceRow kModes[] = {{.control_name = "SliderX5",
 
 inline constexpr BitRecord kBytes[] = {{kMainBoard, kSellingOptions, kSellingOptionsMirror},
                                        {kMainBoard, kCreditOptions, kCreditOptionsMirror},
-                                       {kMainBoard, kCoinsAccepted, 287},
+                                       {kMainBoard, kCoinsAccepted, kCoinsAcceptedMirror},
                                        {kMainBoard, 355, 356}};
 
 constexpr BitRow Switch(int line, int byte, int mask, ControlArray caption, ControlArray control) {

@@ -1,0 +1,14 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// Lines of the language file that several forms use.
+#pragma once
+
+namespace dosmara {
+
+// The words beside a switch or a lamp.
+struct OffOnLines {
+  int off = 0;
+  int on = 0;
+};
+inline constexpr OffOnLines kOffOn = {.off = 109, .on = 110};
+
+}  // namespace dosmara
