@@ -11,4 +11,12 @@ struct OffOnLines {
 };
 inline constexpr OffOnLines kOffOn = {.off = 109, .on = 110};
 
+// Titles of the frames of a board.
+inline constexpr int kMainBoardLine = 274;
+inline constexpr int kHotDrinksLine = 244;
+inline constexpr int kZeth2Line = 254;
+
+// A payment system, as a frame and as a choice.
+inline constexpr int kExecutiveLine = 94;
+
 }  // namespace dosmara

@@ -17,17 +17,17 @@ FrmDosi::FrmDosi()
                         kDoseRows),
                 NewBits(kPropertyRecords, kProperties)),
       timer1_(NewTimer("Timer1", &FrmDosi::DrinkTestDue)),
-      timer3_(NewTimer("Timer3", &FrmDosi::PartTestDue)) {
+      timer3_(NewTimer("Timer3", &FrmDosi::EndTest)) {
   timer1_->setInterval(kDrinkTestPatience);
   if (ModelCode < kFirstModelWithDelay) {
     controls_.rows[kDecaffeinatedDelay].Withdraw();
   }
-  Follow(Presenza1, [this] { Presenza1.IsOpen() ? EnableAll() : DisableAll(); });
+  Follow(Presenza1, [this] { FollowGate(); });
   Hear(kMainBoard, kMachineStatus, Counts::kNo, [this](double value) { TakeStatus(value); });
   HearEcho(kMainBoard, kTestSelection, [this](double value) { SendCommand(value); });
   WatchSelection();
   Connect();
-  DisableAll();
+  Enter(State::kLoading, false);
 }
 
 QTimer* FrmDosi::NewTimer(const char* name, void (FrmDosi::*due)()) {
@@ -82,6 +82,17 @@ void FrmDosi::ChangeSelection(int n) {
   controls_.ShowSelection(n);
 }
 
+void FrmDosi::Enter(State state, bool open) {
+  state_ = state;
+  open ? EnableAll() : DisableAll();
+}
+
+void FrmDosi::FollowGate() {
+  const bool open = Presenza1.IsOpen();
+  const State rest = open ? State::kIdle : State::kLocked;
+  Enter(IsTesting() ? state_ : rest, open);
+}
+
 // The focus is remembered for the end of a test, so that the same key can start the next one.
 void FrmDosi::DisableAll() {
   if (QWidget* focus = QApplication::focusWidget(); focus != nullptr && isAncestorOf(focus)) {
@@ -89,10 +100,7 @@ void FrmDosi::DisableAll() {
     focus->clearFocus();
   }
   controls_.SetCommonEnabled(false);
-  for (int n = 0; n < controls_.rows.size(); ++n) {
-    controls_.rows[n].SetOpen(false);
-    controls_.rows[n].SetLabelsEnabled(false);
-  }
+  controls_.rows.SetEnabled(false);
   for (QPushButton* button : controls_.part_tests) {
     button->setEnabled(false);
   }
@@ -130,37 +138,48 @@ void FrmDosi::SetDependantsOpen(const Head& head, bool open) {
   }
 }
 
+// In a form that is locked, dependants that their heads have opened meanwhile stay open.
 void FrmDosi::Loaded() {
   if (Presenza1.IsOpen()) {
-    EnableAll();
+    FollowGate();
+  } else if (!IsTesting()) {
+    state_ = State::kLocked;
   }
 }
 
+// The status says nothing of a part: its time alone ends the test.
 void FrmDosi::TakeStatus(double value) {
   if ((LowBits(value) & kStatusDispensing) != 0) {
     Dispensing = true;
-  } else if (Dispensing && TestCode != 0 && !TestRunning) {
+  } else if (Dispensing && IsTesting() && !IsPartTimed()) {
     EndTest();
   }
 }
 
-void FrmDosi::SendSelection(int selection) {
-  TestedSelection = selection;
-  PutRecord(kMainBoard, kTestSelection, selection);
-}
-
 // A failing line loses a write and reads the machine's old selection, for which nobody has asked.
 void FrmDosi::SendCommand(double selection) {
-  if (TestCode == 0 || selection == TestedSelection) {
+  if (!IsTesting() || selection == TestedSelection) {
     PutRecord(kMainBoard, kTestCommand, TestCode);
   }
 }
 
 void FrmDosi::TestDrink(std::size_t i) {
-  TestCode = kDrinkTestCodes[i];
-  SendSelection(Selection + 1);
-  DisableAll();
+  BeginTest(State::kTestingDrink, kDrinkTestCodes[i], Selection + 1);
   timer1_->start();
+}
+
+// The selection counts from 0 here, unlike in the test of a drink.
+void FrmDosi::TestPart(std::size_t i) {
+  BeginTest(State::kTestingPart, kPartTestCode, Selection);
+  PutRecord(kMainBoard, kTestPart, kPartTests[i].part);
+  timer3_->start(PartTestInterval(controls_.rows.Value(kPartTests[i].row)));
+}
+
+void FrmDosi::BeginTest(State state, int code, int selection) {
+  TestCode = code;
+  TestedSelection = selection;
+  PutRecord(kMainBoard, kTestSelection, selection);
+  Enter(state, false);
 }
 
 // A machine that has started is waited for: its status record ends the test.
@@ -170,26 +189,10 @@ void FrmDosi::DrinkTestDue() {
   }
 }
 
-// The selection counts from 0 here, unlike in the test of a drink.
-void FrmDosi::TestPart(std::size_t i) {
-  TestCode = kPartTestCode;
-  SendSelection(Selection);
-  PutRecord(kMainBoard, kTestPart, kPartTests[i].part);
-  timer3_->setInterval(PartTestInterval(controls_.rows.Value(kPartTests[i].row)));
-  DisableAll();
-  timer3_->start();
-  TestRunning = true;
-}
-
-void FrmDosi::PartTestDue() {
-  TestRunning = false;
-  EndTest();
-}
-
 void FrmDosi::EndTest() {
   Dispensing = false;
   TestCode = 0;
-  EnableAll();
+  Enter(Loading ? State::kLoading : State::kIdle, true);
 }
 
 }  // namespace dosmara

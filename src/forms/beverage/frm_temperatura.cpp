@@ -16,9 +16,9 @@ constexpr FormSetup kSetup = {
     .name = "FrmTemperatura", .title = 26, .opens_with = 16, .also_released = kMirrors};
 
 constexpr BoardFrame kBoards[] = {
-    {.name = "Frame1", .line = 244, .node = kHotDrinks},
+    {.name = "Frame1", .line = kHotDrinksLine, .node = kHotDrinks},
     {.name = "Frame2", .line = 246, .node = kZeth},
-    {.name = "Frame3", .line = 254, .node = kZeth2},
+    {.name = "Frame3", .line = kZeth2Line, .node = kZeth2},
 };
 
 // Off is the end of the bar, behind the warmest temperature.

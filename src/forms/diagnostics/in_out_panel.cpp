@@ -106,7 +106,7 @@ QLayout* InOutPanel::LayOutTest() {
   button_->setObjectName("Command1");
   button_->setAutoDefault(true);  // Enter presses it, as it presses the switches
   state_->setObjectName("Label7");
-  QGroupBox* master = NewFrame("Frame1", 274);
+  QGroupBox* master = NewFrame("Frame1", kMainBoardLine);
   auto* grid = new QGridLayout(master);
   grid->setContentsMargins(kMargins);
   PlaceInputs(*grid, 0, kMasterInputs);

@@ -45,7 +45,7 @@ FrmOpzioni::FrmOpzioni()
 }
 
 QGroupBox* FrmOpzioni::NewSystem() {
-  QGroupBox* frame = NewFrame({}, 274);
+  QGroupBox* frame = NewFrame({}, kMainBoardLine);
   auto* layout = new QVBoxLayout(frame);
   auto* choices = new QGridLayout;
   layout->addLayout(choices);

@@ -23,7 +23,7 @@ FrmPagamento::FrmPagamento()
           kTimeout)),
       modes_(NewChoices(kModes)),
       switches_(NewBits(kBytes, kSwitches)),
-      executive_frame_(NewFrame("Frame4", 94)),
+      executive_frame_(NewFrame("Frame4", kExecutiveLine)),
       coins_frame_(NewFrame("Frame1", 86)),
       mdb_frame_(NewFrame("Frame2", 89)),
       tokens_frame_(NewFrame("Frame5", 100)) {

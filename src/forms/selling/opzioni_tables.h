@@ -20,9 +20,9 @@ inline constexpr FormSetup kSetup = {
     .name = "FrmOpzioni", .title = 23, .opens_with = 20, .also_released = kMirrors};
 
 // The frame of the hot drinks unit and those of the two Zeth units.
-inline constexpr BoardFrame kBoards[] = {{.line = 244, .node = kHotDrinks},
+inline constexpr BoardFrame kBoards[] = {{.line = kHotDrinksLine, .node = kHotDrinks},
                                          {.name = "Frame1", .line = 226, .node = kZeth},
-                                         {.name = "Frame2", .line = 254, .node = kZeth2}};
+                                         {.name = "Frame2", .line = kZeth2Line, .node = kZeth2}};
 inline constexpr Gate kGate = {.counted = Gate::Counted::kChange};
 
 // The machine knows eight languages or four. Until it has told, its language is one of the eight.

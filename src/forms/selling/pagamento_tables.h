@@ -79,7 +79,7 @@ inline int ModePosition(int value, int /*count*/) {
 }
 inline constexpr int kAnyMode = 192;
 inline constexpr ChoiceRow kModes[] = {{.control_name = "SliderX5",
-                                        .line = 94,
+                                        .line = kExecutiveLine,
                                         .written = {kMainBoard, kPaymentOptions, kPaymentOptionsMirror},
                                         .mask = kAnyMode,
                                         .position = ModePosition,
