@@ -18,14 +18,14 @@ ValueRow::ValueRow(QWidget* parent, ValueRowSetup setup)
       setup_(std::move(setup)),
       caption_(new FieldLabel(parent)),
       value_(new FieldLabel(parent, true)),
-      box_(setup_.box_name.isEmpty() ? nullptr : new EntryBox(parent)),
+      box_(setup_.box_name.isEmpty() ? nullptr : new EntryBox(parent, kOverShownValue)),
       bar_(new Bar(parent)),
       echo_(new EchoMark(parent)) {
   caption_->setObjectName(setup_.caption_name);
   value_->setObjectName(setup_.value_name);
   bar_->setObjectName(setup_.bar_name);
   const QSize field(kValueDigits * value_->fontMetrics().horizontalAdvance('0'),
-                    EntryBox(nullptr).sizeHint().height());
+                    EntryBox(nullptr, kOverShownValue).sizeHint().height());
   value_->setFixedSize(field);
   if (box_ != nullptr) {
     box_->setObjectName(setup_.box_name);
@@ -113,7 +113,7 @@ void ValueRow::SetOpen(bool open) {
     box_->setVisible(open && !withdrawn_);
   }
   if (open && setup_.opening_fills_box) {
-    box_->Put(value_->text());
+    box_->ShowText(value_->text());
   }
 }
 
