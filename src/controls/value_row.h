@@ -50,12 +50,8 @@ class ValueRow : public QObject {
 
   // Lays the controls into four columns of `grid`: caption, value and box, bar, mark.
   void PlaceIn(QGridLayout& grid, int row, int column);
-  // Lays them into two rows of `grid`, the bar below the others, where a form has little width.
-  void PlaceStackedIn(QGridLayout& grid, int row);
-  // Lays them into one cell of a wide grid: the caption above value and mark, a short bar below.
-  void PlaceCellIn(QGridLayout& grid, int row, int column);
-  // Lays them into one cell too, with the caption behind the value, where it is the value's unit.
-  void PlaceUnitCellIn(QGridLayout& grid, int row, int column);
+  // Lays the value, and the box over it, into one place of `grid`. For a form that lays the others itself.
+  void PlaceValueIn(QGridLayout& grid, int row, int column);
 
   // Sets the caption, which is also what the box and the bar are called by a screen reader.
   void SetCaption(const QString& text);
@@ -78,7 +74,6 @@ class ValueRow : public QObject {
   void Withdraw();
 
  private:
-  void PlaceField(QGridLayout& cell, int row);
   void Confirm(const QString& text);
 
   ValueRowSetup setup_;

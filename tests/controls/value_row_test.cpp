@@ -210,38 +210,6 @@ TEST_F(ValueRowTest, OpeningMayShowTheValueAnew) {
   EXPECT_EQ(Box().text(), "3");
 }
 
-TEST_F(ValueRowTest, AStackedRowHasItsBarBelowAndItsBoxOverItsValue) {
-  Make();
-  QWidget window;
-  auto* grid = new QGridLayout(&window);
-  rows_[0]->PlaceStackedIn(*grid, 0);
-  rows_[1]->PlaceStackedIn(*grid, 2);
-  window.show();
-  EXPECT_EQ(Box().geometry(), rows_[0]->value().geometry());
-  EXPECT_GT(rows_[0]->bar().y(), rows_[0]->caption().geometry().bottom());
-  EXPECT_LT(rows_[0]->bar().geometry().bottom(), rows_[1]->caption().y());
-}
-
-TEST_F(ValueRowTest, AUnitStandsBehindItsValueAndTheBarBelow) {
-  Make();
-  QWidget window;
-  auto* grid = new QGridLayout(&window);
-  rows_[0]->SetCaption("hours");
-  rows_[1]->SetCaption("minutes");
-  for (int n = 0; n < 2; ++n) {
-    rows_[n]->PlaceUnitCellIn(*grid, 0, n);
-  }
-  window.show();
-  const auto place = [](const QWidget& control) { return control.geometry(); };
-  EXPECT_EQ(place(Box()), place(rows_[0]->value()));
-  EXPECT_GT(place(rows_[0]->caption()).left(), place(Box()).right());
-  EXPECT_GT(place(rows_[0]->echo()).left(), place(rows_[0]->caption()).right());
-  EXPECT_GT(place(rows_[0]->bar()).top(), place(Box()).bottom());
-  EXPECT_GE(place(rows_[0]->caption()).width(), rows_[0]->caption().sizeHint().width());
-  EXPECT_GT(place(*rows_[1]->box()).left(), place(rows_[0]->echo()).right());
-  EXPECT_EQ(place(*rows_[1]->box()).top(), place(Box()).top()) << "both read as one line";
-}
-
 TEST_F(ValueRowTest, AUnitMayBeSpokenWithMoreWords) {
   Make();
   rows_[0]->SetCaption("hours");
