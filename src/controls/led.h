@@ -2,14 +2,13 @@
 // A lamp that shows one bit of the machine.
 #pragma once
 
-#include <QWidget>
-
+#include "controls/instrument.h"
 #include "controls/lamp.h"
 
 namespace dosmara {
 
 // A lamp, on or off, which is unknown until it has been told.
-class Led : public QWidget {
+class Led : public Instrument {
   Q_OBJECT
   Q_PROPERTY(bool on READ IsOn WRITE SetOn)
   Q_PROPERTY(bool known READ IsKnown WRITE SetKnown)
@@ -30,7 +29,6 @@ class Led : public QWidget {
   void SetStateTexts(const QString& words);
 
   QSize sizeHint() const override;
-  QSize minimumSizeHint() const override { return sizeHint(); }
 
  protected:
   void paintEvent(QPaintEvent* event) override;

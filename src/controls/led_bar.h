@@ -3,7 +3,8 @@
 #pragma once
 
 #include <QRect>
-#include <QWidget>
+
+#include "controls/instrument.h"
 
 namespace dosmara {
 
@@ -13,7 +14,7 @@ inline constexpr int kLedBarLamps = 20;
 QRect LedBarLamp(QSize size, int index);
 
 // A bar of lamps of which as many are lit, from the left, as its position says: 0 to 20.
-class LedBar : public QWidget {
+class LedBar : public Instrument {
   Q_OBJECT
   Q_PROPERTY(int position READ Position WRITE SetPosition)
 
@@ -25,7 +26,6 @@ class LedBar : public QWidget {
   void SetPosition(int position);
 
   QSize sizeHint() const override;
-  QSize minimumSizeHint() const override { return sizeHint(); }
 
  protected:
   void paintEvent(QPaintEvent* event) override;

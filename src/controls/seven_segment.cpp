@@ -6,7 +6,6 @@
 #include <algorithm>
 #include <cmath>
 
-#include "controls/reading.h"
 #include "controls/tones.h"
 
 namespace dosmara {
@@ -95,10 +94,7 @@ SegmentGeometry LayOutSegments(QSize size, int digits) {
   return geometry;
 }
 
-SegmentPanel::SegmentPanel(QWidget* parent, int places) : QWidget(parent), places_(places) {
-  LetInstrumentsBeRead();
-  setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
-}
+SegmentPanel::SegmentPanel(QWidget* parent, int places) : Instrument(parent), places_(places) {}
 
 void SegmentPanel::SetText(const QString& text) {
   if (text != text_) {

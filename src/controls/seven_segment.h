@@ -5,8 +5,9 @@
 #include <QPolygonF>
 #include <QRectF>
 #include <QString>
-#include <QWidget>
 #include <vector>
+
+#include "controls/instrument.h"
 
 namespace dosmara {
 
@@ -30,12 +31,11 @@ struct SegmentGeometry {
 SegmentGeometry LayOutSegments(QSize size, int digits);
 
 // What a number and a clock have in common: a dark panel with digits.
-class SegmentPanel : public QWidget {
+class SegmentPanel : public Instrument {
   Q_OBJECT
 
  public:
   QSize sizeHint() const override;
-  QSize minimumSizeHint() const override { return sizeHint(); }
 
  protected:
   SegmentPanel(QWidget* parent, int places);

@@ -3,8 +3,9 @@
 #pragma once
 
 #include <QRectF>
-#include <QWidget>
 #include <vector>
+
+#include "controls/instrument.h"
 
 namespace dosmara {
 
@@ -25,7 +26,7 @@ struct ThermometerGeometry {
 ThermometerGeometry LayOutThermometer(QSize size, int height_of_text, double value);
 
 // A thermometer from 0 to 120 degrees. It is empty until a value has come.
-class Thermometer : public QWidget {
+class Thermometer : public Instrument {
   Q_OBJECT
   Q_PROPERTY(double value READ Value WRITE SetValue)
   Q_PROPERTY(bool known READ IsKnown WRITE SetKnown)
@@ -42,7 +43,6 @@ class Thermometer : public QWidget {
   void SetKnown(bool known);
 
   QSize sizeHint() const override;
-  QSize minimumSizeHint() const override { return sizeHint(); }
 
  protected:
   void paintEvent(QPaintEvent* event) override;
