@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "controls/unit_keypad.h"
 
+#include "controls/scaled_font.h"
+
 namespace dosmara {
 
 namespace {
@@ -30,9 +32,7 @@ QRect UnitKeyRect(QSize size, int index) {
 }
 
 UnitKeypad::UnitKeypad(QWidget* parent) : KeyPanel(parent, Digits()) {
-  QFont digits = font();
-  digits.setPointSizeF(digits.pointSizeF() * kDigitScale);
-  setFont(digits);
+  setFont(ScaledFont(font(), kDigitScale));
 }
 
 void UnitKeypad::SetOpen(bool open) {

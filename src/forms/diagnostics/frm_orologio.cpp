@@ -4,6 +4,7 @@
 #include <QBoxLayout>
 #include <QGridLayout>
 
+#include "controls/scaled_font.h"
 #include "fields/numbering.h"
 #include "shell/caption_table.h"
 #include "store/parameter_table.h"
@@ -85,7 +86,7 @@ void FrmOrologio::FillClock() {
   clock_->setFixedSize(clock_->sizeHint() * kClockScale);
   label6_->setObjectName("Label6");
   label6_->setAlignment(Qt::AlignCenter);
-  label6_->setFont(QFont(label6_->font().family(), kDateScale * label6_->font().pointSize()));
+  label6_->setFont(ScaledFont(label6_->font(), kDateScale));
   label6_->setFixedSize(clock_->width(), label6_->sizeHint().height());
   auto* layout = new QHBoxLayout(frame_);
   auto* running = new QVBoxLayout;
