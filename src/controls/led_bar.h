@@ -22,7 +22,7 @@ class LedBar : public Instrument {
   explicit LedBar(QWidget* parent);
 
   int Position() const { return position_; }
-  // Takes a position; one that does not exist is ignored.
+  // Takes a position. One that is not 0 to 20 is ignored.
   void SetPosition(int position);
 
   QSize sizeHint() const override;

@@ -110,7 +110,7 @@ QSize SegmentPanel::sizeHint() const {
           static_cast<int>(std::ceil(digit_height * (1 + 2 * kBorder)))};
 }
 
-// Unlit segments stay faintly in sight, so that a display without a number is seen to be one.
+// Unlit segments stay faintly in sight, so that an empty display is seen to be a display.
 void SegmentPanel::paintEvent(QPaintEvent*) {
   const SegmentGeometry geometry = LayOutSegments(size(), places_);
   const QColor lit = Blend(kLit, kPanel, isEnabled() ? 0 : kPale);

@@ -97,8 +97,8 @@ void ValueRow::Withdraw() {
   }
 }
 
-// A value that the bar refuses is a bad entry too. The number that stands, typed again, changes nothing:
-// held, the bar would wait for an answer that never comes.
+// A value outside the bar's span is a bad entry too. The number that stands, typed again, writes nothing and
+// gets no answer, so a held bar would stay closed.
 void ValueRow::Confirm(const QString& text) {
   const std::optional<int> entry = setup_.parse(text);
   if (entry && *entry >= bar_->minimum() && *entry <= bar_->maximum()) {

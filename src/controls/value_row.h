@@ -24,11 +24,11 @@ struct ValueRowSetup {
   int max = 0;
   int large_change = 1;
   int length = 0;  // characters that fit into the box
-  // What a confirmed text makes the bar's value; nothing when the text is bad.
+  // Makes the bar's value of a confirmed text; nothing of a bad one.
   std::function<std::optional<int>(const QString& text)> parse;
   bool held = false;               // a good entry closes the bar until the machine has answered
   bool closed_box_stays = false;   // a closed row's box is disabled instead of hidden
-  bool opening_fills_box = false;  // a row that opens shows its value on the box anew
+  bool opening_fills_box = false;  // whatever is typed in the box when the row opens gives way to the value
 };
 
 // The controls of a row and what they do to each other. The box lies exactly over the value: with the
@@ -50,7 +50,7 @@ class ValueRow : public QObject {
 
   // Lays the controls into four columns of `grid`: caption, value and box, bar, mark.
   void PlaceIn(QGridLayout& grid, int row, int column);
-  // Lays the value, and the box over it, into one place of `grid`. For a form that lays the others itself.
+  // Lays the value, and the box over it, into one place of `grid`, for a form that lays the others itself.
   void PlaceValueIn(QGridLayout& grid, int row, int column);
 
   // Sets the caption, which is also what the box and the bar are called by a screen reader.
@@ -59,7 +59,7 @@ class ValueRow : public QObject {
   // What the box and the bar are called by a screen reader where the caption says too little.
   void SetSpokenName(const QString& name);
 
-  // The value label has been given a new text: the box follows it, and so does the text it keeps.
+  // Shows the text of the value's label on the box too. To be called after that text has changed.
   void TakeValueText();
 
   // Opens the row for changes or closes it: the bar and the box, not the labels.
