@@ -14,8 +14,8 @@ namespace dosmara {
 
 namespace {
 
-// Lengths in widths of the letter x: the usual one, and the smallest that a small screen may press it to,
-// with both arrows, a handle and room to drag it.
+// Lengths in widths of the letter x: the usual one, and the least that a small screen leaves, in which there
+// is still room for both arrows, the handle, and dragging it.
 constexpr int kUsualLength = 24;
 constexpr int kLeastLength = 13;
 // What the wheel reports for one notch.
@@ -77,8 +77,8 @@ void Bar::Take(int value) {
   }
 }
 
-// A handle that has been moved has its change event still to come. One that is where it was follows the
-// value that may have come in meanwhile.
+// A drag that has moved the handle raises its change event by itself, after this. If the handle is back where
+// the drag began, it goes to the value that may have arrived during the drag.
 void Bar::EndDrag() {
   if (sliderPosition() == value()) {
     setValue(value_);
@@ -135,7 +135,7 @@ QSize Bar::sizeHint() const {
   return {kUsualLength * fontMetrics().horizontalAdvance('x'), fontMetrics().height() + 2 * kFocusRoom};
 }
 
-// The groove is filled up to the handle, so that the value can be read off from afar.
+// The groove is filled up to the handle, so that the value can be judged from afar.
 void Bar::paintEvent(QPaintEvent*) {
   QStyleOptionSlider option;
   initStyleOption(&option);
@@ -155,7 +155,7 @@ void Bar::paintEvent(QPaintEvent*) {
   painter.setPen(Qt::NoPen);
   const QRectF track(groove.left(), groove.center().y() - thickness / 2, groove.width(), thickness);
   QColor shade = ink;
-  shade.setAlphaF(0.2);  // shows on any ground: that of a tab is not the window's
+  shade.setAlphaF(0.2);  // shows on any ground: a tab has another one than a window
   painter.setBrush(shade);
   painter.drawRoundedRect(track, thickness / 2, thickness / 2);
   if (known_) {

@@ -9,7 +9,7 @@ namespace dosmara {
 // A scroll bar with one change event for each deliberate change: at every click and key, once at the end of
 // a drag, and at every change of its value by the program; setting the value that it has raises none.
 // It can be focused and driven by keys, and turns with the wheel only while it has the focus. Until it has
-// been given a value it shows none, and the operator cannot move it: a step would lead from nowhere.
+// been given a value it shows none, and the operator cannot move it, because there is nothing to step from.
 class Bar : public QScrollBar {
   Q_OBJECT
   Q_PROPERTY(bool known READ IsKnown WRITE SetKnown)
@@ -31,7 +31,7 @@ class Bar : public QScrollBar {
   bool IsKnown() const { return known_; }
   void SetKnown(bool known);
 
-  // The nearest value to `value` that the bar can hold.
+  // The value nearest to `value` that the bar can hold.
   int Clamped(double value) const;
 
   QSize sizeHint() const override;

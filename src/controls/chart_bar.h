@@ -12,8 +12,8 @@
 
 namespace dosmara {
 
-// A box and buttons that move what a chart shows, and the keys that do the same wherever the focus is on the
-// chart.
+// A check box and buttons by which the operator chooses what stretch of time a chart shows, and the keys that
+// do the same wherever on the chart the focus is.
 class ChartBar : public QWidget {
   Q_OBJECT
 
@@ -21,7 +21,7 @@ class ChartBar : public QWidget {
   // Moves `scroll`, which outlives the bar.
   ChartBar(QWidget* chart, ChartScroll& scroll);
 
-  // Their words: Follow, Earlier, Later, Zoom in, Zoom out, Everything.
+  // Sets the words of the controls: Follow, Earlier, Later, Zoom in, Zoom out, Everything.
   void SetCaptions(const QStringList& captions);
 
   // Shows whether the chart follows its newest sample.

@@ -9,8 +9,8 @@ namespace dosmara {
 
 namespace {
 
-// Shares of a view that stay free at either edge, so that the first and the newest sample are not cut in
-// half.
+// The share of a view that stays free at either edge, so that the marks of the first and the newest sample
+// are not cut in half.
 constexpr double kMargin = 1.0 / 120;
 
 constexpr double kNarrowest = 10;

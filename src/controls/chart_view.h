@@ -12,22 +12,22 @@ struct ChartView {
   constexpr double Span() const { return to - from; }
 };
 
-// The view that ends just behind the newest sample. As long as the samples fill no whole view it stays at the
-// beginning, and they fill it from the left.
+// The view that ends just behind the newest sample. As long as the samples do not fill a whole view, it
+// begins at 0, and they fill it from the left.
 ChartView NewestView(double newest, double span);
 
 // The view with all samples, but no narrower than `least`.
 ChartView WholeView(double newest, double least);
 
-// The width next to `span` that a view may have: from ten seconds to an hour, or all samples if they are
+// The width nearest to `span` that a view may have: from ten seconds to an hour, or all samples if they are
 // more.
 double NearestSpan(double span, double newest);
 
-// The view next to `wanted` that has a width it may have and shows neither time before the first sample nor
-// time behind the newest.
+// The view nearest to `wanted` that has a width it may have and shows neither time before the first sample
+// nor time behind the newest.
 ChartView NearestView(const ChartView& wanted, double newest);
 
-// The view `factor` times as wide, as far as it may be, in which the time `around` stands where it stood.
+// The view that is `factor` times as wide, as far as it may be. The time `around` stands where it stood.
 ChartView ZoomedView(const ChartView& view, double factor, double around, double newest);
 
 // What a chart shows while its strip grows. It follows the newest sample until the operator looks at
@@ -48,18 +48,19 @@ class ChartScroll {
   // Lets the view stand where it is.
   void Stop() { following_ = false; }
 
-  // Shows what the operator wants to see. Unless that is what is followed anyway, following ends.
+  // Shows the view nearest to what the operator wants to see. Following ends, unless it would show that
+  // anyway.
   void LookAt(const ChartView& wanted);
 
-  // Half a view towards the first sample, or towards the newest.
+  // Moves half a view towards the first sample, or towards the newest.
   void Earlier();
   void Later();
-  // All samples.
+  // Shows all samples.
   void Everything();
-  // Half as much around the middle, or twice as much.
+  // Shows half as much around the middle of the view, or twice as much.
   void ZoomIn();
   void ZoomOut();
-  // `factor` times as much around a time. A view that follows goes on following, with another width.
+  // Shows `factor` times as much around a time. A view that follows goes on following, with another width.
   void Zoom(double factor, double around);
 
  private:
@@ -73,7 +74,7 @@ class ChartScroll {
   ChartView view_;
 };
 
-// The round time from one tick to the next that gives a view about `most` ticks, and never two more.
+// The least round time from one tick to the next that gives a view no more than `most` + 1 ticks.
 double TickStep(double span, int most);
 
 }  // namespace dosmara

@@ -6,8 +6,9 @@
 
 namespace dosmara {
 
-// Empty, or a ring for a value on its way, a tick for one that the machine has sent back, a crossed-out disc
-// for one in whose place the machine has sent another. The shapes can be told apart without colour.
+// The mark is a ring while a value is on its way, a tick when the machine has sent it back, a crossed-out
+// disc when the machine has sent another one instead, and else empty. The shapes can be told apart without
+// colour.
 class EchoMark : public QWidget {
   Q_OBJECT
   Q_PROPERTY(State state READ state)
@@ -20,10 +21,10 @@ class EchoMark : public QWidget {
 
   // A value has been written: it is on its way until something arrives.
   void Sent(double value);
-  // A value has arrived. The one that was written is taken; any other says that the written one is not, which
-  // stands until the next change.
+  // A value has arrived. If it is the one that was written, the machine has taken that one. Any other value
+  // says that it has not, which stands until the next change.
   void Came(double value);
-  // There is nothing to tell.
+  // Empties the mark.
   void Clear() { SetState(State::kNone); }
 
   State state() const { return state_; }

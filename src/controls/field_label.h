@@ -14,7 +14,7 @@ class FieldLabel : public QLabel {
   // With `framed`, the label looks like the closed field of a value.
   explicit FieldLabel(QWidget* parent, bool framed = false);
 
-  // A quiet label stands back behind the others.
+  // Writes the text in softened ink, as while the label is disabled, or in full ink again.
   void SetQuiet(bool quiet);
 
   QSize sizeHint() const override;

@@ -12,12 +12,12 @@ namespace dosmara {
 enum class LampState { kUnknown, kOff, kOn };
 enum class LampShape { kRound, kRectangular };
 
-// Draws a lamp that fills `place`: bright with a shine when on, a dark glass when off, a broken outline
-// around nothing when it is not known. One that is not `enabled` is paler, and as easy to tell.
+// Draws a lamp that fills `place`: bright with a shine when on, a dark glass when off, an empty broken
+// outline when it is not known. A lamp that is not `enabled` is paler, but its states differ as clearly.
 void DrawLamp(QPainter& painter, const QRectF& place, LampShape shape, LampState state, bool enabled,
               const QPalette& palette);
 
-// The word of a state out of "off,on" or "off,on,not known"; none for a state that has no word there.
+// The word of a state out of "off,on" or "off,on,not known"; empty for a state that has no word there.
 QString LampText(const QString& words, LampState state);
 
 }  // namespace dosmara

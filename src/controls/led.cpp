@@ -1,8 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "controls/led.h"
 
-#include "controls/reading.h"
-
 namespace dosmara {
 
 namespace {
@@ -12,10 +10,7 @@ constexpr double kRectangleHeight = 0.8;
 
 }  // namespace
 
-Led::Led(QWidget* parent, LampShape shape) : QWidget(parent), shape_(shape) {
-  LetInstrumentsBeRead();
-  setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
-}
+Led::Led(QWidget* parent, LampShape shape) : Instrument(parent), shape_(shape) {}
 
 void Led::SetKnown(bool known) {
   if (known != IsKnown()) {

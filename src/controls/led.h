@@ -2,14 +2,13 @@
 // A lamp that shows one bit of the machine.
 #pragma once
 
-#include <QWidget>
-
+#include "controls/instrument.h"
 #include "controls/lamp.h"
 
 namespace dosmara {
 
-// A lamp, on or off, which is unknown until it has been told.
-class Led : public QWidget {
+// A lamp that is on or off, or not known, which it is at first.
+class Led : public Instrument {
   Q_OBJECT
   Q_PROPERTY(bool on READ IsOn WRITE SetOn)
   Q_PROPERTY(bool known READ IsKnown WRITE SetKnown)
@@ -17,20 +16,19 @@ class Led : public QWidget {
  public:
   explicit Led(QWidget* parent, LampShape shape = LampShape::kRound);
 
-  // Whether it is on; one that is not known is not.
+  // Whether the lamp is on. While it is not known it counts as off.
   bool IsOn() const { return state_ == LampState::kOn; }
   // Shows on or off, which is then known.
   void SetOn(bool on) { SetState(on ? LampState::kOn : LampState::kOff); }
 
   bool IsKnown() const { return state_ != LampState::kUnknown; }
-  // Forgets what it shows; a lamp that is to be known and is not yet is off.
+  // With false, the lamp forgets what it shows. With true, a lamp that was not known is off.
   void SetKnown(bool known);
 
   // The words of its states for a screen reader, "off,on" or "off,on,not known".
   void SetStateTexts(const QString& words);
 
   QSize sizeHint() const override;
-  QSize minimumSizeHint() const override { return sizeHint(); }
 
  protected:
   void paintEvent(QPaintEvent* event) override;

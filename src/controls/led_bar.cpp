@@ -2,7 +2,6 @@
 #include "controls/led_bar.h"
 
 #include "controls/lamp.h"
-#include "controls/reading.h"
 
 namespace dosmara {
 
@@ -19,11 +18,7 @@ QRect LedBarLamp(QSize size, int index) {
   return {left, 0, right - left - kDistance, size.height()};
 }
 
-LedBar::LedBar(QWidget* parent) : QWidget(parent) {
-  LetInstrumentsBeRead();
-  setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
-  Describe();
-}
+LedBar::LedBar(QWidget* parent) : Instrument(parent) { Describe(); }
 
 void LedBar::SetPosition(int position) {
   if (position >= 0 && position <= kLedBarLamps && position != position_) {

@@ -3,7 +3,8 @@
 #pragma once
 
 #include <QRect>
-#include <QWidget>
+
+#include "controls/instrument.h"
 
 namespace dosmara {
 
@@ -13,7 +14,7 @@ inline constexpr int kLedBarLamps = 20;
 QRect LedBarLamp(QSize size, int index);
 
 // A bar of lamps of which as many are lit, from the left, as its position says: 0 to 20.
-class LedBar : public QWidget {
+class LedBar : public Instrument {
   Q_OBJECT
   Q_PROPERTY(int position READ Position WRITE SetPosition)
 
@@ -21,11 +22,10 @@ class LedBar : public QWidget {
   explicit LedBar(QWidget* parent);
 
   int Position() const { return position_; }
-  // Takes a position; one that does not exist is ignored.
+  // Takes a position. One that is not 0 to 20 is ignored.
   void SetPosition(int position);
 
   QSize sizeHint() const override;
-  QSize minimumSizeHint() const override { return sizeHint(); }
 
  protected:
   void paintEvent(QPaintEvent* event) override;

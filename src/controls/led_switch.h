@@ -19,8 +19,8 @@ struct LedSwitchGeometry {
 // Lays out a switch with a word of `width_of_text`, 0 for none, by the height of the text.
 LedSwitchGeometry LayOutLedSwitch(int width_of_text, int height_of_text);
 
-// A switch that never switches by itself: a press tells what the operator wishes, and the lamp shows what it
-// is given, which is unknown at first. Its word is the `text` of the button.
+// A switch that never switches by itself: a press tells what the operator wishes, and the lamp shows what the
+// program sets, which is not known at first. The word on the switch is the `text` of the button.
 class LedSwitch : public QAbstractButton {
   Q_OBJECT
   Q_PROPERTY(bool on READ IsOn WRITE SetOn)
@@ -29,13 +29,13 @@ class LedSwitch : public QAbstractButton {
  public:
   explicit LedSwitch(QWidget* parent);
 
-  // Whether the lamp is on; one that is not known is not.
+  // Whether the lamp is on. While it is not known it counts as off.
   bool IsOn() const { return isChecked(); }
-  // Shows on or off, which is then known. It tells no wish.
+  // Shows on or off, which is then known. `Wished` is not emitted.
   void SetOn(bool on);
 
   bool IsKnown() const { return known_; }
-  // Forgets what it shows; a lamp that is to be known and is not yet is off.
+  // With false, the lamp forgets what it shows. With true, a lamp that was not known is off.
   void SetKnown(bool known);
 
   // The words of both states for a screen reader, "off,on".

@@ -28,7 +28,7 @@ SwitchPad::SwitchPad(QWidget* parent, int count) : Pad(parent) {
   SetButtons(buttons);
 }
 
-// A switch leaves room for its focus frame, which stays while the machine is awaited.
+// A switch that is disabled while it has the focus loses it to the pad, which paints the frame in its place.
 void SwitchPad::paintEvent(QPaintEvent*) {
   const QRectF held = HeldPlace();
   if (held.isEmpty()) {

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Many switches that the keyboard moves among.
+// Panels of many switches.
 #pragma once
 
 #include <QGridLayout>
@@ -10,8 +10,8 @@
 
 namespace dosmara {
 
-// A panel of switches, which are its children: whoever owns it lays them out as he likes, with captions or
-// without. Switches that are laid out one above the other are reached with Up and Down.
+// A panel of switches, which are its children. Its owner lays them out, with captions or without; the arrow
+// keys go by where they lie.
 class SwitchPad : public Pad {
   Q_OBJECT
 
@@ -40,7 +40,7 @@ class MatrixPad : public SwitchPad {
  public:
   MatrixPad(QWidget* parent, int rows, int columns);
 
-  // Places a caption below a switch; it becomes a child of the pad.
+  // Places a caption below a switch. The caption becomes a child of the pad.
   void PlaceBelow(int index, QWidget* caption);
 
  private:

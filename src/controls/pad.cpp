@@ -32,7 +32,7 @@ int NeighbourOf(const std::vector<QRect>& buttons, int from, Qt::Key arrow) {
 
 namespace {
 
-// Scroll areas follow Tab by themselves, and no other way of the focus.
+// A scroll area brings what has the focus into sight by itself, but only when Tab has moved the focus.
 void BringIntoSight(QWidget& button) {
   for (QWidget* around = button.parentWidget(); around != nullptr; around = around->parentWidget()) {
     if (auto* area = qobject_cast<QScrollArea*>(around)) {
@@ -67,7 +67,8 @@ int Pad::IndexOf(const QObject* widget) const {
   return -1;
 }
 
-// Tab stops at the button that has the focus, so that it also leaves from there, and else where it enters.
+// One button alone takes Tab: the focused one, so that the next Tab leaves the pad from there; while none has
+// the focus, the one on which Tab enters.
 void Pad::ChooseStop() {
   int stop = IndexOf(QApplication::focusWidget());
   if (stop < 0 && entry_ >= 0 && buttons_[entry_]->isEnabled()) {
@@ -133,7 +134,8 @@ bool Pad::eventFilter(QObject* watched, QEvent* event) {
   return QWidget::eventFilter(watched, event);
 }
 
-// A button that is disabled while it has the focus asks here for the next one.
+// Qt asks for the next control too when the button that has the focus is disabled. The pad takes the focus
+// then.
 bool Pad::focusNextPrevChild(bool next) {
   const int focused = IndexOf(QApplication::focusWidget());
   if (focused >= 0 && !buttons_[focused]->isEnabled()) {

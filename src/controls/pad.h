@@ -29,7 +29,8 @@ class Pad : public QWidget {
   // The button on which Tab enters. Without one, or while it is disabled, it is the first that is enabled.
   void SetEntry(int button);
 
-  // Where the disabled button lies that the panel holds the focus for, for the panel to mark; else empty.
+  // The place of the disabled button for which the panel keeps the focus, so that the panel can mark it.
+  // Empty if there is none.
   QRect HeldPlace() const;
 
   bool eventFilter(QObject* watched, QEvent* event) override;

@@ -12,7 +12,7 @@ namespace dosmara {
 namespace {
 
 constexpr int kThinnest = 3;
-constexpr int kLinesToText = 5;  // the line's height goes this often into that of the text
+constexpr int kLinesToText = 5;  // heights of the line in one of the text
 
 }  // namespace
 

@@ -8,6 +8,8 @@
 #include <QShortcut>
 #include <algorithm>
 
+#include "controls/scaled_font.h"
+
 namespace dosmara {
 
 namespace {
@@ -26,9 +28,7 @@ QStringList TextsOf(const QTreeWidgetItem& item) {
 }  // namespace
 
 ReportList::ReportList(QWidget* parent, int lines) : QTreeWidget(parent), room_(lines) {
-  QFont large = font();
-  large.setPointSizeF(large.pointSizeF() * kFontScale);
-  setFont(large);
+  setFont(ScaledFont(font(), kFontScale));
   setRootIsDecorated(false);
   setUniformRowHeights(true);
   setAllColumnsShowFocus(true);

@@ -20,16 +20,15 @@ class ReportList : public QTreeWidget {
     QStringList texts;
   };
 
-  // With room for so many lines.
+  // Its usual size has room for so many lines.
   ReportList(QWidget* parent, int lines);
 
   // Sets the headings, and gives each column the width of the widest text among its heading and those that
-  // can stand under it. Widths that the operator has changed stay until the texts want others.
+  // can stand under it. Widths that the operator has changed stay until the texts need others.
   void SetColumns(const QStringList& headings, const std::vector<QStringList>& texts);
 
-  // Shows these lines in place of those before. The selection stays with its line as that moves down; once it
-  // has left the list, or its id is that of a line further up, with the place where it stood. The list stays
-  // scrolled as it is.
+  // Shows these lines in place of those before, with the list scrolled as it is. A selected line that moves
+  // down stays selected. If it leaves the list, or moves up, the line in its old place is selected.
   void ShowLines(const std::vector<Line>& lines);
 
   // Headings and lines, with tabs between the columns.

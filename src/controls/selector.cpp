@@ -119,7 +119,7 @@ QFont Selector::ChosenFont() const {
   return bold;
 }
 
-// The chosen word is bold: room is made for all words to be.
+// The chosen word is bold, so each word gets the room that it needs in bold.
 void Selector::LayOut() {
   const QFontMetrics metrics(ChosenFont());
   std::vector<int> widths;

@@ -65,7 +65,7 @@ class Selector : public QWidget {
   void LayOut();
   void Describe();
   void Take(int position);
-  // The operator chooses a position; while it is not known, any is a change.
+  // Takes the operator's choice. While the position is not known, any choice is a change.
   void Choose(int position);
   // Moves by some positions and stops at the ends.
   void MoveBy(int steps);

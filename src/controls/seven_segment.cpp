@@ -6,7 +6,6 @@
 #include <algorithm>
 #include <cmath>
 
-#include "controls/reading.h"
 #include "controls/tones.h"
 
 namespace dosmara {
@@ -95,10 +94,7 @@ SegmentGeometry LayOutSegments(QSize size, int digits) {
   return geometry;
 }
 
-SegmentPanel::SegmentPanel(QWidget* parent, int places) : QWidget(parent), places_(places) {
-  LetInstrumentsBeRead();
-  setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
-}
+SegmentPanel::SegmentPanel(QWidget* parent, int places) : Instrument(parent), places_(places) {}
 
 void SegmentPanel::SetText(const QString& text) {
   if (text != text_) {
@@ -114,7 +110,7 @@ QSize SegmentPanel::sizeHint() const {
           static_cast<int>(std::ceil(digit_height * (1 + 2 * kBorder)))};
 }
 
-// Unlit segments stay faintly in sight, so that a display without a number is seen to be one.
+// Unlit segments stay faintly in sight, so that an empty display is seen to be a display.
 void SegmentPanel::paintEvent(QPaintEvent*) {
   const SegmentGeometry geometry = LayOutSegments(size(), places_);
   const QColor lit = Blend(kLit, kPanel, isEnabled() ? 0 : kPale);

@@ -5,14 +5,15 @@
 #include <QPolygonF>
 #include <QRectF>
 #include <QString>
-#include <QWidget>
 #include <vector>
+
+#include "controls/instrument.h"
 
 namespace dosmara {
 
-// The text of a display with room for a sign and `digits` digits, `decimals` of them behind the point:
-// aligned right, without the decimals where only the whole number fits, "-" in each place where that does not
-// fit either, empty for one that is not a number.
+// The text of a display with room for a sign and `digits` digits, `decimals` of them behind the point,
+// aligned right. A value that is too long is shown without decimals, and if it still does not fit, as "-" in
+// each place. The text of NaN is empty.
 QString SegmentText(double value, int digits, int decimals);
 
 // The segments that are lit for a character, bit 0 to 6 for the segments a to g; none for a blank.
@@ -30,12 +31,11 @@ struct SegmentGeometry {
 SegmentGeometry LayOutSegments(QSize size, int digits);
 
 // What a number and a clock have in common: a dark panel with digits.
-class SegmentPanel : public QWidget {
+class SegmentPanel : public Instrument {
   Q_OBJECT
 
  public:
   QSize sizeHint() const override;
-  QSize minimumSizeHint() const override { return sizeHint(); }
 
  protected:
   SegmentPanel(QWidget* parent, int places);
@@ -65,7 +65,7 @@ class SevenSegment : public SegmentPanel {
   void SetValue(double value);
 
   bool IsKnown() const { return known_; }
-  // Forgets the number; one that is to be known and is not yet is 0.
+  // With false, the display forgets the number. With true, a number that was not known is 0.
   void SetKnown(bool known);
 
  private:
@@ -87,7 +87,7 @@ class SegmentClock : public SegmentPanel {
 
   // The time as "hh:mm"; empty while it is not known.
   QString Time() const { return time_; }
-  // Takes a time as "hh:mm" or an empty one, which is not known. Any other text is ignored.
+  // Takes a time as "hh:mm", or an empty text for a time that is not known. Any other text is ignored.
   void SetTime(const QString& time);
 
  private:

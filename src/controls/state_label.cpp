@@ -20,7 +20,7 @@ StateLabel::StateLabel(QWidget* parent) : FieldLabel(parent) {
   setContentsMargins(fontMetrics().height(), 0, 0, 0);
 }
 
-void StateLabel::SetColour(int colour) {
+void StateLabel::SetColour(const QColor& colour) {
   colour_ = colour;
   update();
 }
@@ -30,7 +30,7 @@ void StateLabel::paintEvent(QPaintEvent* event) {
   QPainter painter(this);
   painter.setRenderHint(QPainter::Antialiasing);
   painter.setPen(QPen(Ink(palette(), true), kRim));
-  painter.setBrush(QColor(colour_ & 255, colour_ >> 8 & 255, colour_ >> 16 & 255));
+  painter.setBrush(colour_);
   const double side = contentsMargins().left() - 2 * kRim;
   painter.drawEllipse(QRectF(kRim, (height() - side) / 2, side, side));
 }

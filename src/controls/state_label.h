@@ -2,6 +2,8 @@
 // A word that tells the state of something large.
 #pragma once
 
+#include <QColor>
+
 #include "controls/field_label.h"
 
 namespace dosmara {
@@ -10,20 +12,20 @@ namespace dosmara {
 // on any ground, whatever the colour.
 class StateLabel : public FieldLabel {
   Q_OBJECT
-  Q_PROPERTY(int colour READ Colour WRITE SetColour)
+  Q_PROPERTY(QColor colour READ Colour WRITE SetColour)
 
  public:
   explicit StateLabel(QWidget* parent);
 
-  // The colour of the disc as a number: red in the low byte, then green, then blue. 255 is red.
-  int Colour() const { return colour_; }
-  void SetColour(int colour);
+  // The colour of the disc.
+  const QColor& Colour() const { return colour_; }
+  void SetColour(const QColor& colour);
 
  protected:
   void paintEvent(QPaintEvent* event) override;
 
  private:
-  int colour_ = 0;
+  QColor colour_ = Qt::black;
 };
 
 }  // namespace dosmara

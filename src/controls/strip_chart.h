@@ -14,17 +14,15 @@
 
 #include "controls/chart_view.h"
 
-class QCPGraph;
-class QCustomPlot;
-
 namespace dosmara {
 
 class ChartBar;
+class ChartPlot;
 
 // What tells one chart from another.
 struct StripChartSetup {
   std::span<const QColor> colours;     // of the channels
-  std::chrono::duration<double> span;  // of the time that it shows while it follows
+  std::chrono::duration<double> span;  // of the view while it follows
   int time_ticks = 0;                  // major ticks in that span
   double low = 0;                      // ends of the scale of values, which both have a major tick
   double high = 0;
@@ -41,9 +39,9 @@ struct StripChartCaptions {
   QStringList controls;
 };
 
-// Keeps all that it is given and draws once for each sample. It follows the newest sample until the operator
-// looks at something else, by the controls above the chart, by keys, or by drawing and turning the wheel;
-// from then on samples leave the view alone, until it is told to follow again.
+// Keeps all samples that it is given and draws once for each. It follows the newest one until the operator
+// looks at something else, by the controls above the chart, by keys, by dragging the strip or by turning the
+// wheel; from then on samples leave the view alone, until it is told to follow again.
 class StripChart : public QWidget {
   Q_OBJECT
   Q_PROPERTY(bool following READ Following WRITE SetFollowing)
@@ -52,9 +50,9 @@ class StripChart : public QWidget {
   // What `setup` points at outlives the chart.
   StripChart(QWidget* parent, const StripChartSetup& setup);
 
-  // Adds the sample of a time that is not before that of any other, with a value for each channel that has
-  // one. A channel's points are joined by a line where the numbers of their samples follow each other; behind
-  // the largest number of 16 bits the smallest follows.
+  // Adds a sample, no older than any other, with a value for each channel that has one. A line joins two
+  // points of a channel if the numbers of their samples follow each other; the smallest number of 16 bits
+  // follows the largest.
   void AddSample(std::int16_t number, std::chrono::duration<double> time,
                  std::span<const std::optional<double>> values);
 
@@ -63,8 +61,8 @@ class StripChart : public QWidget {
   void SetCaptions(const StripChartCaptions& captions);
 
   bool Following() const { return scroll_.Following(); }
-  // Shows the newest samples in a view of the chart's own width and goes on with each one to come; or lets
-  // the view stand where it is.
+  // Shows the newest samples, as wide a view as was set up, and moves on with each one to come; or lets the
+  // view stand where it is.
   void SetFollowing(bool following);
 
   // The stretch of time in sight.
@@ -77,31 +75,22 @@ class StripChart : public QWidget {
 
  protected:
   void changeEvent(QEvent* event) override;
-  bool eventFilter(QObject* watched, QEvent* event) override;
 
  private:
   struct Channel {
-    QCPGraph* graph;
     std::optional<std::int16_t> last_number;  // of the sample of its last point
     std::optional<double> newest;             // its value in the newest sample
   };
 
-  void SetUpAxes();
-  void AddChannels();
-  double Width() const;
-  void ChooseMarks();
-  void Dress();
   void ShowView();
   void TellValues();
-  void Redraw();
 
   StripChartSetup setup_;
   StripChartCaptions captions_;
-  ChartBar* bar_;
-  QCustomPlot* plot_;
-  std::vector<Channel> channels_;
   ChartScroll scroll_;
-  bool moving_ = false;  // the chart itself changes its view
+  ChartBar* bar_;
+  ChartPlot* plot_;
+  std::vector<Channel> channels_;
 };
 
 }  // namespace dosmara

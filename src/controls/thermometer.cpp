@@ -5,7 +5,6 @@
 #include <QPainterPath>
 #include <algorithm>
 
-#include "controls/reading.h"
 #include "controls/tones.h"
 
 namespace dosmara {
@@ -47,10 +46,7 @@ ThermometerGeometry LayOutThermometer(QSize size, int height_of_text, double val
   return geometry;
 }
 
-Thermometer::Thermometer(QWidget* parent) : QWidget(parent) {
-  LetInstrumentsBeRead();
-  setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
-}
+Thermometer::Thermometer(QWidget* parent) : Instrument(parent) {}
 
 void Thermometer::SetValue(double value) { Show(true, value); }
 

@@ -3,8 +3,9 @@
 #pragma once
 
 #include <QRectF>
-#include <QWidget>
 #include <vector>
+
+#include "controls/instrument.h"
 
 namespace dosmara {
 
@@ -15,17 +16,17 @@ inline constexpr int kThermometerTicks = 13;
 struct ThermometerGeometry {
   QRectF bulb;
   QRectF tube;                // from the bulb to above the last line
-  QRectF column;              // what is filled of the tube; empty for a value far below 0
+  QRectF column;              // the filled part of the tube
   std::vector<double> ticks;  // heights of the lines, from 0 upwards
   double tick_left = 0;       // where the lines and the numbers begin
   double number_left = 0;
 };
 
-// Lays a thermometer of `size` out. A value off the scale fills the tube a little beyond its end.
+// Lays a thermometer of `size` out. A column whose value is off the scale ends a little beyond the scale.
 ThermometerGeometry LayOutThermometer(QSize size, int height_of_text, double value);
 
 // A thermometer from 0 to 120 degrees. It is empty until a value has come.
-class Thermometer : public QWidget {
+class Thermometer : public Instrument {
   Q_OBJECT
   Q_PROPERTY(double value READ Value WRITE SetValue)
   Q_PROPERTY(bool known READ IsKnown WRITE SetKnown)
@@ -38,11 +39,10 @@ class Thermometer : public QWidget {
   void SetValue(double value);
 
   bool IsKnown() const { return known_; }
-  // Forgets the value; one that is to be known and is not yet is 0.
+  // With false, the thermometer forgets the value. With true, a value that was not known is 0.
   void SetKnown(bool known);
 
   QSize sizeHint() const override;
-  QSize minimumSizeHint() const override { return sizeHint(); }
 
  protected:
   void paintEvent(QPaintEvent* event) override;

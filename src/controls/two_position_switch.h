@@ -14,7 +14,7 @@ struct SwitchGeometry {
   QRect knob;
 };
 
-// Where the knob of a switch is that nobody knows the position of.
+// Where the knob stands while the position is not known: half way between 0 and 1.
 inline constexpr double kUnknownPosition = 0.5;
 
 // Lays a switch of `size` out, with room for two words of the given widths; a width of 0 leaves no room.
@@ -30,7 +30,7 @@ class TwoPositionSwitch : public QAbstractButton {
  public:
   explicit TwoPositionSwitch(QWidget* parent);
 
-  // The position, 0 or the last one while it is not known.
+  // The position. While it is not known, the last one that was, or 0.
   int Position() const { return isChecked() ? 1 : 0; }
   // Takes a position, which is then known; anything but 0 is position 1. Setting the position that it has
   // raises no change event.
@@ -56,7 +56,7 @@ class TwoPositionSwitch : public QAbstractButton {
 
  private:
   void Describe();
-  // The operator chooses a position; while it is not known, either is a change.
+  // Takes the operator's choice. While the position is not known, either choice is a change.
   void Choose(int position);
 
   QString text_[2];

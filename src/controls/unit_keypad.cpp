@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "controls/unit_keypad.h"
 
+#include "controls/scaled_font.h"
+
 namespace dosmara {
 
 namespace {
@@ -30,9 +32,7 @@ QRect UnitKeyRect(QSize size, int index) {
 }
 
 UnitKeypad::UnitKeypad(QWidget* parent) : KeyPanel(parent, Digits()) {
-  QFont digits = font();
-  digits.setPointSizeF(digits.pointSizeF() * kDigitScale);
-  setFont(digits);
+  setFont(ScaledFont(font(), kDigitScale));
 }
 
 void UnitKeypad::SetOpen(bool open) {
@@ -46,7 +46,7 @@ QSize UnitKeypad::sizeHint() const {
   return {side, side};
 }
 
-// The index of the key that a key of the keyboard presses; -1 for none.
+// The index of the keypad's key that a key of the keyboard stands for; -1 for none.
 int UnitKeypad::KeyMeant(const QObject* focused, const QKeyEvent& event) {
   const bool enter = event.key() == Qt::Key_Return || event.key() == Qt::Key_Enter;
   const bool plain = (event.modifiers() & ~Qt::KeypadModifier) == Qt::NoModifier;
@@ -64,8 +64,8 @@ void UnitKeypad::SetAllUp() {
   }
 }
 
-// A key of the keyboard presses as it goes down, so that two that overlap come in their order, and what it
-// has pressed stays down as long as the finger does.
+// A key of the keyboard presses as it goes down, not as it comes up, so that two presses that overlap come in
+// their order. The key that it has pressed stays down until the finger leaves the keyboard's.
 bool UnitKeypad::eventFilter(QObject* watched, QEvent* event) {
   if (event->type() == QEvent::FocusOut) {
     SetAllUp();

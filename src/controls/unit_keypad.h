@@ -21,7 +21,7 @@ class UnitKeypad : public KeyPanel {
  public:
   explicit UnitKeypad(QWidget* parent);
 
-  // Opens the keypad, or closes it: closed it does not answer.
+  // Opens the keypad for the operator, or closes it.
   void SetOpen(bool open);
 
   QSize sizeHint() const override;

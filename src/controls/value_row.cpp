@@ -7,9 +7,6 @@ namespace {
 
 // A value field is as wide as this many digits, whatever the box's length, so that fields line up.
 constexpr int kValueDigits = 7;
-// Length of a bar in a cell, in widths of the letter x.
-constexpr int kCellBarLength = 13;
-constexpr int kUnitCellBarLength = 18;
 
 }  // namespace
 
@@ -18,14 +15,14 @@ ValueRow::ValueRow(QWidget* parent, ValueRowSetup setup)
       setup_(std::move(setup)),
       caption_(new FieldLabel(parent)),
       value_(new FieldLabel(parent, true)),
-      box_(setup_.box_name.isEmpty() ? nullptr : new EntryBox(parent)),
+      box_(setup_.box_name.isEmpty() ? nullptr : new EntryBox(parent, kOverShownValue)),
       bar_(new Bar(parent)),
       echo_(new EchoMark(parent)) {
   caption_->setObjectName(setup_.caption_name);
   value_->setObjectName(setup_.value_name);
   bar_->setObjectName(setup_.bar_name);
   const QSize field(kValueDigits * value_->fontMetrics().horizontalAdvance('0'),
-                    EntryBox(nullptr).sizeHint().height());
+                    EntryBox(nullptr, kOverShownValue).sizeHint().height());
   value_->setFixedSize(field);
   if (box_ != nullptr) {
     box_->setObjectName(setup_.box_name);
@@ -39,48 +36,15 @@ ValueRow::ValueRow(QWidget* parent, ValueRowSetup setup)
 
 void ValueRow::PlaceIn(QGridLayout& grid, int row, int column) {
   grid.addWidget(caption_, row, column);
-  grid.addWidget(value_, row, column + 1);
-  if (box_ != nullptr) {
-    grid.addWidget(box_, row, column + 1);
-  }
+  PlaceValueIn(grid, row, column + 1);
   grid.addWidget(bar_, row, column + 2);
   grid.addWidget(echo_, row, column + 3);
 }
 
-void ValueRow::PlaceStackedIn(QGridLayout& grid, int row) {
-  PlaceIn(grid, row, 0);
-  grid.addWidget(echo_, row, 2);
-  grid.addWidget(bar_, row + 1, 0, 1, 3);
-}
-
-void ValueRow::PlaceCellIn(QGridLayout& grid, int row, int column) {
-  auto* cell = new QGridLayout;
-  cell->setSpacing(1);
-  cell->addWidget(caption_, 0, 0, 1, 2);
-  PlaceField(*cell, 1);
-  cell->addWidget(echo_, 1, 1);
-  bar_->setMinimumWidth(kCellBarLength * bar_->fontMetrics().horizontalAdvance('x'));
-  cell->addWidget(bar_, 2, 0, 1, 2);
-  grid.addLayout(cell, row, column);
-}
-
-void ValueRow::PlaceUnitCellIn(QGridLayout& grid, int row, int column) {
-  auto* cell = new QGridLayout;
-  cell->setSpacing(1);
-  PlaceField(*cell, 0);
-  cell->addWidget(caption_, 0, 1);
-  cell->addWidget(echo_, 0, 2);
-  bar_->setFixedWidth(kUnitCellBarLength * bar_->fontMetrics().horizontalAdvance('x'));
-  cell->addWidget(bar_, 1, 0, 1, 3, Qt::AlignLeft);
-  cell->setColumnStretch(1, 1);
-  grid.addLayout(cell, row, column);
-}
-
-// The value with the box over it.
-void ValueRow::PlaceField(QGridLayout& cell, int row) {
-  cell.addWidget(value_, row, 0);
+void ValueRow::PlaceValueIn(QGridLayout& grid, int row, int column) {
+  grid.addWidget(value_, row, column);
   if (box_ != nullptr) {
-    cell.addWidget(box_, row, 0);
+    grid.addWidget(box_, row, column);
   }
 }
 
@@ -113,7 +77,7 @@ void ValueRow::SetOpen(bool open) {
     box_->setVisible(open && !withdrawn_);
   }
   if (open && setup_.opening_fills_box) {
-    box_->Put(value_->text());
+    box_->ShowText(value_->text());
   }
 }
 

@@ -26,7 +26,7 @@ struct ValueRowSetup {
   // Takes a confirmed text. Returns whether it was good; else the box brings back what it showed before.
   std::function<bool(const QString& text)> enter;
   bool closed_box_stays = false;   // a closed row's box is disabled instead of hidden
-  bool opening_fills_box = false;  // a row that opens shows its value on the box anew
+  bool opening_fills_box = false;  // whatever is typed in the box when the row opens gives way to the value
 };
 
 // The controls of a row and what they do to each other. The box lies exactly over the value: with the
@@ -47,12 +47,8 @@ class ValueRow : public QObject {
 
   // Lays the controls into four columns of `grid`: caption, value and box, bar, mark.
   void PlaceIn(QGridLayout& grid, int row, int column);
-  // Lays them into two rows of `grid`, the bar below the others, where a form has little width.
-  void PlaceStackedIn(QGridLayout& grid, int row);
-  // Lays them into one cell of a wide grid: the caption above value and mark, a short bar below.
-  void PlaceCellIn(QGridLayout& grid, int row, int column);
-  // Lays them into one cell too, with the caption behind the value, where it is the value's unit.
-  void PlaceUnitCellIn(QGridLayout& grid, int row, int column);
+  // Lays the value, and the box over it, into one place of `grid`, for a form that lays the others itself.
+  void PlaceValueIn(QGridLayout& grid, int row, int column);
 
   // Sets the caption, which is also what the box and the bar are called by a screen reader.
   void SetCaption(const QString& text);
@@ -60,7 +56,7 @@ class ValueRow : public QObject {
   // What the box and the bar are called by a screen reader where the caption says too little.
   void SetSpokenName(const QString& name);
 
-  // The value label has been given a new text: the box follows it, and so does the text it keeps.
+  // Shows the text of the value's label on the box too. To be called after that text has changed.
   void TakeValueText();
 
   // Opens the row for changes or closes it: the bar and the box, not the labels.
@@ -75,7 +71,6 @@ class ValueRow : public QObject {
   void Withdraw();
 
  private:
-  void PlaceField(QGridLayout& cell, int row);
   void Confirm(const QString& text);
 
   ValueRowSetup setup_;

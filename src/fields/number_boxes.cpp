@@ -1,8 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "fields/number_boxes.h"
 
-#include <QFocusEvent>
-#include <QKeyEvent>
 #include <cmath>
 
 #include "fields/entry_parsers.h"
@@ -20,36 +18,17 @@ constexpr int kDigits = 10;  // width of a box
 
 }  // namespace
 
-NumberEdit::NumberEdit(QWidget* parent) : QLineEdit(parent) {
-  setAlignment(Qt::AlignRight);
-  setMinimumWidth(kDigits * fontMetrics().horizontalAdvance('0'));
-  connect(this, &QLineEdit::returnPressed, this, &NumberEdit::Confirmed);
-}
-
-void NumberEdit::focusOutEvent(QFocusEvent* event) {
-  if (isActiveWindow() && event->reason() != Qt::PopupFocusReason) {
-    emit Confirmed();
-  }
-  QLineEdit::focusOutEvent(event);
-}
-
-void NumberEdit::keyPressEvent(QKeyEvent* event) {
-  if (event->key() == Qt::Key_Escape) {
-    emit GivenUp();
-  } else {
-    QLineEdit::keyPressEvent(event);
-  }
-}
-
 NumberBoxes::NumberBoxes(QWidget* parent, const ControlArray& captions, const ControlArray& edits,
                          std::span<const NumberBox> boxes, const bool& in_arrival)
     : boxes_(boxes), in_arrival_(in_arrival) {
   for (int n = 0; n < size(); ++n) {
-    Row row{new FieldLabel(parent), new NumberEdit(parent), new EchoMark(parent)};
+    Row row{new FieldLabel(parent), new EntryBox(parent, kConfirmedByLeaving), new EchoMark(parent)};
     row.caption->setObjectName(captions[n]);
     row.edit->setObjectName(edits[n]);
-    QObject::connect(row.edit, &NumberEdit::Confirmed, row.edit, [this, n] { Confirm(n); });
-    QObject::connect(row.edit, &NumberEdit::GivenUp, row.edit, [this, n] { ShowInForce(n); });
+    row.edit->setMinimumWidth(kDigits * row.edit->fontMetrics().horizontalAdvance('0'));
+    row.edit->ComeBackTo([this, n] { return TextInForce(n); });
+    QObject::connect(row.edit, &EntryBox::Confirmed, row.edit,
+                     [this, n](const QString& text) { Confirm(n, text); });
     rows_.push_back(row);
   }
 }
@@ -89,50 +68,33 @@ void NumberBoxes::SetEnabled(bool enabled) {
 void NumberBoxes::Show(int n, double value) {
   rows_[n].known = true;
   rows_[n].mark->Came(value);
-  Put(n, value);
-}
-
-// In a box that has the focus the next key replaces the number.
-void NumberBoxes::Put(int n, double value) {
-  NumberEdit& edit = *rows_[n].edit;
-  if (edit.text() == WholeText(value)) {
-    return;
-  }
-  edit.setText(WholeText(value));
-  if (edit.hasFocus()) {
-    edit.selectAll();
-  }
+  rows_[n].edit->ShowText(WholeText(value));
 }
 
 // The table holds what came last or is on its way; before that, what an index file says, which is not the
 // machine's.
-void NumberBoxes::ShowInForce(int n) {
-  if (rows_[n].known) {
-    Put(n, ParamGet(boxes_[n].record, kMainBoard));
-  } else {
-    rows_[n].edit->clear();
-  }
+QString NumberBoxes::TextInForce(int n) const {
+  return rows_[n].known ? WholeText(ParamGet(boxes_[n].record, kMainBoard)) : QString();
 }
 
-void NumberBoxes::Confirm(int n) {
+void NumberBoxes::Confirm(int n, const QString& text) {
   if (in_arrival_ || ended_) {
     return;
   }
   const NumberBox& box = boxes_[n];
-  const QString text = rows_[n].edit->text();
   if (!ParseNumeric(text)) {
-    ShowInForce(n);
+    rows_[n].edit->Restore();
     return;
   }
   const double entry = std::round(ParseNumeric(text.left(box.characters)).value_or(-1));
   const bool good = entry >= 0 && entry <= box.largest;
   if (!good && !rows_[n].known) {
-    ShowInForce(n);
+    rows_[n].edit->Restore();
     return;
   }
   const double value = good ? entry : ParamGet(box.record, kMainBoard);
   rows_[n].known = true;
-  Put(n, value);
+  rows_[n].edit->ShowText(WholeText(value));
   rows_[n].mark->Sent(value);
   PutWithMirror(kMainBoard, box.record, box.mirror, value);
 }

@@ -3,12 +3,12 @@
 #pragma once
 
 #include <QGridLayout>
-#include <QLineEdit>
 #include <QWidget>
 #include <span>
 #include <vector>
 
 #include "controls/echo_mark.h"
+#include "controls/entry_box.h"
 #include "controls/field_label.h"
 #include "fields/control_array.h"
 #include "fields/field_group.h"
@@ -24,23 +24,6 @@ struct NumberBox {
   int largest = 0;     // a number above it writes the one in force again
 };
 
-// A box that tells when it is left for another control. One that lends the focus to its own menu or to
-// another program is not left.
-class NumberEdit : public QLineEdit {
-  Q_OBJECT
-
- public:
-  explicit NumberEdit(QWidget* parent);
-
- signals:
-  void Confirmed();
-  void GivenUp();
-
- protected:
-  void focusOutEvent(QFocusEvent* event) override;
-  void keyPressEvent(QKeyEvent* event) override;
-};
-
 // The boxes of one table. A text that is no number writes nothing and shows the number in force again; a
 // number that will not do writes the one in force. Neither is done before that has arrived.
 class NumberBoxes : public FieldGroup {
@@ -52,7 +35,7 @@ class NumberBoxes : public FieldGroup {
   int size() const { return static_cast<int>(boxes_.size()); }
   const NumberBox& Field(int n) const { return boxes_[n]; }
   FieldLabel& caption(int n) { return *rows_[n].caption; }
-  NumberEdit& edit(int n) { return *rows_[n].edit; }
+  EntryBox& edit(int n) { return *rows_[n].edit; }
   EchoMark& mark(int n) { return *rows_[n].mark; }
 
   // Lays them under each other: caption, box, mark.
@@ -67,14 +50,13 @@ class NumberBoxes : public FieldGroup {
  private:
   struct Row {
     FieldLabel* caption;
-    NumberEdit* edit;
+    EntryBox* edit;
     EchoMark* mark;
     bool known = false;  // a number has arrived
   };
 
-  void Confirm(int n);
-  void ShowInForce(int n);
-  void Put(int n, double value);
+  void Confirm(int n, const QString& text);
+  QString TextInForce(int n) const;
 
   std::span<const NumberBox> boxes_;
   const bool& in_arrival_;

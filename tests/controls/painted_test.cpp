@@ -293,12 +293,12 @@ TEST(StateLabel, ShowsItsColourInADiscInFrontOfAReadableWord) {
     label.setText("Running");
     label.resize(label.sizeHint());
     const QPoint disc(label.contentsMargins().left() / 2, label.height() / 2);
-    label.SetColour(255);
+    label.SetColour(QColor(255, 0, 0));
     EXPECT_EQ(Picture(label).pixelColor(disc), QColor(255, 0, 0));
-    label.SetColour(65280);
+    label.SetColour(QColor(0, 255, 0));
     const QImage green = Picture(label);
     EXPECT_EQ(green.pixelColor(disc), QColor(0, 255, 0));
-    EXPECT_EQ(label.property("colour"), 65280);
+    EXPECT_EQ(label.property("colour"), QColor(0, 255, 0));
     const QRect word = label.contentsRect();
     EXPECT_GT(word.left(), disc.x());
     int ink = 0;
@@ -322,7 +322,7 @@ TEST(StateLabel, AnotherColourIsPaintedAtOnce) {
   QApplication::processEvents();
   Counter counter;
   label.installEventFilter(&counter);
-  label.SetColour(65280);
+  label.SetColour(Qt::green);
   QApplication::processEvents();
   EXPECT_EQ(counter.paintings, 1);
 }

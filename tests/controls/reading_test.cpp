@@ -1,12 +1,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // What a screen reader hears of the instruments.
-#include "controls/reading.h"
-
 #include <gtest/gtest.h>
 
 #include <QAccessible>
 #include <QLabel>
 
+#include "controls/instrument.h"
 #include "controls/led.h"
 #include "controls/led_bar.h"
 #include "controls/led_switch.h"

@@ -229,6 +229,18 @@ TEST_P(SetAssignment, APositionLiesUnderTheDigitOfItsColumnAndBesideThatOfItsRow
   }
 }
 
+TEST_P(SetAssignment, APriceLiesBetweenItsPositionAndItsBar) {
+  SendPositions();
+  QApplication::processEvents();
+  for (int n = 0; n < 48; ++n) {
+    SCOPED_TRACE(n);
+    const QRect box = Find(Element("Text1", n)).geometry();
+    EXPECT_GT(box.top(), Find(Element("Label11", n)).geometry().bottom());
+    EXPECT_LT(box.bottom(), Find(Element("HScroll1", n)).y());
+    EXPECT_EQ(MarkBehind(Element("Text1", n)), EchoMark::State::kNone);
+  }
+}
+
 INSTANTIATE_TEST_SUITE_P(Units, SetAssignment, testing::ValuesIn(kUnits),
                          [](const auto& each) { return std::string(each.param.form); });
 

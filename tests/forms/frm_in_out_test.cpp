@@ -15,7 +15,7 @@ namespace {
 
 class InOutTest : public InOutFixture {
  protected:
-  int Colour() { return Find("Label7").property("colour").toInt(); }
+  QColor Colour() { return Find("Label7").property("colour").value<QColor>(); }
 };
 
 TEST_F(InOutTest, OpensClosedAndInRed) {
@@ -24,7 +24,7 @@ TEST_F(InOutTest, OpensClosedAndInRed) {
   EXPECT_FALSE(Enabled("Command1"));
   EXPECT_EQ(Find<QPushButton>("Command1").text(), "#319");
   EXPECT_EQ(LabelText("Label7"), "#321");
-  EXPECT_EQ(Colour(), 255);
+  EXPECT_EQ(Colour(), QColor(255, 0, 0));
   EXPECT_FALSE(Running("Timer1"));
   EXPECT_EQ(Find<QTimer>("Timer1").interval(), 5000);
   EXPECT_EQ(form().windowTitle(), "Test IN/OUT");
@@ -263,7 +263,7 @@ TEST_F(InOutTest, TheTestIsOnWhenAllBoardsReportIt) {
   Arrive(3, 290, 1);
   ExpectOpen(true);
   EXPECT_EQ(LabelText("Label7"), "#320");
-  EXPECT_EQ(Colour(), 65280);
+  EXPECT_EQ(Colour(), QColor(0, 255, 0));
   EXPECT_EQ(Find<QPushButton>("Command1").text(), "#318");
   EXPECT_TRUE(Enabled("Command1"));
 }
@@ -276,7 +276,7 @@ TEST_F(InOutTest, TheTestStaysOnInAnotherLanguage) {
   form().InitMessaggi();
   EXPECT_EQ(Find<QPushButton>("Command1").text(), "neu 318");
   EXPECT_EQ(LabelText("Label7"), "neu 320");
-  EXPECT_EQ(Colour(), 65280);
+  EXPECT_EQ(Colour(), QColor(0, 255, 0));
 }
 
 TEST_F(InOutTest, OneBitOfTheStatusTellsTheTest) {
@@ -291,7 +291,7 @@ TEST_F(InOutTest, TheTestIsOffWhenOneBoardHasLeftIt) {
     Arrive(status.first, status.second, 254);
     ExpectOpen(false);
     EXPECT_EQ(LabelText("Label7"), "#321");
-    EXPECT_EQ(Colour(), 255);
+    EXPECT_EQ(Colour(), QColor(255, 0, 0));
     EXPECT_EQ(Find<QPushButton>("Command1").text(), "#319");
     EXPECT_TRUE(Enabled("Command1"));
   }

@@ -237,6 +237,21 @@ TEST_F(FrmOrologioPoints, TheNameTheHourAndTheMinuteReadAsOneLine) {
   }
 }
 
+TEST_F(FrmOrologioPoints, AUnitStandsBehindItsValueAndTheBarBelow) {
+  for (int i = 0; i < 20; ++i) {
+    Arrive(0, 88, 3);
+  }
+  QApplication::processEvents();
+  for (int n = 0; n < 8; ++n) {
+    SCOPED_TRACE(n);
+    const QRect box = Place(Element("Text1", n));
+    EXPECT_GT(Place(Element("Label3", n)).left(), box.right());
+    EXPECT_GT(Place(Element("HScroll1", n)).top(), box.bottom());
+    EXPECT_EQ(Place(Element("HScroll1", n)).left(), box.left());
+    EXPECT_EQ(MarkBehind(Element("Label3", n)), EchoMark::State::kNone);
+  }
+}
+
 TEST_F(FrmOrologioPoints, TheClockIsLargeAtTheTopLeftWithItsDateBelow) {
   QApplication::processEvents();
   const QRect clock = Place("iSevenSegmentClockX1");

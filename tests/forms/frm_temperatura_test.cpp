@@ -328,6 +328,26 @@ TEST_F(FrmTemperaturaTest, TheFramesLieSideBySide) {
   EXPECT_EQ(frames[0].top(), frames[2].top());
 }
 
+TEST_F(FrmTemperaturaTest, ABarLiesBelowItsValueSoThatThreeFramesFitSideBySide) {
+  OpenLoaded();
+  QApplication::processEvents();
+  for (const int node : {2, 3}) {
+    for (int n = 0; n < 7; ++n) {
+      SCOPED_TRACE(Control("Text", node, n));
+      const QRect box = Find(Control("Text", node, n)).geometry();
+      const QRect bar = Find(Control("HScroll", node, n)).geometry();
+      EXPECT_GT(box.left(), Find(Caption(node, n)).geometry().right());
+      EXPECT_GT(bar.top(), box.bottom());
+      EXPECT_LE(bar.left(), Find(Caption(node, n)).x());
+      EXPECT_GT(bar.right(), box.right()) << "the bar has the width of all above it";
+      EXPECT_EQ(MarkBehind(Control("Text", node, n)), EchoMark::State::kNone);
+      if (n > 0) {
+        EXPECT_GT(Find(Caption(node, n)).y(), Find(Control("HScroll", node, n - 1)).geometry().bottom());
+      }
+    }
+  }
+}
+
 TEST_F(FrmTemperaturaTest, TheTabKeyFollowsTheRows) {
   OpenLoaded();
   Focus("Text1");

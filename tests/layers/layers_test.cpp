@@ -105,10 +105,10 @@ TEST(Layers, WhatFormsAreBuiltOfNeedsOfTheShellTheCaptionsAndTheSettingsOfAForm)
   }
 }
 
-TEST(Layers, OnlyTheStripChartKnowsTheLibraryThatDrawsIt) {
+TEST(Layers, OnlyThePlotOfTheStripChartKnowsTheLibraryThatDrawsIt) {
   for (const fs::path& file : SourceFiles(kRoot / "src")) {
     for (const std::string& header : IncludesOf(file)) {
-      EXPECT_TRUE(header != "qcustomplot.h" || file.filename() == "strip_chart.cpp") << file;
+      EXPECT_TRUE(header != "qcustomplot.h" || file.filename() == "chart_plot.cpp") << file;
     }
   }
 }

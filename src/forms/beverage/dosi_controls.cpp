@@ -4,6 +4,7 @@
 #include <QHBoxLayout>
 #include <QVBoxLayout>
 
+#include "controls/scaled_font.h"
 #include "fields/numbering.h"
 #include "shell/caption_table.h"
 
@@ -76,8 +77,7 @@ DosiControls::DosiControls(QWidget* body, FieldRows& dose_rows, BitRows& propert
 }
 
 QLayout* DosiControls::LayOutSelection() {
-  QFont heading = label7->font();
-  heading.setPointSizeF(heading.pointSizeF() * kHeadingScale);
+  QFont heading = ScaledFont(label7->font(), kHeadingScale);
   heading.setBold(true);
   label7->setFont(heading);
 

@@ -95,6 +95,14 @@ constexpr auto kTank3 = TankRows(kZeth2);
 // next arrival of a gate that says so.
 constexpr Gate kGate = {.stored = false};
 
+// Takes two lines of the grid: three frames side by side leave little width to each.
+void PlaceWithBarBelow(ValueRow& row, QGridLayout& grid, int line) {
+  grid.addWidget(&row.caption(), line, 0);
+  row.PlaceValueIn(grid, line, 1);
+  grid.addWidget(&row.echo(), line, 2);
+  grid.addWidget(&row.bar(), line + 1, 0, 1, 3);
+}
+
 }  // namespace
 
 FrmTemperatura::FrmTemperatura() : BoardsForm(kSetup, kBoards, kGate) {
@@ -120,7 +128,7 @@ FrmTemperatura::FrmTemperatura() : BoardsForm(kSetup, kBoards, kGate) {
     FieldRows& rows = *rows_of_boards[board];
     auto* grid = new QGridLayout(Frame(board));
     for (int n = 0; n < rows.size(); ++n) {
-      rows[n].PlaceStackedIn(*grid, 2 * n);
+      PlaceWithBarBelow(rows[n], *grid, 2 * n);
     }
     grid->setRowStretch(2 * rows.size(), 1);
     layout->addWidget(Frame(board), 1);

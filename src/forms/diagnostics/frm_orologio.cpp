@@ -2,7 +2,9 @@
 #include "forms/diagnostics/frm_orologio.h"
 
 #include <QBoxLayout>
+#include <QGridLayout>
 
+#include "controls/scaled_font.h"
 #include "fields/numbering.h"
 #include "shell/caption_table.h"
 #include "store/parameter_table.h"
@@ -16,7 +18,21 @@ namespace {
 // The clock is read from afar: how many times larger it is than a display in a row, and its date than text.
 constexpr int kClockScale = 3;
 constexpr int kDateScale = 2;
-constexpr int kGap = 24;  // between the values that set it
+constexpr int kGap = 24;        // between the values that set it
+constexpr int kBarLength = 18;  // in widths of the letter x
+
+// The caption is the unit of the value and stands behind it; the bar lies below both.
+QLayout* LayOutWithUnit(ValueRow& row) {
+  auto* layout = new QGridLayout;
+  layout->setSpacing(1);
+  row.PlaceValueIn(*layout, 0, 0);
+  layout->addWidget(&row.caption(), 0, 1);
+  layout->addWidget(&row.echo(), 0, 2);
+  row.bar().setFixedWidth(kBarLength * row.bar().fontMetrics().horizontalAdvance('x'));
+  layout->addWidget(&row.bar(), 1, 0, 1, 3, Qt::AlignLeft);
+  layout->setColumnStretch(1, 1);
+  return layout;
+}
 
 // A unit alone does not tell what it is the hour or the day of.
 void Speak(ValueRow& row, const QString& what) { row.SetSpokenName(what + ' ' + row.caption().text()); }
@@ -68,7 +84,7 @@ void FrmOrologio::FillClock() {
   clock_->setObjectName("iSevenSegmentClockX1");
   clock_->setFixedSize(clock_->sizeHint() * kClockScale);
   label6_->setAlignment(Qt::AlignCenter);
-  label6_->setFont(QFont(label6_->font().family(), kDateScale * label6_->font().pointSize()));
+  label6_->setFont(ScaledFont(label6_->font(), kDateScale));
   label6_->setFixedSize(clock_->width(), label6_->sizeHint().height());
   auto* layout = new QHBoxLayout(frame_);
   auto* running = new QVBoxLayout;
@@ -86,7 +102,7 @@ void FrmOrologio::FillClock() {
 
 void FrmOrologio::AddSetting(FieldRows& rows, QGridLayout& grid, int line) {
   for (int n = 0; n < rows.size(); ++n) {
-    rows[n].PlaceUnitCellIn(grid, line, n);
+    grid.addLayout(LayOutWithUnit(rows[n]), line, n);
   }
   rows.WhenChanged([this] { Modificato = true; });
 }
@@ -99,8 +115,8 @@ QGroupBox* FrmOrologio::NewPoints(const PointFrame& points) {
   for (int k = points.first; k < points.first + points.count; ++k) {
     const TimePoint& point = kTimePoints[k];
     grid->addWidget(NewLabel(ControlArray{"Label2"}[k], point.line, point.number), k, 0, Qt::AlignTop);
-    points_[2 * k].PlaceUnitCellIn(*grid, k, 1);
-    points_[2 * k + 1].PlaceUnitCellIn(*grid, k, 2);
+    grid->addLayout(LayOutWithUnit(points_[2 * k]), k, 1);
+    grid->addLayout(LayOutWithUnit(points_[2 * k + 1]), k, 2);
   }
   grid->setRowStretch(points.first + points.count, 1);
   return frame;

@@ -6,6 +6,7 @@
 #include <optional>
 #include <utility>
 
+#include "controls/scaled_font.h"
 #include "controls/unit_keypad.h"
 #include "fields/data_form.h"
 #include "fields/numbering.h"
@@ -118,7 +119,7 @@ FrmTestZeth::FrmTestZeth(const Window& window)
 }
 
 void FrmTestZeth::LayOut() {
-  choice_->setFont(QFont(choice_->font().family(), qRound(kChoiceScale * choice_->font().pointSizeF())));
+  choice_->setFont(ScaledFont(choice_->font(), kChoiceScale));
   choice_->setAlignment(Qt::AlignCenter);
   keypad_->setObjectName("Image1");
   for (int zone = 0; zone < keypad_->Count(); ++zone) {

@@ -20,14 +20,14 @@ constexpr int kMargin = 4;
 constexpr int kBelowCaption = 4;  // so that it is seen which switch a caption belongs to
 constexpr QMargins kMargins(kMargin, kMargin, kMargin, kMargin);
 
-// Lines of the language file and the colour of a state of the test: red in the low byte, then green.
+// Lines of the language file and the colour of a state of the test.
 struct State {
   int button_line;
   int line;
-  int colour;
+  QColor colour;
 };
-constexpr State kTesting = {318, 320, 65280};
-constexpr State kNormal = {319, 321, 255};
+constexpr State kTesting = {318, 320, QColor(0, 255, 0)};
+constexpr State kNormal = {319, 321, QColor(255, 0, 0)};
 
 }  // namespace
 

@@ -12,6 +12,8 @@ namespace dosmara {
 
 namespace {
 
+constexpr int kBarLength = 13;  // in widths of the letter x
+
 using PositionRows = std::array<FieldRow, kPositions>;
 
 // What tells the two windows apart.
@@ -59,13 +61,25 @@ class FrmAssSet : public DataForm {
   FieldRows& prices_;
 };
 
+// The caption stands above value and mark, the bar below them.
+QLayout* LayOutPosition(ValueRow& price) {
+  auto* layout = new QGridLayout;
+  layout->setSpacing(1);
+  layout->addWidget(&price.caption(), 0, 0, 1, 2);
+  price.PlaceValueIn(*layout, 1, 0);
+  layout->addWidget(&price.echo(), 1, 1);
+  price.bar().setMinimumWidth(kBarLength * price.bar().fontMetrics().horizontalAdvance('x'));
+  layout->addWidget(&price.bar(), 2, 0, 1, 2);
+  return layout;
+}
+
 FrmAssSet::FrmAssSet(const Window& window)
     : DataForm(window.setup),
       set_in_use_{.record = GateRecord(window.node), .counted = Gate::Counted::kNone, .followed = true},
       prices_(NewRows(HeldRows(), window.rows)) {
   auto* grid = new QGridLayout(Body());
   for (int n = 0; n < kPositions; ++n) {
-    prices_[n].PlaceCellIn(*grid, PositionLine(n), PositionColumn(n, 1));
+    grid->addLayout(LayOutPosition(prices_[n]), PositionLine(n), PositionColumn(n, 1));
   }
   AddPositionHeadings(*grid, *Body(), 1, Qt::AlignLeft);
   grid->setRowStretch(kPositionRows + 1, 1);

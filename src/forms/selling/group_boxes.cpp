@@ -2,9 +2,6 @@
 #include "forms/selling/group_boxes.h"
 
 #include <QCoreApplication>
-#include <QFocusEvent>
-#include <QKeyEvent>
-#include <chrono>
 
 #include "controls/field_label.h"
 #include "fields/entry_parsers.h"
@@ -15,8 +12,6 @@
 namespace dosmara {
 
 namespace {
-
-constexpr std::chrono::milliseconds kSeenTime(200);
 
 constexpr int kGroupMask = 127;  // the bit above is not the group's
 constexpr int kLargestGroup = 99;
@@ -36,71 +31,14 @@ QString PositionText(int n) { return QString::number(NumberOf(Numbering::kPositi
 
 }  // namespace
 
-GroupEdit::GroupEdit(QWidget* parent, std::function<void(const QString& text)> confirm,
-                     std::function<void()> leave)
-    : QLineEdit(parent), leave_(std::move(leave)) {
-  setAlignment(Qt::AlignRight);
-  setFixedWidth(kDigits * fontMetrics().horizontalAdvance('0') + kFrame);
-  seen_.setSingleShot(true);
-  seen_.setInterval(kSeenTime);
-  connect(this, &QLineEdit::returnPressed, this, [this] {
-    entry_ = text();
-    SetGround(Ground::kSeen);
-    seen_.start();
-  });
-  connect(&seen_, &QTimer::timeout, this, [this, confirm = std::move(confirm)] {
-    // The next key types over the entry, not behind it.
-    if (hasFocus() && text() == entry_) {
-      selectAll();
-    }
-    confirm(entry_);
-  });
-}
-
-// Black is read well on either colour, in the light and in the dark.
-void GroupEdit::SetGround(Ground ground) {
-  QPalette colours;
-  if (ground != Ground::kPlain) {
-    colours.setColor(QPalette::Base, ground == Ground::kSeen ? QColor(0, 255, 0) : QColor(255, 0, 0));
-    colours.setColor(QPalette::Text, Qt::black);
-  }
-  setPalette(colours);
-  const QString words = ground == Ground::kRefused ? QString(kRefusal) : QString();
-  setToolTip(words);
-  setAccessibleDescription(words);
-}
-
-void GroupEdit::Put(const QString& text) {
-  if (text != this->text()) {
-    setText(text);
-    if (hasFocus()) {
-      selectAll();
-    }
-  }
-}
-
-// A box that lends the focus to its own menu or to another window is not left.
-void GroupEdit::focusOutEvent(QFocusEvent* event) {
-  if (isActiveWindow() && event->reason() != Qt::PopupFocusReason) {
-    leave_();
-  }
-  QLineEdit::focusOutEvent(event);
-}
-
-void GroupEdit::keyPressEvent(QKeyEvent* event) {
-  if (event->key() == Qt::Key_Escape) {
-    leave_();
-  } else {
-    QLineEdit::keyPressEvent(event);
-  }
-}
-
 GroupBoxes::GroupBoxes(QWidget* parent, const Records& records, const ControlArray& boxes)
     : QObject(parent), parent_(parent), records_(records) {
   for (int n = 0; n < records_.count; ++n) {
-    auto* box = new GroupEdit(
-        parent, [this, n](const QString& text) { Judge(n, text); }, [this, n] { ShowInForce(n); });
+    auto* box = new EntryBox(parent, kJudgedAfterAMoment);
     box->setObjectName(boxes[n]);
+    box->setFixedWidth(kDigits * box->fontMetrics().horizontalAdvance('0') + kFrame);
+    box->ComeBackTo([this, n] { return TextInForce(n); });
+    connect(box, &EntryBox::Confirmed, this, [this, n](const QString& text) { Judge(n, text); });
     rows_.push_back({box, new EchoMark(parent)});
   }
 }
@@ -135,7 +73,7 @@ void GroupBoxes::Show(int n, double value) {
   Row& row = rows_[n];
   row.known = true;
   row.mark->Came(LowBits(value) & kGroupMask);
-  row.box->Put(GroupText(value));
+  row.box->ShowText(GroupText(value));
 }
 
 void GroupBoxes::Write(int n, int group) {
@@ -144,24 +82,23 @@ void GroupBoxes::Write(int n, int group) {
 }
 
 void GroupBoxes::Judge(int n, const QString& text) {
-  GroupEdit& box = *rows_[n].box;
+  EntryBox& box = *rows_[n].box;
   const bool negative = ParseNumeric(text).value_or(0) < 0;
   const std::optional<int> group = negative ? std::nullopt : ParseRounded(text, 0, kLargestGroup);
   if (group) {
     Write(n, *group);
-    box.SetGround(GroupEdit::Ground::kPlain);
+    box.Accept();
   } else {
     // Nothing is touched behind the message: the form may close while it stands.
-    box.SetGround(GroupEdit::Ground::kRefused);
+    box.Refuse(kRefusal);
     MsgBox(kRefusal, QCoreApplication::applicationName(), BoxStyle::kCritical);
   }
 }
 
 // The table holds what came last or is on its way; before that, what an index file says, which is not the
 // machine's.
-void GroupBoxes::ShowInForce(int n) {
-  const Row& row = rows_[n];
-  row.box->Put(row.known ? GroupText(ParamGet(records_.first + n, records_.node)) : QString());
+QString GroupBoxes::TextInForce(int n) const {
+  return rows_[n].known ? GroupText(ParamGet(records_.first + n, records_.node)) : QString();
 }
 
 }  // namespace dosmara

@@ -3,42 +3,17 @@
 #pragma once
 
 #include <QGridLayout>
-#include <QLineEdit>
 #include <QObject>
-#include <QTimer>
 #include <functional>
 #include <vector>
 
 #include "controls/echo_mark.h"
+#include "controls/entry_box.h"
 #include "fields/control_array.h"
 #include "fields/field_group.h"
 #include "fields/records.h"
 
 namespace dosmara {
-
-// A box in which an entry is seen before it is judged: at Enter its ground turns green, a moment later the
-// entry is confirmed. A box that closes in between confirms nothing.
-class GroupEdit : public QLineEdit {
- public:
-  enum class Ground { kPlain, kSeen, kRefused };
-
-  // `confirm` gets what stood in the box at Enter; `leave` runs when the box is left for another control and
-  // at Escape.
-  GroupEdit(QWidget* parent, std::function<void(const QString& text)> confirm, std::function<void()> leave);
-
-  void SetGround(Ground ground);
-  // Puts a text into the box; if it has the focus, the next key replaces the text.
-  void Put(const QString& text);
-
- protected:
-  void focusOutEvent(QFocusEvent* event) override;
-  void keyPressEvent(QKeyEvent* event) override;
-
- private:
-  std::function<void()> leave_;
-  QString entry_;
-  QTimer seen_{this};
-};
 
 // The boxes of one unit. A group is 0 to 99; the machine may hold others, which are shown as "?".
 class GroupBoxes : public QObject, public FieldGroup {
@@ -59,13 +34,13 @@ class GroupBoxes : public QObject, public FieldGroup {
 
  private:
   struct Row {
-    GroupEdit* box;
+    EntryBox* box;
     EchoMark* mark;
     bool known = false;  // something has arrived
   };
 
   void Judge(int n, const QString& text);
-  void ShowInForce(int n);
+  QString TextInForce(int n) const;
 
   QWidget* parent_;
   Records records_;
