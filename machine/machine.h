@@ -3,7 +3,6 @@
 // goes on by itself, all in virtual time.
 #pragma once
 
-#include <array>
 #include <cstdint>
 #include <functional>
 #include <optional>
@@ -17,6 +16,7 @@
 #include "machine/calendar.h"
 #include "machine/climate.h"
 #include "machine/clock.h"
+#include "machine/concern.h"
 #include "machine/defects.h"
 #include "machine/dispenser.h"
 #include "machine/faults.h"
@@ -142,10 +142,10 @@ class Machine {
   Till till_{boards_, alarms_};
   Sales sales_;
   // In the order in which they hear of what happens. The audit is last: a command to clear that has waited
-  // for the end of a sale takes that sale with it.
-  std::array<Concern*, 12> concerns_ = {&settings_,    &calendar_,  &supplies_,  &output_test_,
-                                        &unit_motors_, &dispenser_, &sensors_,   &inputs_,
-                                        &climate_,     &sales_,     &timetable_, &audit_};
+  // for the end of a sale clears what that sale has counted.
+  const std::vector<Concern*> concerns_ = {&settings_,    &calendar_,  &supplies_,  &output_test_,
+                                           &unit_motors_, &dispenser_, &sensors_,   &inputs_,
+                                           &climate_,     &sales_,     &timetable_, &audit_};
 
   Faults faults_;
   FrameLog log_;
