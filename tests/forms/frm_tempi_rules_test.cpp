@@ -181,7 +181,9 @@ TEST_F(FrmTempiTest, ForeignArrivalsDoNotCount) {
 }
 
 TEST_F(FrmTempiTest, EachGroupUnlocksByItsOwnGate) {
-  const struct { int hot_drinks, zeth, zeth2; } all[] = {{4, 0, 0}, {0, 4, 0}, {0, 0, 4}, {251, 255, 4}};
+  const struct {
+    int hot_drinks, zeth, zeth2;
+  } all[] = {{4, 0, 0}, {0, 4, 0}, {0, 0, 4}, {251, 255, 4}};
   for (const auto& gates : all) {
     Open();
     Arrive(0, 312, gates.hot_drinks);
