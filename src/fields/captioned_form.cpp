@@ -10,12 +10,8 @@
 
 namespace dosmara {
 
-CaptionedForm::CaptionedForm(const char* name, int title, const char* default_title)
-    : Form(name),
-      title_(title),
-      default_title_(default_title),
-      body_(new QWidget),
-      area_(new QScrollArea(this)) {
+CaptionedForm::CaptionedForm(const char* name, int title)
+    : Form(name), title_(title), body_(new QWidget), area_(new QScrollArea(this)) {
   auto* layout = new QVBoxLayout(this);
   layout->setContentsMargins({});
   layout->setSpacing(0);
@@ -38,7 +34,9 @@ void CaptionedForm::AddAbove(QWidget* head) {
 void CaptionedForm::ScrollByKeys() { new FormScroller(area_, parentWidget()); }
 
 void CaptionedForm::InitMessaggi() {
-  setWindowTitle(title_ != 0 ? Caption(title_) : QString(default_title_));
+  if (title_ != 0) {
+    setWindowTitle(Caption(title_));
+  }
   for (const Captioned& each : captioned_) {
     each.set(Numbered(Caption(each.line), each.number));
   }

@@ -17,8 +17,8 @@ namespace dosmara {
 // The base of DataForm: what there is before any record.
 class CaptionedForm : public Form {
  public:
-  // `title` is the line of the language file that titles the form. Without one, 0, it has the default title.
-  CaptionedForm(const char* name, int title, const char* default_title);
+  // `title` is the line of the language file that titles the form; 0: the form does it itself.
+  CaptionedForm(const char* name, int title);
 
   // Sets the title and all captions.
   void InitMessaggi() override;
@@ -47,7 +47,6 @@ class CaptionedForm : public Form {
   };
 
   int title_;
-  const char* default_title_;
   QWidget* body_;
   QScrollArea* area_;
   QWidget* head_ = nullptr;

@@ -9,7 +9,7 @@
 namespace dosmara {
 
 DataForm::DataForm(const FormSetup& setup)
-    : CaptionedForm(setup.name, setup.title, setup.default_title),
+    : CaptionedForm(setup.name, setup.title),
       Loading(setup.opens_with != kNeverLocked),
       setup_(setup),
       progress_(new ProgressLine(this)) {

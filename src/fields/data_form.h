@@ -29,7 +29,7 @@ inline constexpr int kAllFresh = -1;
 // What tells one form from another before its controls.
 struct FormSetup {
   const char* name = nullptr;     // class and objectName
-  int title = 0;                  // line of the language file; 0: it has the default title
+  int title = 0;                  // line of the language file; 0: the form sets it itself
   int opens_with = kNeverLocked;  // the number of the counted arrival that opens the form
   // AfterArrival runs behind arrivals of other forms' records too, once after each request of any form: until
   // the next request they cannot change what is fresh. So it does with kAllFresh.
@@ -38,7 +38,6 @@ struct FormSetup {
   // unless another form has; and left subscribed. The tables of the forms say why.
   std::span<const Records> also_released = {};
   std::span<const Records> kept = {};
-  const char* default_title = "";  // of a form for which the language has no line
 };
 
 // A form that shows records. Its constructor makes the controls and says which records it watches; the base

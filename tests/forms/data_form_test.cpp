@@ -80,9 +80,11 @@ class DataFormTest : public FormFixture {
   }
 };
 
-TEST_F(DataFormTest, AFormWithoutALineOfTheLanguageHasItsDefaultTitle) {
+TEST_F(DataFormTest, ATitleComesFromTheLanguageUnlessTheFormSetsItItself) {
   EXPECT_EQ(OpenTwoRows().windowTitle(), "#47");
-  Open(new DataForm({.name = "Untitled", .default_title = "Untitled form"}));
+  auto* untitled = new DataForm({.name = "Untitled"});
+  untitled->setWindowTitle("Untitled form");
+  Open(untitled);
   EXPECT_EQ(form().windowTitle(), "Untitled form");
 }
 

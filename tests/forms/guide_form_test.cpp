@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The form that the guide in ARCHITECTURE.md makes, letter by letter: it compiles, and does what the guide says.
+// The form that the guide in ARCHITECTURE.md makes, letter by letter: it compiles, and does what the guide
+// says.
 #include <QGridLayout>
 
 #include "fields/data_form.h"

@@ -59,6 +59,7 @@ InOutPanel::InOutPanel()
 
 void InOutPanel::InitMessaggi() {
   DataForm::InitMessaggi();
+  setWindowTitle(kTitle);
   const QString words = Caption(kOffOn.off) + ',' + Caption(kOffOn.on);
   for (const auto& [control, caption] : instruments_) {
     control->setAccessibleName(caption->text());

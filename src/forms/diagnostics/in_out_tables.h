@@ -144,7 +144,8 @@ inline constexpr Records kKept[] = {{kMainBoard, GateRecord(kZeth2)}};
 // What has been written is released as if it had been read; of the second unit it is not.
 inline constexpr Records kAlsoReleased[] = {{kHotDrinks, kDrinksCommand, 1 + kImages}, WantedOf(kZeth)};
 
-inline constexpr FormSetup kSetup = {
-    .name = "FrmInOut", .also_released = kAlsoReleased, .kept = kKept, .default_title = "Test IN/OUT"};
+inline constexpr FormSetup kSetup = {.name = "FrmInOut", .also_released = kAlsoReleased, .kept = kKept};
+// The language has no line for it.
+inline constexpr const char* kTitle = "Test IN/OUT";
 
 }  // namespace dosmara::in_out
