@@ -31,7 +31,8 @@ enum { kMinute, kHour, kDay, kMonth, kYear, kCode };
 constexpr int kFirstYear = 2000;
 constexpr int kLargestCode = 203;  // an entry with a larger one is empty
 
-// What a field can hold: a larger number means as little as this one.
+// The value of a field as a signed number of 16 bits. No field means anything above it: a larger value
+// becomes the largest.
 int FieldValue(double value) {
   return std::min(LowBits(value), int{std::numeric_limits<std::int16_t>::max()});
 }

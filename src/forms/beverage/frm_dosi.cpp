@@ -58,7 +58,7 @@ void FrmDosi::InitMessaggi() {
   controls_.SetCaptions(Selection);
 }
 
-// Everything that the second board holds of the selection. An arrival at 0 of a head closes its dependants.
+// Watches what the hot drinks unit holds of the selection. A head that arrives at 0 closes its dependants.
 void FrmDosi::WatchSelection() {
   Watch(controls_.rows, Counts::kYes);
   for (const Head& head : kHeads) {
@@ -156,7 +156,8 @@ void FrmDosi::TakeStatus(double value) {
   }
 }
 
-// A failing line loses a write and reads the machine's old selection, for which nobody has asked.
+// When a failing line loses the write, what comes back is the old selection of the machine, and that is not
+// to be tested. Without a test of its own the form answers every selection with command 0.
 void FrmDosi::SendCommand(double selection) {
   if (!IsTesting() || selection == TestedSelection) {
     PutRecord(kMainBoard, kTestCommand, TestCode);

@@ -26,7 +26,7 @@ constexpr int kTankOff = 16;
 
 QString TankText(double value) { return value >= kTankOff ? QStringLiteral("OFF") : WholeText(value); }
 
-// "oFF" is not known here.
+// Of the spellings of "off", "oFF" is a bad entry here.
 std::optional<int> ParseTankTemperature(QStringView text, int min, int max) {
   const bool off = text == u"off" || text == u"Off" || text == u"OFF";
   return off ? std::optional(kTankOff) : ParseWhole(text, min, max);

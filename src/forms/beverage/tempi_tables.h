@@ -33,14 +33,15 @@ constexpr FieldRow TimeRow(int line, int node, int record, int mirror, int max) 
   return TenthsRow({.line = line, .node = node, .record = record, .mirror = mirror, .max = max, .length = 4});
 }
 
-// A row of a timing whose bar does not end where an entry does.
+// Gives a row a bar that begins at `min`, and an entry another limit than the end of the bar.
 constexpr FieldRow Limited(FieldRow row, int min, int limit) {
   row.min = min;
   row.limit = limit;
   return row;
 }
 
-// The rows of no drawer. Rows 8 and 9 carry each other's entry limit; the bars keep their values in bounds.
+// The rows that belong to no drawer. Rows 8 and 9 have each other's limit of an entry; their bars refuse what
+// they cannot hold.
 inline constexpr FieldRow kTimes[] = {
     TimeRow(48, kHotDrinks, 31, 509, 100),
     TimeRow(49, kHotDrinks, 25, 503, 100),

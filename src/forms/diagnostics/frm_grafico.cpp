@@ -49,7 +49,8 @@ FrmGrafico::FrmGrafico()
   chart_->setObjectName("iStripChartX1");
   (new QVBoxLayout(Body()))->addWidget(chart_);
   timer_->setObjectName("Timer1");
-  timer_->setTimerType(Qt::PreciseTimer);  // samples are drawn four seconds apart, so they had better be
+  timer_->setTimerType(
+      Qt::PreciseTimer);  // the chart draws samples as if they were exactly four seconds apart
   connect(timer_, &QTimer::timeout, this, &FrmGrafico::Sample);
   const auto store = [](int& presence) { return [&presence](double value) { presence = LowBits(value); }; };
   WatchTank(kZeth, Offset2, Zeth1);
@@ -89,7 +90,7 @@ void FrmGrafico::InitMessaggi() {
   chart_->SetCaptions(captions);
 }
 
-// A form that has closed lives on for a moment: its timer must not.
+// A closed form lives until the event loop is back; its timer must not fire meanwhile.
 void FrmGrafico::Unload() {
   DataForm::Unload();
   timer_->stop();

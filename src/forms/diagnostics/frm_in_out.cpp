@@ -82,8 +82,8 @@ void FrmInOut::StartOrStop() {
   }
 }
 
-// Only one board's output is to run at a time: the others go back to idle. The hot drinks unit leaves the
-// second Zeth unit alone, though.
+// Only one board is to drive an output at a time: the others are sent back to idle. A wish on the hot drinks
+// unit does not do so with the second Zeth unit.
 void FrmInOut::Wish(BoardUnderTest& board, const LedSwitch& target,
                     const std::function<std::optional<bool>()>& send) {
   if (InAggiorna) {

@@ -15,7 +15,7 @@ using namespace orologio;
 
 namespace {
 
-// The clock is read from afar: how many times larger it is than a display in a row, and its date than text.
+// The clock is read from afar: its display is so many times as large as one in a row, its date as other text.
 constexpr int kClockScale = 3;
 constexpr int kDateScale = 2;
 constexpr int kGap = 24;        // between the values that set it
@@ -34,7 +34,7 @@ QLayout* LayOutWithUnit(ValueRow& row) {
   return layout;
 }
 
-// A unit alone does not tell what it is the hour or the day of.
+// The caption of such a row is a unit. A screen reader also has to say what it is the hour or the day of.
 void Speak(ValueRow& row, const QString& what) { row.SetSpokenName(what + ' ' + row.caption().text()); }
 
 }  // namespace
@@ -69,7 +69,7 @@ FrmOrologio::FrmOrologio()
   SetPointsOpen(false);
 }
 
-// What the clock says means something where there is one.
+// A machine without a clock chip sends values for these records that mean nothing.
 void FrmOrologio::WatchClock(const Records& records, void (FrmOrologio::*take)(int, double)) {
   const auto take_of_clock = [this, take](int n, double value) {
     if (Presenza.IsOpen()) {
@@ -147,7 +147,7 @@ void FrmOrologio::SetClockOpen(bool open) {
   date_.SetEnabled(open);
 }
 
-// The names and the units stay as they are.
+// Names and units are never grey: they are headings of the values.
 void FrmOrologio::SetPointsOpen(bool open) {
   points_.SetOpen(open);
   for (int i = 0; i < points_.size(); ++i) {
@@ -155,7 +155,7 @@ void FrmOrologio::SetPointsOpen(bool open) {
   }
 }
 
-// An hour of 255 is none, and moves nothing.
+// An hour of 255 says that there is no time yet: the display stays as it is.
 void FrmOrologio::TakeTime(int n, double value) {
   (n == kMinute ? Minuti : Ore) = LowBits(value);
   if (Ore > kLastHour || Minuti > kLastMinute) {
@@ -174,7 +174,8 @@ void FrmOrologio::TakeDate(int n, double value) {
   *fields[n] = LowBits(value) + (n == kYear ? kFirstYear : 0);
 }
 
-// The first answer ends the change, whichever of the five it is; the others are not shown.
+// The answers to a change come one record at a time. The first of the five ends the change; the others are
+// not shown.
 void FrmOrologio::TakeAnswer(int n, double value) {
   if (!Modificato) {
     return;

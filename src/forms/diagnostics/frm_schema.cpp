@@ -23,7 +23,7 @@ enum { kInputs1, kInputs2, kInputs3, kOutputs1, kOutputs2 };
 
 constexpr int kOutputs = std::size(kOutputPlaces);
 constexpr int kInputs = std::size(kInputPlaces);
-constexpr int kSecondRinse = 27;   // follows the bit of the first
+constexpr int kSecondRinse = 27;   // shows the same bit as the first
 constexpr int kWaterFill = 8;      // the one input that is not of the first byte
 constexpr int kModelWithout = 20;  // has neither of these two
 

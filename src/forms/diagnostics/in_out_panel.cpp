@@ -17,7 +17,7 @@ namespace {
 constexpr int kBoilerDigits = 3;
 constexpr int kOutputRows = 7;
 constexpr int kMargin = 4;
-constexpr int kBelowCaption = 4;  // so that it is seen which switch a caption belongs to
+constexpr int kBelowCaption = 4;  // the gap shows which switch a caption belongs to
 constexpr QMargins kMargins(kMargin, kMargin, kMargin, kMargin);
 
 // Lines of the language file and the colour of a state of the test.

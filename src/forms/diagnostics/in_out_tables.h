@@ -7,8 +7,8 @@
 
 namespace dosmara::in_out {
 
-// A board takes data first and then a command on them: to enter or leave the test, as the first of its data
-// says, or to switch its outputs as all of them say.
+// A board is sent data first and then a command. The mode command enters or leaves the test, as the first
+// byte of the data says; the drive command switches the outputs as all the data say.
 inline constexpr int kModeCommand = 1;
 inline constexpr int kDriveCommand = 2;
 inline constexpr int kEnterTest = 60;
@@ -23,7 +23,7 @@ inline constexpr int kImages = 4;
 inline constexpr int kFirstWanted = 536;
 inline constexpr int kDrinksStatus = 541;
 inline constexpr int kFirstReadBack = 547;
-// With the echo of this image the data that matter have arrived.
+// The command follows the echo of this image; the one behind it is not waited for.
 inline constexpr int kLastThatMatters = 2;
 
 // A Zeth unit.

@@ -15,7 +15,7 @@ constexpr std::chrono::milliseconds kPatience(5000);
 
 }  // namespace
 
-// Nothing moves when the name changes.
+// The label keeps its place whatever name it shows, so that nothing around it moves.
 WishMark::WishMark(QWidget* parent)
     : QWidget(parent), name_(new FieldLabel(this)), mark_(new EchoMark(this)), patience_(this) {
   auto* layout = new QHBoxLayout(this);

@@ -16,7 +16,7 @@ namespace {
 
 constexpr FormSetup kSetup = {.name = "FrmConf", .title = 24, .opens_with = 2 * kPositions + 1};
 
-// The other bits of the byte are options of the payment system. Its mirror is left to the windows of those.
+// The other bits of the byte are options of the payment system. Only the windows of those write its mirror.
 constexpr BitRecord kOptions = {.node = kMainBoard, .record = kCreditOptions};
 constexpr int kGroupsManaged = 4;
 
@@ -147,7 +147,7 @@ void FrmConf::ShowManagement(double value) {
   options_.Take(value);
   const bool on = options_.Has(kGroupsManaged);
   management_[on ? 0 : 1]->setChecked(true);
-  // A form that opens gives the focus to the choice that is made.
+  // Tab and the first focus go to the button that is chosen, not to the other one.
   management_[on ? 0 : 1]->setFocusPolicy(Qt::StrongFocus);
   management_[on ? 1 : 0]->setFocusPolicy(Qt::ClickFocus);
   mark_->Came(on ? 1 : 0);

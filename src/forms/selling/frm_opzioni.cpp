@@ -97,7 +97,7 @@ void FrmOpzioni::FillHotDrinks(QGroupBox* frame) {
   const auto heading = AddHeading(*grid, "Label12", "Label13");
   PlaceSwitches(switches, *grid, 1);
   layout->addStretch();
-  switches.SetEnabled(true);  // with their frame
+  switches.SetEnabled(true);  // their frame opens and closes them
   Watch(switches, Counts::kYes);
   Hear(kHotDrinks, kHotDrinksBytes[0].record, Counts::kYes, [&switches](double value) {
     switches.SetEnabled(kDecaffeinated, (LowBits(value) & kFourthCanister) == 0);
@@ -116,7 +116,7 @@ void FrmOpzioni::FillZeth(QGroupBox* frame, std::size_t unit) {
   BitRows& switches = NewBits({&zeth.byte, 1}, zeth.switches);
   switches.MakeSwitches(Body(), zeth.captions, {"SwitchX1"});
   switches.SetWords(kWords);
-  kind.SetEnabled(true);  // with their frame
+  kind.SetEnabled(true);  // their frame opens and closes them
   switches.SetEnabled(true);
   auto* grid = new QGridLayout(frame);
   kind.PlaceIn(*grid, 0, 0, 0);
@@ -154,7 +154,8 @@ std::array<FieldLabel*, 2> FrmOpzioni::AddHeading(QGridLayout& grid, const char*
   return words;
 }
 
-// The main board's options last: one of them is held by a board that may be closed, and opens all the same.
+// The options of the main board open last and open all, also the one whose bit lies in the first Zeth unit
+// and that FollowBoard may just have closed with it.
 void FrmOpzioni::Loaded() {
   BoardsForm::Loaded();
   main_.SetEnabled(true);

@@ -21,7 +21,7 @@ class FrmOpzioni : public BoardsForm {
   void FillHotDrinks(QGroupBox* frame);
   void FillZeth(QGroupBox* frame, std::size_t unit);
   QGroupBox* NewVersions();
-  // The words of the switches above the switches of a grid.
+  // Puts the words for off and on above the switches of a grid. Returns the two labels.
   std::array<FieldLabel*, 2> AddHeading(QGridLayout& grid, const char* off, const char* on);
 
   void OpenPoint();

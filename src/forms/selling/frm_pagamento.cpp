@@ -33,7 +33,7 @@ FrmPagamento::FrmPagamento()
     frame->setEnabled(false);
   }
   for (FieldRows* rows : {&tokens_, &change_, &credits_, &overpay_}) {
-    rows->SetOpen(true);  // with their frame
+    rows->SetOpen(true);  // their frame opens and closes them
   }
   switches_.SetEnabled(true);
   modes_.SetEnabled(true);
@@ -66,7 +66,7 @@ void FrmPagamento::InitMessaggi() {
 void FrmPagamento::LayOut() {
   auto* executive = new QVBoxLayout(executive_frame_);
   auto* mode = new QHBoxLayout;
-  modes_.caption(0).hide();  // the frame says it
+  modes_.caption(0).hide();  // the title of the frame says the same
   mode->addWidget(&modes_.control(0));
   mode->addWidget(&modes_.mark(0));
   mode->addStretch();

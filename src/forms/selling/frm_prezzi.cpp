@@ -13,7 +13,7 @@ namespace {
 // The mirror of the selling options is only ever written.
 constexpr Records kMirror[] = {{kMainBoard, kSellingOptionsMirror}};
 
-// Arrivals for other forms can tell too that all prices are there.
+// IsReady says what is fresh enough.
 constexpr FormSetup kSetup = {
     .name = "FrmPrezzi", .title = 9, .opens_with = kAllFresh, .also_released = kMirror};
 
@@ -81,7 +81,8 @@ bool FrmPrezzi::IsReady() const {
   return FirstMissing(kFirstPrices) + FirstMissing(kFurtherPrices) > kOpensAbove;
 }
 
-// Not only as the form opens: a held price that may be missing is open again with the next arrival.
+// This runs on after the form has opened. A held price that may be missing is so opened by the next arrival
+// of any record, before its own echo has come.
 void FrmPrezzi::AfterArrival() {
   if (IsReady()) {
     prices_.SetOpen(true);

@@ -25,7 +25,7 @@ inline constexpr BoardFrame kBoards[] = {{.line = kHotDrinksLine, .node = kHotDr
                                          {.name = "Frame2", .line = kZeth2Line, .node = kZeth2}};
 inline constexpr Gate kGate = {.counted = Gate::Counted::kChange};
 
-// The machine knows eight languages or four. Until it has told, its language is one of the eight.
+// The machine knows eight languages or four, and tells which. Until then eight can be chosen.
 inline constexpr Gate kStatus = {
     .record = kMachineStatus, .counted = Gate::Counted::kChange, .followed = true};
 inline constexpr int kEightLanguages = 8;
@@ -76,8 +76,8 @@ constexpr BitRow Switch(int n, int byte, int mask, int line = 0) {
   return {.line = line != 0 ? line : 180 + n, .byte = byte, .mask = mask, .index = n};
 }
 
-// The switches of the main board. One is held by the first Zeth unit; one has a caption that no language
-// changes.
+// The switches of the main board. The bit of one of them lies in a byte of the first Zeth unit; the caption
+// of another is the same in every language.
 inline constexpr BitRecord kMainBytes[] = {{kMainBoard, kSellingOptions, kSellingOptionsMirror},
                                            {kMainBoard, kPaymentOptions, kPaymentOptionsMirror},
                                            {kMainBoard, kCreditOptions, kCreditOptionsMirror},
@@ -145,7 +145,7 @@ inline constexpr NumberBox kNumbers[] = {
     {.line = 224, .record = 333, .characters = 5, .largest = 65535},
 };
 
-// The bars reach down to 1, an entry does not.
+// The bar goes down to 1, an entry only down to 2.
 constexpr FieldRow PotRow(int record, int mirror) {
   FieldRow row = WholeRow({.node = kHotDrinks,
                            .record = record,
@@ -158,7 +158,7 @@ constexpr FieldRow PotRow(int record, int mirror) {
   return row;
 }
 
-// An entry below what the bar can hold is the least that it can.
+// An entry below the span of the bar is taken as the lowest value of the bar.
 constexpr int kLeastThreshold = 50;
 inline std::optional<int> ParseThreshold(QStringView text, int min, int max) {
   const std::optional<int> entry = ParseTenthsUpTo(text, min, max);
@@ -182,7 +182,7 @@ inline constexpr FieldRow kSettings[] = {PotRow(28, 506),
 inline constexpr const char* kSettingCaptions[] = {"Bricco 1", "Bricco 2÷25", "Soglia macinino"};
 inline constexpr const char* kCupCaption = "SI CUP";
 
-// What the boards run, in tenths.
+// The software version of each board, in tenths.
 struct Version {
   int node;
   int record;

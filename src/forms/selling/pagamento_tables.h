@@ -70,7 +70,7 @@ inline constexpr FieldRow kTimeout[] = {{.line = 105,
                                          .parse = ParseTenths,
                                          .low = 20,
                                          .limit = 250,
-                                         .length = 12}};  // more than is read
+                                         .length = 12}};  // four characters of it are read
 
 // Modes of an Executive system, which exclude each other; of two the first one holds.
 inline constexpr int kModeBits[] = {0, 64, 128};
@@ -124,7 +124,7 @@ inline constexpr Channels kChannels[] = {{"Frame3", 90, "Label5", "SliderX1", 92
                                          {"Frame6", 106, "Label12", "SliderX7", 107, 7}};
 inline constexpr char kChannelNumbers[] = "1,2,3,4,5,6,7,8,9,10,11,12,13,14,15,16";
 
-// A closed box stays where it is, with its value.
+// The style of all rows here: a closed row keeps its box in sight, in grey.
 constexpr RowStyle Style(ControlArray caption, ControlArray value, ControlArray box, ControlArray bar) {
   return {.caption = caption, .value = value, .box = box, .bar = bar, .closed_box_stays = true};
 }
