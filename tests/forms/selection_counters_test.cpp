@@ -8,6 +8,7 @@
 #include "forms/form_fixture.h"
 #include "shell/caption_table.h"
 #include "store/parameter_table.h"
+#include "support/wait_until.h"
 
 namespace dosmara {
 namespace {
@@ -158,7 +159,7 @@ TEST_P(SelectionCounters, ALargeCounterIsShownWhole) {
     EXPECT_EQ(PositionOf(95), count.shown);
     // A large number widens its column.
     for (const char* label : {"Label3(21)", "Label4(95)"}) {
-      EXPECT_TRUE(QTest::qWaitFor([&] { return Find(label).width() >= Find(label).sizeHint().width(); }))
+      EXPECT_TRUE(WaitUntil([&] { return Find(label).width() >= Find(label).sizeHint().width(); }))
           << label;
     }
   }
