@@ -141,17 +141,6 @@ TEST_F(FrmAssSelTest, SubscribesSelectionsOnOneBoardAndTheRestOnTheOther) {
   EXPECT_EQ(Subscribed(), expected);
 }
 
-TEST_F(FrmAssSelTest, ReleasesExactlyWhatItHasSubscribed) {
-  for (const int record : {41, 44, 82, 84, 244, 245, 285, 310, 313}) {
-    ParamTable[0][record].Subscribers = 1;
-  }
-  for (const int record : {23, 479, 500}) {
-    ParamTable[1][record].Subscribers = 1;
-  }
-  Close();
-  EXPECT_EQ(Subscribed().size(), 12u);
-}
-
 TEST_F(FrmAssSelTest, CaptionsComeFromTheLanguageAndSelectionsSkipFromSixteenToTwentyOne) {
   EXPECT_EQ(form().windowTitle(), "#11");
   EXPECT_EQ(LabelText("Label11(15)"), "#121 16");
@@ -356,15 +345,6 @@ TEST_F(FrmAssSelTest, TheGateClosesAndOpensTheSelectionsAlone) {
   ExpectSelections(false);
   Arrive(0, 312, 4);
   ExpectSelections(true);
-}
-
-TEST_F(FrmAssSelTest, ThirtyWritesTwentyNineToARecordAndItsMirrorOnTheSecondBoard) {
-  Unlock();
-  Focus("Text2(0)");
-  Enter("Text1(0)", "31");
-  EXPECT_EQ(Written(), Writes{});
-  Enter("Text1(0)", "30");
-  EXPECT_EQ(Written(), (Writes{{1, 1, 29}, {1, 479, 29}}));
 }
 
 TEST_F(FrmAssSelTest, HalvesAreRoundedInALocaleWithAComma) {

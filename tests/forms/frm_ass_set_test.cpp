@@ -10,8 +10,6 @@
 namespace dosmara {
 namespace {
 
-using Writes = std::vector<Write>;
-
 constexpr int kPositions = 48;
 
 // What tells the two forms apart.
@@ -176,16 +174,6 @@ TEST_P(SetAssignment, TheSwitchOfPriceOneOpensNothingWhileTheFormIsLocked) {
   SendGate(4);
   Arrive(0, 83, 0);
   ExpectOpen(false);
-}
-
-TEST_P(SetAssignment, ThirtyWritesTwentyNineToARecordAndItsMirrorOfItsOwnUnit) {
-  SendPositions();
-  Focus("Text1(0)");
-  for (int n = 1; n < kPositions; ++n) {
-    SCOPED_TRACE(n);
-    Enter(Element("Text1", n), "30");
-    EXPECT_EQ(Written(), (Writes{{node(), n + 1, 29}, {node(), n + 216, 29}}));
-  }
 }
 
 TEST_P(SetAssignment, NeverTouchesTheOtherUnit) {

@@ -52,11 +52,6 @@ class SelectionCounters : public FormFixture, public testing::WithParamInterface
 
 TEST_P(SelectionCounters, SubscribesTheCountersOfThreeBoards) { EXPECT_EQ(Subscribed(), All()); }
 
-TEST_P(SelectionCounters, ClosesAndLeavesNothingSubscribed) {
-  Close();
-  EXPECT_EQ(Subscribed(), std::vector<Subscription>{});
-}
-
 TEST_P(SelectionCounters, TitleAndFramesComeFromTheLanguage) {
   const auto line = [](int number) { return '#' + QString::number(number); };
   EXPECT_EQ(form().windowTitle(), line(window().title));
@@ -159,8 +154,7 @@ TEST_P(SelectionCounters, ALargeCounterIsShownWhole) {
     EXPECT_EQ(PositionOf(95), count.shown);
     // A large number widens its column.
     for (const char* label : {"Label3(21)", "Label4(95)"}) {
-      EXPECT_TRUE(WaitUntil([&] { return Find(label).width() >= Find(label).sizeHint().width(); }))
-          << label;
+      EXPECT_TRUE(WaitUntil([&] { return Find(label).width() >= Find(label).sizeHint().width(); })) << label;
     }
   }
 }
