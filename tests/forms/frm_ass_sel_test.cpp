@@ -150,7 +150,7 @@ TEST_F(FrmAssSelTest, CaptionsComeFromTheLanguageAndSelectionsSkipFromSixteenToT
   EXPECT_EQ(LabelText("Label11(31)"), "#123");
 }
 
-TEST_F(FrmAssSelTest, TheControlsBetweenSelectionsAndExtraPricesStayHidden) {
+TEST_F(FrmAssSelTest, TheControlsBetweenSelectionsAndExtraPricesStayHiddenAsPrescribed) {
   Unlock();
   for (int n = 22; n < 30; ++n) {
     for (const char* array : {"Label11", "Label1", "HScroll1", "Text1"}) {
@@ -191,7 +191,7 @@ TEST_F(FrmAssSelTest, OpensWithTheLastExtraPriceAndNotBefore) {
   ExpectExtras(true);
 }
 
-TEST_F(FrmAssSelTest, AnArrivalOfAnyOtherRecordOpensItToo) {
+TEST_F(FrmAssSelTest, AnArrivalOfAnyOtherRecordOpensItTooAsPrescribed) {
   for (int n = 0; n < kSelections; ++n) {
     ParamTable[1][n + 1].Flags |= kArrived;
   }
@@ -234,7 +234,7 @@ TEST_F(FrmAssSelTest, TheExtraPricesOpenWithoutTheSelectionsAfterTheLockToo) {
   ExpectExtras(true);
 }
 
-TEST_F(FrmAssSelTest, WhileAnExtraPriceIsMissingTheSwitchOfPriceOneIsFollowedAndTheGateIsNot) {
+TEST_F(FrmAssSelTest, WhileAnExtraPriceIsMissingTheSwitchOfPriceOneIsFollowedAndTheGateIsNotAsPrescribed) {
   Arrive(0, 311, 0);
   Arrive(0, 83, 0);
   SendSelections();
@@ -250,7 +250,7 @@ TEST_F(FrmAssSelTest, WhileAnExtraPriceIsMissingTheSwitchOfPriceOneIsFollowedAnd
   ExpectSelections(false);
 }
 
-TEST_F(FrmAssSelTest, AnExtraPriceOnItsWayClosesBothWhileTheFormIsLocked) {
+TEST_F(FrmAssSelTest, AnExtraPriceOnItsWayClosesBothWhileTheFormIsLockedAsPrescribed) {
   Arrive(0, 311, 0);
   Arrive(0, 312, 0);
   SendExtras();
@@ -271,7 +271,7 @@ TEST_F(FrmAssSelTest, SelectionsThatAreNotInUseStayClosedWhenAllHasArrived) {
   ExpectExtraLabels(true);
 }
 
-TEST_F(FrmAssSelTest, TheGateCountsAsSetUntilItHasArrived) {
+TEST_F(FrmAssSelTest, TheGateCountsAsSetUntilItHasArrivedAsPrescribed) {
   Arrive(0, 311, 0);
   SendExtras();
   ExpectExtras(false);
@@ -279,7 +279,7 @@ TEST_F(FrmAssSelTest, TheGateCountsAsSetUntilItHasArrived) {
   ExpectSelections(true);
 }
 
-TEST_F(FrmAssSelTest, WithEverythingAtPriceOneNothingOpensAndTheLockClearsAllTheSame) {
+TEST_F(FrmAssSelTest, WithEverythingAtPriceOneNothingOpensAndTheLockClearsAllTheSameAsPrescribed) {
   Unlock(1);
   ExpectSelections(false);
   ExpectExtras(false);
@@ -317,7 +317,7 @@ TEST_F(FrmAssSelTest, AnAnswerOpensNoBarAmongClosedSelections) {
   ExpectSelections(true);
 }
 
-TEST_F(FrmAssSelTest, TheSwitchOfPriceOneIsFollowedOnlyOnceTheDecimalsAreThere) {
+TEST_F(FrmAssSelTest, TheSwitchOfPriceOneIsFollowedOnlyOnceTheDecimalsAreThereAsPrescribed) {
   SendExtras();
   SendSelections();
   ExpectSelections(true);

@@ -108,7 +108,7 @@ TEST_P(SetAssignment, OpensWithTheLastPositionAndNotBefore) {
   ExpectOpen(true);
 }
 
-TEST_P(SetAssignment, TheGateCountsAsSetUntilItHasArrived) {
+TEST_P(SetAssignment, TheGateCountsAsSetUntilItHasArrivedAsPrescribed) {
   SendPositions();
   ExpectOpen(true);
 }
@@ -125,7 +125,7 @@ TEST_P(SetAssignment, ASetThatIsNotInUseStaysLockedUntilItIs) {
   ExpectOpen(true);
 }
 
-TEST_P(SetAssignment, AnArrivalOfAnyOtherRecordOpensItToo) {
+TEST_P(SetAssignment, AnArrivalOfAnyOtherRecordOpensItTooAsPrescribed) {
   for (int n = 0; n < kPositions; ++n) {
     ParamTable[node()][n + 1].Flags |= kArrived;
   }
@@ -141,7 +141,7 @@ TEST_P(SetAssignment, TheGateClosesAndOpensTheRows) {
   ExpectOpen(true);
 }
 
-TEST_P(SetAssignment, WithEverythingAtPriceOneNothingOpensAndTheLockClearsAllTheSame) {
+TEST_P(SetAssignment, WithEverythingAtPriceOneNothingOpensAndTheLockClearsAllTheSameAsPrescribed) {
   Arrive(0, 83, 1);
   SendGate(4);
   SendPositions();
@@ -163,7 +163,7 @@ TEST_P(SetAssignment, TheSwitchOfPriceOneClosesTheRowsAndOpensThemInASetInUseOnl
   ExpectOpen(false);
 }
 
-TEST_P(SetAssignment, AChangeOfTheGateOpensTheRowsWithEverythingAtPriceOneToo) {
+TEST_P(SetAssignment, AChangeOfTheGateOpensTheRowsWithEverythingAtPriceOneTooAsPrescribed) {
   Arrive(0, 83, 1);
   SendPositions();
   SendGate(4);

@@ -146,7 +146,7 @@ TEST_F(InOutTest, EachInputLightsItsLamp) {
   }
 }
 
-TEST_F(InOutTest, TheSpareLampStaysOff) {
+TEST_F(InOutTest, TheSpareLampStaysOffAsPrescribed) {
   Led& spare = Find<Led>("iLedRectangleX1(7)");
   for (int value = 0; value < 256; ++value) {
     for (const int record : {544, 545, 546}) {
@@ -236,7 +236,7 @@ TEST_F(InOutTest, ABoardThatComesOpensItsSwitchesOnlyDuringTheTest) {
   EXPECT_EQ(AllOpen("SwitchLed1", 26), UpTo(26));
 }
 
-TEST_F(InOutTest, TheLastThreeOutputsFollowNothingButThePresenceOfTheirBoard) {
+TEST_F(InOutTest, TheLastThreeOutputsFollowNothingButThePresenceOfTheirBoardAsPrescribed) {
   Start();
   EXPECT_EQ(AllOpen("SwitchLed1", 26), UpTo(23));
   Arrive(0, 312, 5);
@@ -382,7 +382,7 @@ TEST_F(InOutTest, BoardsThatAreInTestAlreadyMakeItOn) {
   EXPECT_TRUE(Find("Command1").hasFocus());  // the first of all that can be pressed now
 }
 
-TEST_F(InOutTest, ClosingWritesNothing) {
+TEST_F(InOutTest, ClosingWritesNothingAsPrescribed) {
   Start();
   Click("SwitchLed1(3)");
   Written();
@@ -390,7 +390,7 @@ TEST_F(InOutTest, ClosingWritesNothing) {
   EXPECT_EQ(Written(), Writes{});
 }
 
-TEST_F(InOutTest, TimeUpOpensAllInSilenceAndForgetsWhatIsWaitedFor) {
+TEST_F(InOutTest, TimeUpOpensAllInSilenceAndForgetsWhatIsWaitedForAsPrescribed) {
   Start();
   Click("SwitchLed1(0)");
   EXPECT_TRUE(Running("Timer1"));

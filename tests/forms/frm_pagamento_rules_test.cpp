@@ -96,7 +96,7 @@ TEST_F(FrmPagamentoTest, TheSeventhStructuralArrivalOpensIt) {
   ExpectOpen(true, false, false, {});
 }
 
-TEST_F(FrmPagamentoTest, ARepeatedStructuralArrivalCountsAgain) {
+TEST_F(FrmPagamentoTest, ARepeatedStructuralArrivalCountsAgainAsPrescribed) {
   for (int i = 0; i < 6; ++i) {
     Arrive(0, 353, 100);
   }
@@ -328,7 +328,7 @@ TEST_F(FrmPagamentoTest, AClosedGroupShowsItsValues) {
   EXPECT_EQ(LabelText("Label8v"), "10.0");
 }
 
-TEST_F(FrmPagamentoTest, AnOlderModelHasNoSecondCreditButItsEmptyBox) {
+TEST_F(FrmPagamentoTest, AnOlderModelHasNoSecondCreditButItsEmptyBoxAsPrescribed) {
   const auto marks = ShownMarks();
   Reopen(24);
   Unlock(4);

@@ -155,7 +155,7 @@ TEST_F(PagamentoMoney, AmountsWaitForTheirDecimalsAndFollowThem) {
   EXPECT_EQ(Written(), Writes{});
 }
 
-TEST_F(PagamentoMoney, WithoutDecimalsASeparatorIsBadAndSixDigitsAreRead) {
+TEST_F(PagamentoMoney, WithoutDecimalsASeparatorIsBadAndSixDigitsAreReadAsPrescribed) {
   for (const Sent& sent : Opens(4)) {
     Arrive(sent.node, sent.record, sent.value);
   }

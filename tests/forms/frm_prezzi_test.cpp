@@ -144,7 +144,7 @@ TEST_F(FrmPrezziTest, OpensWithTheLastOfFiftyPrices) {
   }
 }
 
-TEST_F(FrmPrezziTest, OnePriceMayBeMissingAtTheVeryEndOfARun) {
+TEST_F(FrmPrezziTest, OnePriceMayBeMissingAtTheVeryEndOfARunAsPrescribed) {
   struct Case {
     std::vector<int> missing;
     bool opens;
@@ -160,7 +160,7 @@ TEST_F(FrmPrezziTest, OnePriceMayBeMissingAtTheVeryEndOfARun) {
   }
 }
 
-TEST_F(FrmPrezziTest, AnArrivalOfAnyOtherRecordOpensItToo) {
+TEST_F(FrmPrezziTest, AnArrivalOfAnyOtherRecordOpensItTooAsPrescribed) {
   for (int n = 0; n < kPrices; ++n) {
     ParamTable[0][Record(n)].Flags |= kArrived;
   }
@@ -170,7 +170,7 @@ TEST_F(FrmPrezziTest, AnArrivalOfAnyOtherRecordOpensItToo) {
   EXPECT_TRUE(Enabled("Switch1"));
 }
 
-TEST_F(FrmPrezziTest, PriceThirtyHasAMirrorAndPriceThirtyOneHasNone) {
+TEST_F(FrmPrezziTest, PriceThirtyHasAMirrorAndPriceThirtyOneHasNoneAsPrescribed) {
   Fill(0);
   Enter("Text1(29)", "77");
   EXPECT_EQ(Written(), (Writes{{0, 41, 77}, {0, 243, 77}}));
@@ -196,7 +196,7 @@ TEST_F(FrmPrezziTest, ATypedPriceIsHeldUntilTheMachineAnswers) {
   EXPECT_EQ(Label(3), "1.50");
 }
 
-TEST_F(FrmPrezziTest, TheLastPriceOfARunIsNotWaitedFor) {
+TEST_F(FrmPrezziTest, TheLastPriceOfARunIsNotWaitedForAsPrescribed) {
   Fill();
   for (const int n : {29, 49}) {
     Enter(Element("Text1", n), "2");

@@ -70,7 +70,7 @@ TEST_F(FrmScontiTest, SubscribesDecimalsAndDiscounts) {
   EXPECT_EQ(Subscribed(), expected);
 }
 
-TEST_F(FrmScontiTest, TheDiscountWithoutACupGainsASubscriberAtEachOpening) {
+TEST_F(FrmScontiTest, TheDiscountWithoutACupGainsASubscriberAtEachOpeningAsPrescribed) {
   for (int times = 1; times <= 3; ++times) {
     Close();
     EXPECT_EQ(Subscribed(), (std::vector<Subscription>{{0, 74, times}}));
@@ -123,7 +123,7 @@ TEST_F(FrmScontiTest, StaysLockedWhileAnyRecordIsMissing) {
   }
 }
 
-TEST_F(FrmScontiTest, AnArrivalOfAnyOtherRecordOpensItToo) {
+TEST_F(FrmScontiTest, AnArrivalOfAnyOtherRecordOpensItTooAsPrescribed) {
   for (int record = 44; record <= 74; ++record) {
     ParamTable[0][record].Flags |= kArrived;
   }
