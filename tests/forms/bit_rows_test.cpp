@@ -151,22 +151,6 @@ TEST_F(BitRowsTest, TwoFormsOnOneByteNeverUndoEachOther) {
   EXPECT_EQ(Mark(0), State::kTaken);
 }
 
-TEST_F(BitRowsTest, AChangeInThePricesKeepsWhatAnotherFormHasOnItsWay) {
-  Form& prices = Open("FrmPrezzi");
-  Arrive(0, 83, 0b01100000);
-  for (int record = 12; record <= 41; ++record) {
-    Arrive(0, record, 1);
-  }
-  for (int record = 367; record <= 386; ++record) {
-    Arrive(0, record, 1);
-  }
-  switches_->bits.control(0).click();
-  prices.findChild<TwoPositionSwitch*>("Switch1")->click();
-  EXPECT_EQ(Written(), (Writes{{0, 83, 0b01101001}, {0, 285, 0b01101001}}));
-  switches_->bits.control(0).click();
-  EXPECT_EQ(Written(), (Writes{{0, 83, 0b01100001}, {0, 285, 0b01100001}}));
-}
-
 TEST_F(BitRowsTest, ARowThatMovesShowsItsOldBitUntilTheByteArrives) {
   Arrive(0, 83, 8);
   Click("Slider(3)");

@@ -6,35 +6,6 @@ namespace dosmara {
 namespace {
 
 using Writes = std::vector<Write>;
-using BitByteTest = FormFixture;
-
-TEST_F(BitByteTest, ABitByteKeepsItsOtherBits) {
-  BitByte byte({.node = 2, .record = 59, .mirror = 274});
-  Arrive(2, 59, 0b10100001);
-  byte.Take(0b10100001);
-  EXPECT_TRUE(byte.Has(1));
-  EXPECT_FALSE(byte.Has(2));
-  EXPECT_TRUE(byte.Write(2, 2));
-  EXPECT_EQ(Written(), (Writes{{2, 59, 0b10100011}, {2, 274, 0b10100011}}));
-  EXPECT_TRUE(byte.Write(1, 0));
-  EXPECT_EQ(Written(), (Writes{{2, 59, 0b10100010}, {2, 274, 0b10100010}}));
-  EXPECT_TRUE(byte.Write(1, 0));
-  EXPECT_EQ(Written(), (Writes{{2, 59, 0b10100010}, {2, 274, 0b10100010}}));
-}
-
-TEST_F(BitByteTest, ABitByteTellsWhatIsOnItsWay) {
-  BitByte byte({.node = 2, .record = 59, .mirror = 274});
-  EXPECT_FALSE(byte.IsKnown());
-  Arrive(2, 59, 1);
-  byte.Take(1);
-  EXPECT_TRUE(byte.IsKnown());
-  EXPECT_FALSE(byte.IsOnItsWay(255));
-  byte.Write(2, 2);
-  EXPECT_TRUE(byte.IsOnItsWay(2));
-  EXPECT_FALSE(byte.IsOnItsWay(1));
-  byte.Take(3);
-  EXPECT_FALSE(byte.IsOnItsWay(255));
-}
 
 constexpr BitRecord kBytes[] = {{2, 59, 274}};
 constexpr BitRow kBits[] = {

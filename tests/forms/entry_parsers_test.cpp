@@ -77,7 +77,7 @@ TEST(ParseRounded, TakesOnlyWhatIsNumeric) {
   EXPECT_EQ(ParseRounded(QString(5000, '9'), 0, 65535), kBad);
 }
 
-TEST(ParseInt, KnowsFourSpellingsOfOff) {
+TEST(ParseInt, KnowsFourSpellingsOfOffAsPrescribed) {
   Expect(ParseInt, 0, 999,
          {{u"OFF", 0},
           {u"Off", 0},
@@ -126,15 +126,15 @@ TEST(ParseTenthsUpTo, RefusesEverythingElse) {
           {u"\u0661", kBad}});
 }
 
-TEST(ParseTenthsUpTo, ReadsFourCharactersAtMost) {
+TEST(ParseTenthsUpTo, ReadsFourCharactersAtMostAsPrescribed) {
   Expect(ParseTenthsUpTo, 0, 99990, {{u"1234x", 12340}, {u"12345", 12340}});
 }
 
-TEST(ParseTenthsUpTo, DoesNotLookAtTheMinimum) {
+TEST(ParseTenthsUpTo, DoesNotLookAtTheMinimumAsPrescribed) {
   Expect(ParseTenthsUpTo, 29, 255, {{u"0.1", 1}, {u"2", 20}});
 }
 
-TEST(ParseTenthsUpTo, OfAWholeNumberRowIsAsOddAsItHasToBe) {
+TEST(ParseTenthsUpTo, ReadsARowOfWholeNumbersInTenthsAsPrescribed) {
   Expect(ParseTenthsUpTo, 1, 3, {{u"1", kBad}, {u"2", kBad}, {u"3", kBad}, {u"0.2", 2}});
   Expect(ParseTenthsUpTo, 120, 240, {{u"12", 120}, {u"24", 240}, {u"120", kBad}});
   Expect(ParseTenthsUpTo, 0, 230, {{u"23", 230}, {u"100", kBad}});
@@ -219,7 +219,7 @@ TEST(ParseMoney, ReadsTheDecimalsBehindASeparator) {
   ExpectMoney(3, 65535, {{u"1,5", 1500}, {u"1,55", 1550}, {u"1,555", 1555}, {u"65.535", 65535}});
 }
 
-TEST(ParseMoney, DoesNotLookBehindTheLastDecimal) {
+TEST(ParseMoney, DoesNotLookBehindTheLastDecimalAsPrescribed) {
   ExpectMoney(2, 65535, {{u"1,555", 155}, {u"1,55x", 155}, {u"1,55,5", 155}, {u"1,55 ", 155}});
   ExpectMoney(1, 65535, {{u"1,5x", 15}, {u"1,55", 15}});
   ExpectMoney(3, 65535, {{u"1,555x", 1555}});
@@ -241,7 +241,7 @@ TEST(ParseMoney, WithoutDecimalsASeparatorIsBad) {
   ExpectMoney(0, 65535, {{u"1,5", kBad}, {u"1.", kBad}, {u",5", kBad}, {u",", kBad}, {u"1,0", kBad}});
 }
 
-TEST(ParseMoney, ReadsSixCharactersOfTheWholePart) {
+TEST(ParseMoney, ReadsSixCharactersOfTheWholePartAsPrescribed) {
   ExpectMoney(0, 65535, {{u"1234567", kBad}, {u"0000159", 15}, {u"000015x", 15}, {u"000015,5", 15}});
   ExpectMoney(0, 999999, {{u"1234567", 123456}, {u"999999", 999999}});
   ExpectMoney(2, 65535, {{u"000001,5", 100}, {u"00001,5", 150}, {u"00001,55", 155}, {u"00001,5x", kBad}});
@@ -285,7 +285,7 @@ TEST(ParseMoney, AResultAboveTheLimitIsRefusedAndThereIsNoLowerOne) {
   EXPECT_EQ(ParseMoney(u"1", 65535, 0), 1);
 }
 
-TEST(ParseMoney, AVeryLongTextIsReadToItsSixthCharacter) {
+TEST(ParseMoney, AVeryLongTextIsReadToItsSixthCharacterAsPrescribed) {
   EXPECT_EQ(ParseMoney(QString(5000, '0'), 65535, 3), 0);
   EXPECT_EQ(ParseMoney(QString(5000, '9'), 65535, 3), kBad);
 }

@@ -144,6 +144,24 @@ TEST(House, EverySourceFileStartsWithItsLicence) {
   }
 }
 
+TEST(House, NoTestSleeps) {
+  const std::vector<std::string> sleeps = {"qWait(",  "qSleep(",    "msleep(",
+                                           "usleep(", "sleep_for(", "sleep_until("};
+  for (const char* folder : {"tests", "bench"}) {
+    for (const fs::path& file : SourceFiles(kRoot / folder)) {
+      if (file.filename() == "layers_test.cpp") {
+        continue;
+      }
+      std::ifstream in(file);
+      for (std::string line; std::getline(in, line);) {
+        for (const std::string& sleep : sleeps) {
+          EXPECT_EQ(line.find(sleep), std::string::npos) << file << ": " << line;
+        }
+      }
+    }
+  }
+}
+
 TEST(House, NoSourceFileIsLongerThan500LinesAndNoneOfTheToolLongerThan400) {
   for (const std::string folder : {"src", "machine", "tools", "tests", "bench"}) {
     for (const fs::path& file : SourceFiles(kRoot / folder)) {
