@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // How an operator stops a strip chart, looks back and returns.
+#include "controls/chart_plot.h"
 #include "strip_chart_fixture.h"
 
 namespace dosmara {
@@ -162,6 +163,18 @@ TEST_F(StripChartTest, TheMouseDrawsTheStrip) {
     Drag(-300);
   }
   ExpectView(400.5, 460.5);
+}
+
+TEST_F(StripChartTest, WhatMovesTheViewOtherwiseIsNotTakenForTheMouse) {
+  int dragged = 0;
+  QObject::connect(chart_.findChild<ChartPlot*>(), &ChartPlot::Dragged, &chart_, [&] { ++dragged; });
+  AddMany(116);
+  for (const Qt::Key key : {Qt::Key_Left, Qt::Key_Plus, Qt::Key_Home, Qt::Key_End}) {
+    Press(key);
+  }
+  EXPECT_EQ(dragged, 0);
+  Drag(30);
+  EXPECT_GT(dragged, 0);
 }
 
 TEST_F(StripChartTest, DrawingBeyondTheNewestSampleGoesOnFollowing) {
