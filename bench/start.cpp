@@ -10,6 +10,7 @@
 #include <algorithm>
 #include <cstdio>
 #include <cstdlib>
+#include <exception>
 #include <vector>
 
 #include "store/parameter_table.h"
@@ -115,6 +116,11 @@ int main(int argc, char** argv) {
     std::fputs("usage: bench_start STARTS\n", stderr);
     return 2;
   }
-  dosmara::Run(starts);
+  try {
+    dosmara::Run(starts);
+  } catch (const std::exception& failure) {
+    std::fprintf(stderr, "bench_start: %s\n", failure.what());
+    return 1;
+  }
   return 0;
 }

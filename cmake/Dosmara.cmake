@@ -29,7 +29,8 @@ function(dosmara_test name)
   add_executable(${name} ${arg_SOURCES})
   if(arg_WIDGETS)
     dosmara_precompile(${name} <gtest/gtest.h> <QApplication> <QGridLayout> <QLabel> <QLineEdit>
-      <QMainWindow> <QMdiArea> <QTest> <QTimer> <memory> <string> <vector>)
+      <QMainWindow> <QMdiArea> <QTest> <QTimer> <memory> <string> <vector>
+      ${PROJECT_SOURCE_DIR}/tests/support/print_qt.h)
   endif()
   target_include_directories(${name} PRIVATE ${PROJECT_SOURCE_DIR}/tests)
   target_link_libraries(${name} PRIVATE ${arg_LINK} GTest::gtest)

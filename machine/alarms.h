@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // The ring of the last ten alarms, on node 0. Record 86 is the newest entry, 0 to 9; entry e is records
-// 142 + 6e to 147 + 6e: minute, hour, day, month, year less 2000, code. A code above 203 is an empty entry.
-// A machine without a clock logs no date and no time.
+// 142 + 6e to 147 + 6e: minute, hour, day, month, year less 2000, code. A code above 203 marks an empty
+// entry. A machine without a clock logs no date and no time.
 #pragma once
 
 #include "machine/board.h"
@@ -37,7 +37,7 @@ enum class Alarm : std::uint8_t {
   kMemory = 27,
 };
 
-// The alarm of the unit at node 2 or 3, by that of node 2.
+// The alarm of the unit at `node`, 2 or 3; `alarm` is the one of the unit at node 2.
 constexpr Alarm OfUnit(Alarm alarm, int node) {
   return static_cast<Alarm>(static_cast<int>(alarm) + node - 2);
 }

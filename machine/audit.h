@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Test vends and how the machine's counters and money totals are cleared: a 1 in record 314 of node 0 clears
-// what may be cleared at every visit, an 8 clears the life totals as well. While something is handed out the
-// command waits for its end and clears what that has counted as well. A board that is absent keeps its
-// counters. The flows of the MDB system, 339 to 344, are cleared by writing zeroes to them and not here.
+// Counts test vends, and clears the counters and money totals of the machine: a 1 in record 314 of node 0
+// clears what may be cleared at every visit, an 8 clears the life totals as well. While something is handed
+// out the command waits for its end and clears what that has counted as well. A board that is absent keeps
+// its counters. The flows of the MDB system, 339 to 344, are cleared by writing zeroes to them and not here.
 #pragma once
 
 #include "machine/concern.h"

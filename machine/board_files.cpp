@@ -11,18 +11,19 @@ namespace {
 constexpr std::size_t kSmallRow = 5;
 constexpr std::size_t kFullRow = 9;
 
-// The index files of the two units are alike. A technician has set the second one up for warmer goods:
-// record, its mirror or 0, value.
+// The index files of the two units are alike. A technician has set the second one up for warmer goods.
 struct OwnSetting {
   int record;
-  int mirror;
+  int mirror;  // 0 for none
   std::uint32_t value;
 };
-constexpr OwnSetting kSecondUnit[] = {{51, 266, 8},   // degrees wanted
-                                      {53, 268, 30},  // hysteresis
-                                      {56, 271, 4},   // hours between defrosts
-                                      {57, 272, 10},  // minutes of one
-                                      {287, 0, 9 * 256}};
+constexpr OwnSetting kSecondUnit[] = {
+    {51, 266, 8},       // degrees wanted
+    {53, 268, 30},      // hysteresis
+    {56, 271, 4},       // hours between defrosts
+    {57, 272, 10},      // minutes that a defrost takes
+    {287, 0, 9 * 256},  // raw temperature
+};
 
 Bytes ReadWhole(const std::filesystem::path& path) {
   std::ifstream file(path, std::ios::binary);

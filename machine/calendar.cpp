@@ -66,7 +66,7 @@ bool Calendar::Step(int record, std::uint32_t first, std::uint32_t last) {
   return value >= last;
 }
 
-// All years of two digits that a multiple of four ends are leap years from 2000 on.
+// From 2000 to 2099 every fourth year is a leap year.
 std::uint32_t Calendar::DaysOfMonth() const {
   const std::uint32_t month = boards_[0].Get(kMonth);
   if (month == 2) {

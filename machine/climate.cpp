@@ -60,7 +60,7 @@ void Climate::OnSecond() {
   }
 }
 
-// A temperature set by hand is where the boiler or tank goes on from.
+// The boiler or tank goes on from a temperature that was set by hand.
 void Climate::OnSet(int node, int record) {
   if (node == 1 && record == kBoilerRecord) {
     boiler_ = boards_[1].Get(record);

@@ -5,11 +5,12 @@
 // output in 547. Drinks take warmth out of it.
 //
 // Tank, nodes 2 and 3: 51 is the temperature wanted (16 is off), 53 the hysteresis in tenths, 54 and 55 the
-// band and the minutes until an alarm, 56 and 57 the hours between defrosts and the minutes of one, 52 the
-// offset of the probe plus 5. 287 is the raw temperature in 1/256 of a degree, a negative one as its
-// complement; what the unit goes by, and the tool shows, is raw plus offset. The compressor is bit 7 of 288.
+// band and the minutes until an alarm, 56 and 57 the hours between defrosts and the minutes that one
+// takes, 52 the offset of the probe plus 5. 287 is the raw temperature in 1/256 of a degree, a negative one
+// as its complement; what the unit goes by, and the tool shows, is raw plus offset. The compressor is bit 7
+// of 288.
 //
-// In test mode the outputs are the tool's, and warm and cool all the same.
+// In test mode the tool alone switches heater and compressors; they warm and cool all the same.
 #pragma once
 
 #include <array>
@@ -32,7 +33,7 @@ class Climate : public Concern {
   struct Tank {
     double raw = 0;      // degrees at the probe
     int running = 0;     // seconds since the last defrost
-    int defrosting = 0;  // seconds left of this one
+    int defrosting = 0;  // seconds left of the present defrost
     int warm = 0;        // seconds above the band
   };
 

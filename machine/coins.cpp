@@ -14,7 +14,8 @@ constexpr std::uint32_t kLargestSum = 1000000;
 
 }  // namespace
 
-// For each sum from 1 up, the fewest coins that make it and the channel of the last of them.
+// Works out, for each sum from 1 up, the fewest coins that make it and the channel of the last of them. The
+// coins of a sum are that last one and those of the rest.
 std::optional<Coins> CoinsFor(std::uint32_t amount, bool at_least, const Coins& values) {
   const std::uint32_t largest = *std::ranges::max_element(values);
   if (largest == 0 || amount > kLargestSum) {

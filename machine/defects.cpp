@@ -17,17 +17,17 @@ enum class Shows {
   kInDrink,   // any drink, and a wash, runs into its time-out
   kInCoffee,  // any drink with coffee does
   kInUnit,    // any product of its unit does
-  kByHeat,    // by a temperature, see the climate
+  kByHeat,    // an alarm comes once the temperature has gone wrong, see climate.h
 };
 
 struct Part {
   std::string_view name;
   Shows shows;
   Alarm alarm;
-  int node = 0;     // of the time-out
-  int timeout = 0;  // its record
-  Time unit{};      // of that record
-  int output = -1;  // that runs until then, of the drinks unit
+  int node = 0;     // the board that holds the time-out
+  int timeout = 0;  // the record of the time-out
+  Time unit{};      // what that record counts in
+  int output = -1;  // output of the drinks unit that runs until the time-out; -1 for none
 };
 constexpr Part kParts[] = {
     {"pump", Shows::kInDrink, Alarm::kPumpTimeout, 1, 32, 1s, kPumpOutput},

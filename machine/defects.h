@@ -28,7 +28,7 @@ class Defects {
   struct Failure {
     Time timeout;
     Alarm alarm;
-    int output;  // of the drinks unit, that runs until then; -1 for none
+    int output;  // output of the drinks unit that runs until the time-out; -1 for none
   };
   std::optional<Failure> FailureOf(const Serving& serving) const;
 

@@ -20,9 +20,9 @@ constexpr std::uint32_t kWithoutSugar = 3;
 constexpr std::uint32_t kWaterOnly = 4;
 constexpr std::uint32_t kSinglePart = 7;
 
-// The way from the command to the first drop: cup, valve, pump.
+// From the command until the machine begins, which the status shows.
 constexpr Time kStartDelay = 300ms;
-// Columns of a unit stand behind all selections.
+// Record 315 counts the columns of a unit from here, behind all selections.
 constexpr int kColumnsFrom = 38;
 
 }  // namespace
@@ -182,7 +182,8 @@ void Dispenser::Show(bool on) {
   sensors_.Follow();
 }
 
-// The motors of a unit run while a product comes, at its sector. The compressor goes on.
+// While a product comes the unit shows that its motors run, and at which row and column. The compressor goes
+// on as before.
 void Dispenser::ShowSector(bool on) {
   const auto [node, position] = std::pair(serving_->node, serving_->index);
   Board& unit = boards_[static_cast<std::size_t>(node)];
@@ -195,7 +196,7 @@ void Dispenser::ShowSector(bool on) {
   unit.Set(kColumnRecord, on ? 1u << (position % kColumns) : 0);
 }
 
-// In test mode the outputs are the tool's.
+// In test mode the tool alone drives the outputs.
 void Dispenser::Drive(int output, bool on) {
   if (!InTestMode(boards_, 1)) {
     SetOutput(boards_[1], output, on);

@@ -44,7 +44,7 @@ class Dispenser : public Concern {
         remarks_(remarks),
         ended_(std::move(ended)) {}
 
-  // Starts a serving. Returns why it cannot be, or nothing.
+  // Starts a serving. Returns why it cannot start, or nothing.
   std::string Serve(const Serving& serving);
 
   void OnWrite(int node, int record) override;

@@ -9,7 +9,7 @@ namespace machine {
 
 enum DrinksOutput {
   kCoffeeValve = 0,
-  kMilkValve = 1,  // and chocolate
+  kMilkValve = 1,  // for chocolate as well
   kTeaValve = 2,
   kDecafValve = 3,
   kHotWaterValve = 4,

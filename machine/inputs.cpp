@@ -20,7 +20,8 @@ enum Input : std::size_t {
   kBoilerHot,
 };
 
-// Those with a cause in the order of Input, then those that other concerns or the operator alone move.
+// First the inputs whose cause is known here, in the order of Input; behind them those that other concerns or
+// the operator alone move.
 struct Place {
   std::string_view name;
   int node;

@@ -22,9 +22,10 @@ class Inputs : public Concern {
 
   void OnSecond() override;
 
-  // An open door has an alarm.
+  // Opens or closes the door; opening it raises an alarm.
   void SetDoorOpen(bool open);
-  // Puts an input on or off until its cause changes; most have none. False for one that is not there.
+  // Puts an input on or off until its cause changes; some have none and stay. False for one that is not
+  // there.
   bool SetByHand(std::string_view name, bool on);
   // The names of all inputs, parted by blanks.
   static std::string Names();

@@ -3,7 +3,6 @@
 // goes on by itself, all in virtual time.
 #pragma once
 
-#include <array>
 #include <cstdint>
 #include <functional>
 #include <optional>
@@ -17,6 +16,7 @@
 #include "machine/calendar.h"
 #include "machine/climate.h"
 #include "machine/clock.h"
+#include "machine/concern.h"
 #include "machine/defects.h"
 #include "machine/dispenser.h"
 #include "machine/faults.h"
@@ -79,10 +79,10 @@ class Machine {
   // Lets the machine's day run this many times faster than its wire and its dispensing.
   void SetSpeed(unsigned factor);
   unsigned speed() const { return speed_; }
-  // Calls `tick` with every second of the machine's day, last of all.
+  // Calls `tick` with every second of the machine's day, when all concerns have heard of it.
   void EachSecond(std::function<void()> tick) { each_second_ = std::move(tick); }
 
-  // Takes a board of nodes 1 to 3 away, which the main board logs, or puts it back.
+  // Takes a board of nodes 1 to 3 away, which raises an alarm, or puts it back.
   void SetPresent(int node, bool present);
   // True while the tool has the outputs of a board of nodes 1 to 3.
   bool InTest(int node) const { return InTestMode(boards_, node); }
@@ -142,10 +142,10 @@ class Machine {
   Till till_{boards_, alarms_};
   Sales sales_;
   // In the order in which they hear of what happens. The audit is last: a command to clear that has waited
-  // for the end of a sale takes that sale with it.
-  std::array<Concern*, 12> concerns_ = {&settings_,    &calendar_,  &supplies_,  &output_test_,
-                                        &unit_motors_, &dispenser_, &sensors_,   &inputs_,
-                                        &climate_,     &sales_,     &timetable_, &audit_};
+  // for the end of a sale clears what that sale has counted.
+  const std::vector<Concern*> concerns_ = {&settings_,    &calendar_,  &supplies_,  &output_test_,
+                                           &unit_motors_, &dispenser_, &sensors_,   &inputs_,
+                                           &climate_,     &sales_,     &timetable_, &audit_};
 
   Faults faults_;
   FrameLog log_;
@@ -157,7 +157,7 @@ class Machine {
   Time ready_at_{0};
   bool muted_ = false;
   unsigned speed_ = 1;
-  // Counts the changes of speed, so that a second that waits since before one never comes.
+  // Counts the changes of speed. A second that was scheduled before the latest change does nothing.
   unsigned day_ = 0;
   std::function<void()> each_second_ = [] {};
   std::optional<Time> last_request_;

@@ -19,7 +19,7 @@ int main(int argc, char** argv) {
     const machine::Options options =
         machine::ParseOptions(std::span<const char* const>(argv, static_cast<std::size_t>(argc)).subspan(1));
     if (options.help) {
-      std::cout << machine::UsageText() << machine::Console::CommandList();
+      std::cout << machine::UsageText() << machine::CommandList();
       return 0;
     }
     machine::Program(options).Run();

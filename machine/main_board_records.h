@@ -8,7 +8,7 @@
 
 namespace machine {
 
-// A write here is a command; what it works on has been written before.
+// A write to the first is a command; what it works on is written before, into the two behind it.
 inline constexpr int kCommandRecord = 314;
 inline constexpr std::uint32_t kClear = 1;
 inline constexpr std::uint32_t kClearAll = 8;

@@ -19,7 +19,7 @@ class Output {
   // Adds a line, which goes out at once if it can. A line for which there is no room is lost, and how many
   // were is told once there is room again.
   void Add(std::string_view line);
-  // Writes what can be written without waiting. What nobody will ever read is forgotten.
+  // Writes what can be written without waiting. When writing fails, what waits is given up.
   void Flush();
   // True while lines wait for their reader.
   bool waiting() const { return !text_.empty(); }

@@ -14,7 +14,8 @@ constexpr std::uint32_t kDriveCommand = 2;
 constexpr std::uint32_t kEnter = 60;
 constexpr std::uint32_t kLeave = 0;
 
-// Where a board has its test: a command, outputs as they are wanted and as they are, and its mode.
+// The records of a board's test: the command, the first of the outputs that are wanted and of those that are
+// on, how many there are of each, and the one whose test bit tells the mode.
 struct Place {
   int command;
   int wanted;
@@ -34,7 +35,7 @@ const Place& PlaceOf(int node) { return kPlaces[static_cast<std::size_t>(node)];
 
 std::uint32_t LowestBit(std::uint32_t bits) { return bits & -bits; }
 
-// The image of a unit's row (the first) or column that its motors can follow.
+// What a unit makes of the rows or columns that are wanted: its motors turn one of them.
 std::uint32_t Sector(std::uint32_t image, bool row) {
   return row ? LowestBit(image & kRows) | (image & kCompressorOutput) : LowestBit(image);
 }

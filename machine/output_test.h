@@ -1,16 +1,16 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // Test mode of the boards behind the main board, in which the tool drives their outputs.
 //
-// Node 1 takes a command in record 535 on what was written to 536 to 539 before; the outputs as they are read
-// back in 547 to 550, and bit value 1 of 541 is set in test mode. Nodes 2 and 3 take it in 284 on row 285 and
+// Node 1 takes a command in record 535, on data that was written to 536 to 539 before; the outputs read back
+// in 547 to 550, and bit value 1 of 541 is set in test mode. Nodes 2 and 3 take it in 284, on row 285 and
 // column 286; 288 and 289 read back, and bit value 1 of 290 is set in test mode.
 //
-//   command 1   60 in the first data record enters test mode, or ends what runs in it; 0 leaves it
+//   command 1   60 in the first data record enters test mode; 0 leaves it
 //   command 2   the data becomes the outputs, in test mode only
 //
-// Anything else is refused with a remark. All outputs go off on entering and on leaving. A unit turns one
-// sector at a time: of several rows or columns it takes the lowest, and it knows no row 7. Bit 7 of its row
-// is the compressor.
+// Anything else is refused with a remark. All outputs go off on entering, also when the mode is on already,
+// and on leaving. A unit turns one sector at a time: of several rows or columns it takes the lowest. It has
+// six rows; bit 7 of its row is the compressor.
 #pragma once
 
 #include "machine/board.h"
@@ -24,7 +24,8 @@ inline constexpr int kRowRecord = 288;
 inline constexpr int kColumnRecord = 289;
 inline constexpr std::uint32_t kCompressorOutput = 128;
 
-// The state of a unit: test mode, and motors on their way to zero.
+// The command record of a unit with the command that sends its motors to zero, and its status: test mode, and
+// motors on their way.
 inline constexpr int kUnitCommandRecord = 284;
 inline constexpr std::uint32_t kZeroCommand = 3;
 inline constexpr int kUnitStatusRecord = 290;

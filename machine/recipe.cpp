@@ -29,13 +29,15 @@ constexpr std::uint32_t kStirrersAlways = 32;
 constexpr int kMilkOptions = 47;
 constexpr std::uint32_t kDoubleMilk = 1;
 
-// A powder with record 0 is not there; without a mixer its mixer is -1.
+// A powder: the records of its delay and of its time, and its outputs. One whose record is 0 is not there,
+// and one whose mixer is -1 has none.
 struct Powder {
   int delay = 0;
   int time = 0;
   int motor = 0;
   int mixer = -1;
 };
+// A part of a drink: the record of its water, the valve, and what is mixed into it.
 struct Part {
   int water = 0;
   int valve = 0;
@@ -115,7 +117,8 @@ void AddPart(const Board& unit, const Part& part, const Serving& drink, Plan& pl
 }
 
 // The doser fills the brewer ahead of the coffee's water, while the cup falls and the sugar runs, which takes
-// `before`. The grinder fills the doser just before that, or else while the water runs, for the next drink.
+// `before`. The grinder fills the doser in the first half of that, or else while the water runs, for the next
+// drink.
 void AddCoffee(const Board& unit, const Serving& drink, Time before, Plan& plan) {
   const Time start = plan.length;
   AddPart(unit, kParts[0], drink, plan);

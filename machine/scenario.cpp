@@ -95,7 +95,7 @@ std::string Scenario::ReadLine(std::string_view line, std::deque<Step>& steps) c
   return {};
 }
 
-// The way to a line leads from the line before it, so that a late tick delays nothing behind it.
+// Counts from the time of the line before and not from now, so that a line that ran late delays no other.
 void Scenario::Wait() {
   if (steps_.empty()) {
     return;

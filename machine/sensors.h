@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // Inputs of the drinks unit that follow its outputs, whether a drink or the tool drives them: the flow meter,
-// bit 7 of 544, pulses while the pump runs, and the doser's switch, bit 1, is closed while the grinder does.
+// bit 7 of 544, pulses while the pump runs, and the doser's switch, bit 1, is closed while the grinder runs.
 // Both are active low.
 #pragma once
 

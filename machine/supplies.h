@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// What the machine uses up, and the bins that fill: a sale or test without it is refused, and the alarm comes
-// once when it runs out. Water comes from the mains and the drip tray is emptied by the technician, so that
-// these two end by the operator's hand only.
+// What the machine uses up, and the bins that it fills. A serving that needs what has run out, or a bin that
+// is full, is refused; the alarm comes once, as that happens. Servings take no water, which comes from the
+// mains, and do not fill the drip tray: these two change by the operator's hand only.
 #pragma once
 
 #include <array>

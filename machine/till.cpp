@@ -40,7 +40,7 @@ constexpr std::uint32_t kChangeFirst = 1;
 constexpr std::uint32_t kIgnoreExactChange = 2;
 constexpr int kMaximumKey = 363;
 
-// The channel of a machine on tokens.
+// The only channel, counted from 0, of a machine that takes tokens.
 constexpr std::size_t kTokenChannel = 6;
 
 // No record tells the value of a bill channel; those behind the last one take nothing.

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // What the machine does by the time of the day, records of node 0, each a minute and behind it the hour:
 //
-//   switched on    from 87 to 91 and from 89 to 93; outside of both nothing is sold
-//   washes         at 95 and at 97, with bit value 32 of record 84, with the rinse water of record 585 of
-//   node 1 discounts      from 99 to 103 and from 101 to 105, see the tariff
+//   switched on   from 87 to 91 and from 89 to 93; outside of both nothing is sold
+//   washes        at 95 and at 97 if bit value 32 of record 84 is set; record 585 of node 1 is their water
+//   discounts     from 99 to 103 and from 101 to 105, see tariff.h
 //
 // A band that ends before it begins is none, and a machine with no band at all is always on. Without a clock
 // chip it is always on too, and neither washes nor gives discounts. A wash waits for the end of what is

@@ -15,7 +15,7 @@ using namespace std::chrono_literals;
 
 constexpr int kTimeout = 58;
 
-// All drawers, one behind the other.
+// How long all drawers take, one behind the other.
 constexpr Time kWayToZero = 8s;
 
 }  // namespace

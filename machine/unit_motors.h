@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // The motors of the units at nodes 2 and 3 on their way to zero: a 3 in record 284 starts them, bit value 2
 // of record 290 is set until they stand. They run in test mode too, where what the tool has switched on goes
-// off. While a product comes they wait for its end; a command while they run is met by that run. A motor that
-// is broken ends it with an alarm: after the unit's motor time-out, record 58, but not before the other
-// motors stand.
+// off. While a product comes they wait for its end; a command that comes while they run starts nothing more.
+// A motor that is broken ends it with an alarm: after the unit's motor time-out, record 58, but not before
+// the other motors stand.
 #pragma once
 
 #include <array>

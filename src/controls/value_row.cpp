@@ -97,16 +97,8 @@ void ValueRow::Withdraw() {
   }
 }
 
-// A value outside the bar's span is a bad entry too. The number that stands, typed again, writes nothing and
-// gets no answer, so a held bar would stay closed.
 void ValueRow::Confirm(const QString& text) {
-  const std::optional<int> entry = setup_.parse(text);
-  if (entry && *entry >= bar_->minimum() && *entry <= bar_->maximum()) {
-    if (setup_.held && *entry != bar_->Value()) {
-      bar_->setEnabled(false);
-    }
-    bar_->SetValue(*entry);
-  } else {
+  if (!setup_.enter(text)) {
     box_->Restore();
   }
 }

@@ -5,7 +5,6 @@
 #include <QGridLayout>
 #include <QObject>
 #include <functional>
-#include <optional>
 
 #include "controls/bar.h"
 #include "controls/echo_mark.h"
@@ -24,16 +23,14 @@ struct ValueRowSetup {
   int max = 0;
   int large_change = 1;
   int length = 0;  // characters that fit into the box
-  // Makes the bar's value of a confirmed text; nothing of a bad one.
-  std::function<std::optional<int>(const QString& text)> parse;
-  bool held = false;               // a good entry closes the bar until the machine has answered
+  // Takes a confirmed text. Returns whether it was good; else the box brings back what it showed before.
+  std::function<bool(const QString& text)> enter;
   bool closed_box_stays = false;   // a closed row's box is disabled instead of hidden
   bool opening_fills_box = false;  // whatever is typed in the box when the row opens gives way to the value
 };
 
 // The controls of a row and what they do to each other. The box lies exactly over the value: with the
-// box hidden the operator reads the value, with the box shown he types over it. A good entry moves the bar;
-// it is the bar's change event that tells the form. A row starts closed.
+// box hidden the operator reads the value, with the box shown he types over it. A row starts closed.
 class ValueRow : public QObject {
   Q_OBJECT
 

@@ -55,6 +55,7 @@ void BitRows::MakeSwitches(QWidget* parent, const ControlArray& captions, const 
     QObject::connect(row.control, &TwoPositionSwitch::Changed, row.control,
                      [this, &row](int position) { Write(row, position == 1); });
   }
+  SetEnabled(false);
 }
 
 void BitRows::PlaceIn(QGridLayout& grid, int n, int line, int column) {
@@ -64,22 +65,32 @@ void BitRows::PlaceIn(QGridLayout& grid, int n, int line, int column) {
 }
 
 void BitRows::SetEnabled(bool enabled) {
-  for (const Row& row : rows_) {
-    row.caption->setEnabled(enabled);
-    row.control->setEnabled(enabled);
+  for (int n = 0; n < size(); ++n) {
+    SetEnabled(n, enabled);
   }
 }
 
-void BitRows::SetWords(int off, int on) {
-  off_line_ = off;
-  on_line_ = on;
+void BitRows::SetEnabled(int n, bool enabled) {
+  rows_[n].caption->setEnabled(enabled);
+  rows_[n].control->setEnabled(enabled);
+}
+
+void BitRows::Hide(int n) {
+  rows_[n].caption->hide();
+  rows_[n].control->hide();
+  rows_[n].mark->hide();
+}
+
+void BitRows::SetWords(const OffOnLines& words, int count) {
+  words_ = words;
+  with_words_ = count == kAll ? size() : count;
 }
 
 void BitRows::SetCaptions() {
+  for (int n = 0; n < with_words_; ++n) {
+    rows_[n].control->SetPositionTexts(Caption(words_.off) + ',' + Caption(words_.on));
+  }
   for (const Row& row : rows_) {
-    if (off_line_ != 0) {
-      row.control->SetPositionTexts(Caption(off_line_) + ',' + Caption(on_line_));
-    }
     if (row.bit.line != 0 && row.caption != nullptr) {
       row.caption->setText(Caption(row.bit.line));
       row.control->setAccessibleName(Caption(row.bit.line));
@@ -87,7 +98,15 @@ void BitRows::SetCaptions() {
   }
 }
 
-void BitRows::Take(int byte, double value) {
+std::vector<Records> BitRows::ShownRecords() const {
+  std::vector<Records> records;
+  for (const BitByte& byte : bytes_) {
+    records.push_back({byte.where().node, byte.where().record});
+  }
+  return records;
+}
+
+void BitRows::Show(int byte, double value) {
   bytes_[byte].Take(value);
   for (const Row& row : rows_) {
     if (row.bit.byte == byte) {
@@ -108,7 +127,7 @@ void BitRows::MoveWithinByte(int n, int mask) {
   Row& row = rows_[n];
   const BitByte& byte = bytes_[row.bit.byte];
   MoveTo(n, row.bit.byte, mask);
-  if (!byte.known()) {
+  if (!byte.IsKnown()) {
     return;
   }
   const QScopedValueRollback guard(putting_back_, true);

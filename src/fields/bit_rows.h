@@ -11,7 +11,9 @@
 #include "controls/echo_mark.h"
 #include "controls/field_label.h"
 #include "controls/two_position_switch.h"
+#include "fields/captions.h"
 #include "fields/control_array.h"
+#include "fields/field_group.h"
 
 namespace dosmara {
 
@@ -34,7 +36,7 @@ class BitByte {
   void Take(double value);
 
   // Whether a value has arrived.
-  bool known() const { return known_; }
+  bool IsKnown() const { return known_; }
   // Whether any bit of `mask` is set in the copy.
   bool Has(int mask) const { return (bits_ & mask) != 0; }
   // Whether any bit of `mask` has been written and is not back yet.
@@ -68,36 +70,37 @@ struct BitRow {
 inline constexpr int kSwitchColumns = 3;
 
 // The bits of one table, over anything that shows on and off.
-class BitRows {
+class BitRows : public FieldGroup {
  public:
   // `in_arrival` outlives the rows.
   BitRows(std::span<const BitRecord> bytes, std::span<const BitRow> rows, const bool& in_arrival);
-  BitRows(const BitRows&) = delete;
-  BitRows& operator=(const BitRows&) = delete;
 
   int size() const { return static_cast<int>(rows_.size()); }
-  std::span<const BitByte> bytes() const { return bytes_; }
 
   // Lets row n show its state through `show`.
   void Bind(int n, std::function<void(bool on)> show) { rows_[n].show = std::move(show); }
-  // Gives each row a caption, a switch that writes it, and a mark. They become children of `parent`. The
-  // arrays are those of the rows that name none.
+  // Gives each row a caption, a switch that writes it, and a mark. They become children of `parent` and are
+  // closed. The arrays are those of the rows that name none.
   void MakeSwitches(QWidget* parent, const ControlArray& captions = {}, const ControlArray& switches = {});
-  // Gives the switches words for off and on: lines of the language file.
-  void SetWords(int off, int on);
+  // Gives the first `count` switches, or all, words for off and on.
+  void SetWords(const OffOnLines& words, int count = kAll);
   FieldLabel& caption(int n) { return *rows_[n].caption; }
   TwoPositionSwitch& control(int n) { return *rows_[n].control; }
   EchoMark& mark(int n) { return *rows_[n].mark; }
   // Lays the controls of row n into kSwitchColumns columns of the grid: caption, switch, mark.
   void PlaceIn(QGridLayout& grid, int n, int line, int column);
-  // Enables or disables all captions and switches.
-  void SetEnabled(bool enabled);
+  // Enables or disables the switches with their captions, or those of row n.
+  void SetEnabled(bool enabled) override;
+  void SetEnabled(int n, bool enabled);
+  // Takes the caption, the switch and the mark of row n off the form.
+  void Hide(int n);
 
-  // Sets the captions of the switches from the language. Rows that are bound to something else have none.
-  void SetCaptions();
-
-  // Takes an arrived byte: each of its rows shows its bit.
-  void Take(int byte, double value);
+  // Rows that are bound to something else than a switch have no caption.
+  void SetCaptions() override;
+  // One for each byte of the table.
+  std::vector<Records> ShownRecords() const override;
+  // Each row of the byte shows its bit.
+  void Show(int byte, double value) override;
 
   // Moves row n to another bit. It goes on showing the old one until the byte arrives.
   void MoveTo(int n, int byte, int mask);
@@ -106,6 +109,8 @@ class BitRows {
   void MoveWithinByte(int n, int mask);
 
  private:
+  static constexpr int kAll = -1;
+
   struct Row {
     BitRow bit;
     std::function<void(bool)> show;
@@ -121,8 +126,8 @@ class BitRows {
   std::vector<Row> rows_;
   const bool& in_arrival_;
   bool putting_back_ = false;  // a switch is set by the rows, not by the operator
-  int off_line_ = 0;           // words of the switches; 0: none
-  int on_line_ = 0;
+  OffOnLines words_;
+  int with_words_ = 0;  // how many rows have them
 };
 
 }  // namespace dosmara

@@ -10,20 +10,20 @@ BoardsForm::BoardsForm(const FormSetup& setup, std::span<const BoardFrame> board
     Group& group = groups_.emplace_back(Group{board.node, NewFrame(board.name, board.line), gate});
     group.frame->setEnabled(false);
     group.gate.record = GateRecord(board.node);
-    Watch(group.gate, [this, &group] { FollowBoard(group.node, group.gate.Open()); });
+    Follow(group.gate, [this, &group] { FollowBoard(group.node, group.gate.IsOpen()); });
   }
 }
 
 FieldRows& BoardsForm::NewBoardRows(const RowStyle& style, std::span<const FieldRow> fields) {
   FieldRows& rows = NewRows(style, fields);
   board_rows_.push_back(&rows);
-  Watch(rows);
+  Watch(rows, Counts::kYes);
   return rows;
 }
 
 void BoardsForm::Loaded() {
   for (const Group& group : groups_) {
-    FollowBoard(group.node, group.gate.Open());
+    FollowBoard(group.node, group.gate.IsOpen());
   }
 }
 

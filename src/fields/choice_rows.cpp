@@ -21,17 +21,28 @@ ChoiceRows::ChoiceRows(QWidget* parent, std::span<const ChoiceRow> rows, const b
     QObject::connect(row.control, &Selector::Changed, row.control,
                      [this, &row](int position) { Write(row, position); });
   }
+  SetEnabled(false);
 }
 
-int ChoiceRows::Record(int n) const {
-  const ChoiceRow& choice = rows_[n].choice;
-  return choice.read != 0 ? choice.read : choice.written.record;
+std::vector<Records> ChoiceRows::ShownRecords() const {
+  std::vector<Records> records;
+  for (const Row& row : rows_) {
+    const BitRecord& written = row.choice.written;
+    records.push_back({written.node, row.choice.read != 0 ? row.choice.read : written.record});
+  }
+  return records;
 }
 
 void ChoiceRows::PlaceIn(QGridLayout& grid, int n, int line, int column) {
   grid.addWidget(rows_[n].caption, line, column);
   grid.addWidget(rows_[n].control, line, column + 1);
   grid.addWidget(rows_[n].mark, line, column + 2);
+}
+
+void ChoiceRows::SetEnabled(bool enabled) {
+  for (int n = 0; n < size(); ++n) {
+    SetEnabled(n, enabled);
+  }
 }
 
 void ChoiceRows::SetEnabled(int n, bool enabled) {
@@ -66,9 +77,15 @@ void ChoiceRows::Show(int n, double value) {
   }
 }
 
+int ChoiceRows::PositionOf(const Row& row) {
+  return row.choice.position(*row.arrived, row.control->PositionCount());
+}
+
+int ChoiceRows::Position(int n) const { return rows_[n].arrived ? PositionOf(rows_[n]) : 0; }
+
 int ChoiceRows::Draw(const Row& row) {
   const QScopedValueRollback guard(drawing_, true);
-  const int position = row.choice.position(*row.arrived, row.control->PositionCount());
+  const int position = PositionOf(row);
   row.control->SetPosition(position);
   return position;
 }

@@ -35,33 +35,32 @@ struct ChoiceRow {
 };
 
 // The choices of one table.
-class ChoiceRows {
+class ChoiceRows : public FieldGroup {
  public:
-  // `in_arrival` outlives the rows; the controls become children of `parent`.
+  // `in_arrival` outlives the rows; the controls become children of `parent` and are closed.
   ChoiceRows(QWidget* parent, std::span<const ChoiceRow> rows, const bool& in_arrival);
-  ChoiceRows(const ChoiceRows&) = delete;
-  ChoiceRows& operator=(const ChoiceRows&) = delete;
 
   int size() const { return static_cast<int>(rows_.size()); }
-  // The record that tells row n.
-  int Record(int n) const;
-  int Node(int n) const { return rows_[n].choice.written.node; }
   FieldLabel& caption(int n) { return *rows_[n].caption; }
   Selector& control(int n) { return *rows_[n].control; }
   EchoMark& mark(int n) { return *rows_[n].mark; }
+  // The position that the machine has sent last for row n; 0 before.
+  int Position(int n) const;
 
   // Lays the controls of row n into kSwitchColumns columns of the grid: caption, selector, mark.
   void PlaceIn(QGridLayout& grid, int n, int line, int column);
-  // Enables or disables caption and selector of row n.
+  // Enables or disables the selectors with their captions, or those of row n.
+  void SetEnabled(bool enabled) override;
   void SetEnabled(int n, bool enabled);
 
-  // Sets the captions from the language.
-  void SetCaptions();
+  void SetCaptions() override;
   // Gives the selector of row n other positions. It shows what has arrived anew.
   void SetWords(int n, const char* words);
-  // Shows an arrived value of row n. One that comes before a change has reached the machine says nothing
-  // about it: the record that is read may be another one than the record that is written.
-  void Show(int n, double value);
+  // One for each row: the record that tells its position.
+  std::vector<Records> ShownRecords() const override;
+  // An arrival that comes before a change has reached the machine says nothing about it: the record that is
+  // read may be another one than the record that is written.
+  void Show(int n, double value) override;
 
  private:
   struct Row {
@@ -73,6 +72,7 @@ class ChoiceRows {
     std::optional<int> arrived = std::nullopt;  // what the machine has sent last
   };
 
+  static int PositionOf(const Row& row);
   int Draw(const Row& row);
   void Write(Row& row, int position);
 

@@ -113,7 +113,7 @@ void CountersForm::Add(const CounterRun& run) {
   }
   shown_.push_back(std::move(shown));
   const std::size_t index = shown_.size() - 1;
-  Watch(run.records, [this, index](int n, double value) { Show(index, n, value); });
+  Hear(run.records, Counts::kYes, [this, index](int n, double value) { Show(index, n, value); });
 }
 
 }  // namespace dosmara

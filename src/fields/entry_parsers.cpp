@@ -48,7 +48,7 @@ std::optional<double> ParseNumeric(QStringView text) {
   return (negative ? -number : number) / unit;
 }
 
-std::optional<int> ParseWhole(QStringView text, int min, int max, int /*decimals*/) {
+std::optional<int> ParseWhole(QStringView text, int min, int max) {
   const std::optional<double> number = ParseNumeric(text);
   if (!number || !(*number >= min && *number <= max)) {
     return std::nullopt;
@@ -56,12 +56,12 @@ std::optional<int> ParseWhole(QStringView text, int min, int max, int /*decimals
   return static_cast<int>(std::round(*number));
 }
 
-std::optional<int> ParseRounded(QStringView text, int min, int max, int /*decimals*/) {
+std::optional<int> ParseRounded(QStringView text, int min, int max) {
   const double number = std::round(ParseNumeric(text).value_or(std::nan("")));
   return number >= min && number <= max ? std::optional(static_cast<int>(number)) : std::nullopt;
 }
 
-std::optional<int> ParseInt(QStringView text, int min, int max, int /*decimals*/) {
+std::optional<int> ParseInt(QStringView text, int min, int max) {
   for (const QStringView off : {u"OFF", u"Off", u"off", u"oFF"}) {
     if (text == off) {
       return 0;
@@ -70,7 +70,7 @@ std::optional<int> ParseInt(QStringView text, int min, int max, int /*decimals*/
   return ParseWhole(text, min, max);
 }
 
-std::optional<int> ParseTenths(QStringView text, int /*min*/, int max, int /*decimals*/) {
+std::optional<int> ParseTenthsUpTo(QStringView text, int /*min*/, int max) {
   if (text.isEmpty()) {
     return std::nullopt;
   }
@@ -94,12 +94,12 @@ std::optional<int> ParseTenths(QStringView text, int /*min*/, int max, int /*dec
   return number;
 }
 
-std::optional<int> ParseTenthsFrom(QStringView text, int min, int max, int /*decimals*/) {
-  const std::optional<int> number = ParseTenths(text, min, max);
+std::optional<int> ParseTenths(QStringView text, int min, int max) {
+  const std::optional<int> number = ParseTenthsUpTo(text, min, max);
   return number && *number >= min ? number : std::nullopt;
 }
 
-std::optional<int> ParseDelta(QStringView text, int min, int max, int /*decimals*/) {
+std::optional<int> ParseDelta(QStringView text, int min, int max) {
   const bool whole = text.size() == 1 && IsDigit(text[0]);
   const bool tenths = text.size() == 3 && IsDigit(text[0]) && IsSeparator(text[1]) && IsDigit(text[2]);
   if (!whole && !tenths) {
@@ -112,7 +112,7 @@ std::optional<int> ParseDelta(QStringView text, int min, int max, int /*decimals
   return number;
 }
 
-std::optional<int> ParseOffset(QStringView text, int /*min*/, int /*max*/, int /*decimals*/) {
+std::optional<int> ParseOffset(QStringView text, int /*min*/, int /*max*/) {
   const bool negative = text.startsWith(u'-');
   const QStringView digits = negative || text.startsWith(u'+') ? text.sliced(1) : text;
   if (digits.size() != 1 || !IsDigit(digits[0]) || Digit(digits[0]) > kLargestOffset) {
@@ -121,7 +121,7 @@ std::optional<int> ParseOffset(QStringView text, int /*min*/, int /*max*/, int /
   return kLargestOffset + (negative ? -Digit(digits[0]) : Digit(digits[0]));
 }
 
-std::optional<int> ParseMoney(QStringView text, int /*min*/, int max, int decimals) {
+std::optional<int> ParseMoney(QStringView text, int max, int decimals) {
   const QStringView read = text.first(std::min<qsizetype>(text.size(), kMoneyLength));
   const auto separator = std::ranges::find_if(read, IsSeparator);
   const bool separated = separator != read.end();

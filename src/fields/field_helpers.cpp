@@ -9,6 +9,11 @@ namespace dosmara {
 
 namespace {
 
+void BindScroll(QLabel& text, Bar& scroll, double value, const QString& shown) {
+  scroll.SetValue(scroll.Clamped(value));
+  text.setText(shown);
+}
+
 constexpr int kMostDecimals = 3;
 // Digits that a number is sure to have in decimal; the ones behind them are noise of its binary form.
 constexpr int kDecimalDigits = 15;
@@ -32,17 +37,12 @@ QString FormatDecimals(double value, int decimals) {
   return text.replace('.', QLocale().decimalPoint());
 }
 
-QString WholeText(double value, int /*decimals*/) { return QString::number(value, 'g', kDecimalDigits); }
+QString WholeText(double value) { return QString::number(value, 'g', kDecimalDigits); }
 
-QString TenthsText(double value, int /*decimals*/) { return MoneyText(value, 1); }
+QString TenthsText(double value) { return MoneyText(value, 1); }
 
 QString MoneyText(double value, int decimals) {
   return FormatDecimals(value / std::pow(10, decimals), decimals);
-}
-
-void BindScroll(QLabel& text, Bar& scroll, double value, const QString& shown) {
-  scroll.SetValue(scroll.Clamped(value));
-  text.setText(shown);
 }
 
 void BindScrollText(QLabel& text, Bar& scroll, double value) {

@@ -16,15 +16,12 @@ namespace dosmara {
 // decimal: 12.345 with 2 decimals is "12.35". Empty for any other number of decimals.
 QString FormatDecimals(double value, int decimals);
 
-// The texts of a value: a whole number, one held in tenths, an amount of money. They are what the tables of
-// the forms name; only money looks at its decimals.
-using ValueText = QString (*)(double value, int decimals);
-QString WholeText(double value, int decimals = 0);
-QString TenthsText(double value, int decimals = 0);
+// The text of a value, as the tables of the forms name it: a whole number, one held in tenths.
+using ValueText = QString (*)(double value);
+QString WholeText(double value);
+QString TenthsText(double value);
+// The text of an amount of money, which is held in units of 10 to the power minus `decimals`.
 QString MoneyText(double value, int decimals);
-
-// Shows a value of which the text is known: what the rows of the forms and the bindings below come down to.
-void BindScroll(QLabel& text, Bar& scroll, double value, const QString& shown);
 
 // Shows a whole number.
 void BindScrollText(QLabel& text, Bar& scroll, double value);

@@ -20,9 +20,10 @@ struct FieldRow {
   int max = 0;                  //
   int large_change = 1;         // step of the bar for a click beside its handle
   int offset = 0;               // the record's value less the bar's
-  ValueText text = nullptr;     // what is shown of the record's value; MoneyText waits for the decimals
+  ValueText text = nullptr;     // what is shown of the record's value
   bool clamped = false;         // a value that the bar cannot hold is shown as the nearest that it can
   EntryParser parse = nullptr;  // from the typed text to the record's value
+  bool money = false;           // an amount, in place of text and parse: it waits for the decimals of money
   int low = 0;                  // limits of an entry, in units of the record; not always those of the bar
   int limit = 0;
   int length = 0;  // characters that fit into the box
@@ -33,6 +34,14 @@ constexpr FieldRow WholeRow(FieldRow row) {
   row.text = WholeText;
   row.parse = ParseWhole;
   row.low = row.min;
+  row.limit = row.max;
+  return row;
+}
+
+// Completes a row of a time held in tenths, with tenths in its entry up to the end of its bar.
+constexpr FieldRow TenthsRow(FieldRow row) {
+  row.text = TenthsText;
+  row.parse = ParseTenthsUpTo;
   row.limit = row.max;
   return row;
 }
@@ -55,8 +64,7 @@ constexpr FieldRow SixteenBitRow(FieldRow row) {
 // Completes a row of an amount of money of 16 bits.
 constexpr FieldRow MoneyRow(FieldRow row) {
   row = SixteenBitRow(row);
-  row.text = MoneyText;
-  row.parse = ParseMoney;
+  row.money = true;
   row.length = 12;  // more than is read: what lies behind does no harm
   return row;
 }

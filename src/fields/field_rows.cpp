@@ -15,7 +15,7 @@ constexpr int kBarColumn = 2;
 }  // namespace
 
 FieldRows::FieldRows(QWidget* parent, const RowStyle& style, std::span<const FieldRow> fields,
-                     const bool& in_arrival, const Money* money)
+                     const bool& in_arrival, Money* money)
     : fields_(fields), in_arrival_(in_arrival), money_(money), held_(style.held) {
   for (int n = 0; n < size(); ++n) {
     const FieldRow& field = fields_[n];
@@ -27,12 +27,16 @@ FieldRows::FieldRows(QWidget* parent, const RowStyle& style, std::span<const Fie
                                        .max = field.max,
                                        .large_change = field.large_change,
                                        .length = field.length,
-                                       .parse = [this, &field](const QString& t) { return Parse(field, t); },
-                                       .held = style.held,
+                                       .enter = [this, n](const QString& text) { return Enter(n, text); },
                                        .closed_box_stays = style.closed_box_stays,
                                        .opening_fills_box = style.opening_fills_box});
-    QObject::connect(&view->bar(), &Bar::Changed, view, [this, n](int value) { Write(n, value); });
-    rows_.push_back({.view = view, .arrived = std::nullopt});
+    const BarBinding bar(view->bar(), field.offset);
+    rows_.push_back({.view = view, .bar = bar, .value = bar.Value()});
+    QObject::connect(&view->bar(), &Bar::Changed, view,
+                     [this, n](int position) { Change(n, rows_[n].bar.ValueAt(position)); });
+  }
+  if (money_ != nullptr) {
+    money_->WhenChanged([this] { RedrawMoney(); });
   }
 }
 
@@ -76,10 +80,14 @@ void FieldRows::SetOpen(bool open) {
 }
 
 void FieldRows::SetEnabled(bool enabled) {
-  SetOpen(enabled);
-  for (const Row& row : rows_) {
-    row.view->SetLabelsEnabled(enabled);
+  for (int n = 0; n < size(); ++n) {
+    SetEnabled(n, enabled);
   }
+}
+
+void FieldRows::SetEnabled(int n, bool enabled) {
+  rows_[n].view->SetOpen(enabled);
+  rows_[n].view->SetLabelsEnabled(enabled);
 }
 
 void FieldRows::SetCaptions() {
@@ -88,6 +96,14 @@ void FieldRows::SetCaptions() {
       rows_[n].view->SetCaption(Numbered(Caption(fields_[n].line), fields_[n].number));
     }
   }
+}
+
+std::vector<Records> FieldRows::ShownRecords() const {
+  std::vector<Records> records;
+  for (int n = 0; n < size(); ++n) {
+    records.push_back({fields_[n].node, Record(n)});
+  }
+  return records;
 }
 
 void FieldRows::Show(int n, double value) {
@@ -111,40 +127,61 @@ void FieldRows::Fill(int n, double value) {
 // A row that is on its way keeps the value that the machine has sent last.
 void FieldRows::RedrawMoney() {
   for (int n = 0; n < size(); ++n) {
-    if (fields_[n].text == MoneyText && rows_[n].arrived) {
+    if (fields_[n].money && rows_[n].arrived) {
       Draw(n);
     }
   }
 }
 
 std::optional<int> FieldRows::Parse(const FieldRow& field, const QString& text) const {
-  if (field.parse == ParseMoney && !money_->known()) {
-    return std::nullopt;
+  if (!field.money) {
+    return field.parse(text, field.low, field.limit);
   }
-  const int decimals = money_ != nullptr ? money_->decimals() : 0;
-  const std::optional<int> entry = field.parse(text, field.low, field.limit, decimals);
-  return entry ? std::optional(*entry - field.offset) : std::nullopt;
+  return money_->IsKnown() ? ParseMoney(text, field.limit, money_->decimals()) : std::nullopt;
 }
 
-bool FieldRows::Waits(int n) const { return fields_[n].text == MoneyText && !money_->known(); }
+QString FieldRows::Text(const FieldRow& field, double value) const {
+  return field.money ? MoneyText(value, money_->decimals()) : field.text(value);
+}
 
+// Moving the bar raises its change event, which finds nothing changed.
 void FieldRows::Draw(int n) {
   const FieldRow& field = fields_[n];
-  ValueRow& view = *rows_[n].view;
-  const double value = *rows_[n].arrived;
-  const double shown = field.clamped ? view.bar().Clamped(value - field.offset) + field.offset : value;
-  BindScroll(view.value(), view.bar(), shown - field.offset,
-             field.text(shown, money_ != nullptr ? money_->decimals() : 0));
-  view.TakeValueText();
+  Row& row = rows_[n];
+  row.value = row.bar.Nearest(*row.arrived);
+  row.bar.Show(row.value);
+  row.view->value().setText(Text(field, field.clamped ? row.value : *row.arrived));
+  row.view->TakeValueText();
 }
 
-void FieldRows::Write(int n, int bar_value) {
+// A value that the bar refuses is a bad entry too. The number that stands, typed again, changes nothing:
+// held, the bar would wait for an answer that never comes.
+bool FieldRows::Enter(int n, const QString& text) {
+  Row& row = rows_[n];
+  const std::optional<int> entry = Parse(fields_[n], text);
+  if (!entry || !row.bar.Holds(*entry)) {
+    return false;
+  }
+  if (held_ && *entry != row.value) {
+    row.view->SetBarOpen(false);
+  }
+  row.bar.Show(*entry);
+  return true;
+}
+
+// The bar tells of every move, of those by an arrival too.
+void FieldRows::Change(int n, int value) {
+  Row& row = rows_[n];
+  if (value == row.value) {
+    return;
+  }
+  row.value = value;
   if (in_arrival_) {
     return;
   }
-  const int value = bar_value + fields_[n].offset;
-  rows_[n].view->echo().Sent(value);
+  row.view->echo().Sent(value);
   PutWithMirror(fields_[n].node, Record(n), fields_[n].mirror, value);
+  changed_();
 }
 
 }  // namespace dosmara

@@ -6,22 +6,20 @@
 
 namespace dosmara {
 
+// Its last three members say what an arrival does while the form is loading. Afterwards every change is
+// stored and followed.
 struct Gate {
-  // What an arrival does while the form is loading. Afterwards a change is stored and followed by all.
-  enum class WhileLoading {
-    kStored,              // it is stored and counts
-    kIgnored,             // it counts, and is not even looked at
-    kCountsChanges,       // it is stored, and counts when it differs
-    kFollowed,            // a change is followed at once, and nothing counts
-    kFollowedAndCounted,  // a change is followed at once and counts
-  };
+  // Which arrivals count among those after which the form opens.
+  enum class Counted { kEach, kChange, kNone };
 
   int record = 0;
   int mask = 255;      // the part of the value that is stored and compared
   int presence = 255;  // last value stored
-  WhileLoading while_loading = WhileLoading::kStored;
+  bool stored = true;
+  Counted counted = Counted::kEach;
+  bool followed = false;  // a change runs the form's rule at once
 
-  bool Open() const { return (presence & kInUse) != 0; }
+  bool IsOpen() const { return (presence & kInUse) != 0; }
 };
 
 }  // namespace dosmara

@@ -47,6 +47,17 @@ inline constexpr int kCreditOptionsMirror = 362;
 // How many decimals money is shown with: the low two bits, as the machine reports them.
 inline constexpr int kMoneyDecimals = 311;
 
+// Of the hot drinks unit: the temperature of its boiler, in degrees.
+inline constexpr int kBoilerTemperature = 542;
+
+// Of a Zeth unit: the offset of its temperature, in degrees and stored with kTankOffsetOfZero added; the raw
+// temperature, see TankTemperature; a command and the status, which a test reads.
+inline constexpr int kTankOffset = 52;
+inline constexpr int kTankOffsetOfZero = 5;
+inline constexpr int kUnitCommand = 284;
+inline constexpr int kTankTemperature = 287;
+inline constexpr int kUnitStatus = 290;
+
 // Tests of the main board: what is tested goes first, the command follows when its echo is back.
 inline constexpr int kTestCommand = 314;
 inline constexpr int kTestSelection = 315;  // or the column of a unit

@@ -10,21 +10,32 @@ namespace dosmara {
 namespace {
 
 constexpr int kDecimalsMask = 3;
+// No number of decimals that the machine can send: every first arrival is a change.
+constexpr int kNoDecimalsYet = 255;
 
 }  // namespace
 
-void Money::TakeKnown() {
+Money::Money() : Decimali(kNoDecimalsYet) {
   if (ParamIsFresh(kMoneyDecimals, kMainBoard)) {
     Take(ParamGet(kMoneyDecimals, kMainBoard));
   }
 }
 
-bool Money::Take(double value) {
-  const int arrived = LowBits(value) & kDecimalsMask;
-  const bool changed = arrived != Decimali;
-  Decimali = arrived;
+std::vector<Records> Money::ShownRecords() const { return {{kMainBoard, kMoneyDecimals}}; }
+
+void Money::Show(int /*n*/, double value) {
+  const int before = Decimali;
+  Take(value);
+  if (Decimali != before) {
+    for (const auto& redraw : redraws_) {
+      redraw();
+    }
+  }
+}
+
+void Money::Take(double value) {
+  Decimali = LowBits(value) & kDecimalsMask;
   known_ = true;
-  return changed;
 }
 
 }  // namespace dosmara

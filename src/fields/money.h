@@ -3,29 +3,36 @@
 // to say, in a record of its own, so that amounts wait until that has arrived.
 #pragma once
 
-#include <QString>
+#include <functional>
+#include <vector>
+
+#include "fields/field_group.h"
 
 namespace dosmara {
 
 // What a form knows of the decimals of money.
-class Money {
+class Money : public FieldGroup {
  public:
-  // `first` is what Decimali starts at: a number that the machine never sends makes every first arrival a
-  // change.
-  explicit Money(int first = 255) : Decimali(first) {}
+  // Takes the decimals that the machine has sent to some form already, if it has: a form makes its own as it
+  // opens.
+  Money();
 
-  // Takes the decimals that the machine has sent to some form already, if it has. Called when a form opens.
-  void TakeKnown();
-  // Takes an arrival of kMoneyDecimals. Returns whether the decimals have changed.
-  bool Take(double value);
+  // Runs `redraw` whenever the decimals have changed.
+  void WhenChanged(std::function<void()> redraw) { redraws_.push_back(std::move(redraw)); }
 
   // Whether amounts can be shown and typed.
-  bool known() const { return known_; }
+  bool IsKnown() const { return known_; }
   int decimals() const { return Decimali; }
 
+  std::vector<Records> ShownRecords() const override;
+  void Show(int n, double value) override;
+
  private:
+  void Take(double value);
+
   int Decimali;
   bool known_ = false;
+  std::vector<std::function<void()>> redraws_;
 };
 
 }  // namespace dosmara

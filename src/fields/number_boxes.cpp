@@ -50,13 +50,26 @@ void NumberBoxes::SetCaptions() {
   }
 }
 
+std::vector<Records> NumberBoxes::ShownRecords() const {
+  std::vector<Records> records;
+  for (const NumberBox& box : boxes_) {
+    records.push_back({kMainBoard, box.record});
+  }
+  return records;
+}
+
+void NumberBoxes::SetEnabled(bool enabled) {
+  for (const Row& row : rows_) {
+    row.caption->setEnabled(enabled);
+    row.edit->setEnabled(enabled);
+  }
+}
+
 void NumberBoxes::Show(int n, double value) {
   rows_[n].known = true;
   rows_[n].mark->Came(value);
   rows_[n].edit->ShowText(WholeText(value));
 }
-
-void NumberBoxes::EndEntry() { ended_ = true; }
 
 // The table holds what came last or is on its way; before that, what an index file says, which is not the
 // machine's.

@@ -11,6 +11,7 @@
 #include "controls/entry_box.h"
 #include "controls/field_label.h"
 #include "fields/control_array.h"
+#include "fields/field_group.h"
 
 namespace dosmara {
 
@@ -25,13 +26,11 @@ struct NumberBox {
 
 // The boxes of one table. A text that is no number writes nothing and shows the number in force again; a
 // number that will not do writes the one in force. Neither is done before that has arrived.
-class NumberBoxes {
+class NumberBoxes : public FieldGroup {
  public:
   // `boxes` and `in_arrival` outlive these; the controls become children of `parent`.
   NumberBoxes(QWidget* parent, const ControlArray& captions, const ControlArray& edits,
               std::span<const NumberBox> boxes, const bool& in_arrival);
-  NumberBoxes(const NumberBoxes&) = delete;
-  NumberBoxes& operator=(const NumberBoxes&) = delete;
 
   int size() const { return static_cast<int>(boxes_.size()); }
   const NumberBox& Field(int n) const { return boxes_[n]; }
@@ -42,12 +41,11 @@ class NumberBoxes {
   // Lays them under each other: caption, box, mark.
   void PlaceIn(QGridLayout& grid);
 
-  // Sets the captions from the language.
-  void SetCaptions();
-  // Shows an arrived number.
-  void Show(int n, double value);
-  // From now on leaving a box confirms nothing: its form closes.
-  void EndEntry();
+  void SetCaptions() override;
+  std::vector<Records> ShownRecords() const override;
+  void Show(int n, double value) override;
+  void SetEnabled(bool enabled) override;
+  void EndEntry() override { ended_ = true; }
 
  private:
   struct Row {

@@ -26,6 +26,11 @@ inline constexpr int kErrorPortBusy = 8005;
 // kStopExitCode. A guard for the developers of forms; no operator can bring it about.
 [[noreturn]] void StopProgram(std::string_view reason);
 
+// Called by StopProgram with its reason before anything else. One that throws keeps the program alive, which
+// a program of many tests wants; after one that returns the program ends. The tool itself has none: null.
+using StopHandler = void (*)(std::string_view reason);
+void SetStopHandler(StopHandler handler);
+
 // A failure of the start that somebody above turns into a message box with its number.
 class RunTimeError : public std::runtime_error {
  public:

@@ -7,9 +7,11 @@
 #include <QLabel>
 #include <QTest>
 #include <QVBoxLayout>
+#include <QWindow>
 #include <utility>
 
 #include "pictures.h"
+#include "support/wait_until.h"
 
 namespace dosmara {
 namespace {
@@ -34,7 +36,7 @@ class ProgressLineTest : public testing::Test {
     layout->addWidget(below_);
     window_.resize(100, 60);
     window_.show();
-    EXPECT_TRUE(QTest::qWaitForWindowExposed(&window_));
+    EXPECT_TRUE(WaitUntil([this] { return window_.windowHandle()->isExposed(); }));
     line_->installEventFilter(&counter_);
     while (Paintings() > 0) {
     }

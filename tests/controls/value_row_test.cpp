@@ -13,7 +13,7 @@ namespace {
 // Two rows, 0 to 9 each, that take a single digit.
 class ValueRowTest : public testing::Test {
  protected:
-  void Make(bool closed_box_stays = false, bool opening_fills_box = false, bool held = false) {
+  void Make(bool closed_box_stays = false, bool opening_fills_box = false) {
     auto* grid = new QGridLayout(&window_);
     for (int n = 0; n < 2; ++n) {
       rows_[n] = new ValueRow(&window_, {.caption_name = "Caption",
@@ -24,12 +24,12 @@ class ValueRowTest : public testing::Test {
                                          .max = 8,
                                          .large_change = 2,
                                          .length = 3,
-                                         .parse = [](const QString& text) -> std::optional<int> {
-                                           bool whole = false;
-                                           const int number = text.toInt(&whole);
-                                           return whole ? std::optional(number) : std::nullopt;
-                                         },
-                                         .held = held,
+                                         .enter =
+                                             [this, n](const QString& text) {
+                                               bool whole = false;
+                                               const int number = text.toInt(&whole);
+                                               return whole && rows_[n]->bar().SetValue(number);
+                                             },
                                          .closed_box_stays = closed_box_stays,
                                          .opening_fills_box = opening_fills_box});
       rows_[n]->PlaceIn(*grid, n, 0);
@@ -107,27 +107,6 @@ TEST_F(ValueRowTest, AnEntryThatTheBarRefusesIsBad) {
   Enter("9");
   EXPECT_EQ(Box().text(), "3");
   EXPECT_EQ(changes_, std::vector<int>{});
-}
-
-TEST_F(ValueRowTest, AHeldRowClosesItsBarForAGoodEntryOnly) {
-  Make(false, false, true);
-  for (const char* unchanged : {"x", "9", "3"}) {
-    Enter(unchanged);
-    EXPECT_TRUE(rows_[0]->bar().isEnabled()) << unchanged;
-    rows_[1]->bar().setFocus();
-  }
-  EXPECT_EQ(changes_, std::vector<int>{});
-  Enter("7");
-  EXPECT_EQ(changes_, std::vector<int>{7});
-  EXPECT_FALSE(rows_[0]->bar().isEnabled());
-  rows_[0]->SetBarOpen(true);
-  EXPECT_TRUE(rows_[0]->bar().isEnabled());
-}
-
-TEST_F(ValueRowTest, ARowThatIsNotHeldStaysOpen) {
-  Make();
-  Enter("7");
-  EXPECT_TRUE(rows_[0]->bar().isEnabled());
 }
 
 TEST_F(ValueRowTest, ARowMayHaveNoBox) {

@@ -32,7 +32,7 @@ class ArrivalCost : public FormFixture, public testing::WithParamInterface<FormE
     }
     // A layout asks for a painting, which may ask for another layout.
     for (int i = 0; i < 5; ++i) {
-      QTest::qWait(0);
+      QApplication::processEvents();
     }
   }
 };

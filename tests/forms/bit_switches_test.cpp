@@ -6,35 +6,6 @@ namespace dosmara {
 namespace {
 
 using Writes = std::vector<Write>;
-using BitByteTest = FormFixture;
-
-TEST_F(BitByteTest, ABitByteKeepsItsOtherBits) {
-  BitByte byte({.node = 2, .record = 59, .mirror = 274});
-  Arrive(2, 59, 0b10100001);
-  byte.Take(0b10100001);
-  EXPECT_TRUE(byte.Has(1));
-  EXPECT_FALSE(byte.Has(2));
-  EXPECT_TRUE(byte.Write(2, 2));
-  EXPECT_EQ(Written(), (Writes{{2, 59, 0b10100011}, {2, 274, 0b10100011}}));
-  EXPECT_TRUE(byte.Write(1, 0));
-  EXPECT_EQ(Written(), (Writes{{2, 59, 0b10100010}, {2, 274, 0b10100010}}));
-  EXPECT_TRUE(byte.Write(1, 0));
-  EXPECT_EQ(Written(), (Writes{{2, 59, 0b10100010}, {2, 274, 0b10100010}}));
-}
-
-TEST_F(BitByteTest, ABitByteTellsWhatIsOnItsWay) {
-  BitByte byte({.node = 2, .record = 59, .mirror = 274});
-  EXPECT_FALSE(byte.known());
-  Arrive(2, 59, 1);
-  byte.Take(1);
-  EXPECT_TRUE(byte.known());
-  EXPECT_FALSE(byte.IsOnItsWay(255));
-  byte.Write(2, 2);
-  EXPECT_TRUE(byte.IsOnItsWay(2));
-  EXPECT_FALSE(byte.IsOnItsWay(1));
-  byte.Take(3);
-  EXPECT_FALSE(byte.IsOnItsWay(255));
-}
 
 constexpr BitRecord kBytes[] = {{2, 59, 274}};
 constexpr BitRow kBits[] = {
@@ -46,6 +17,7 @@ class BitSwitchesTest : public FormFixture {
   BitSwitchesTest() : rows_(kBytes, kBits, in_arrival_) {
     auto* form = new Form("Rows");
     rows_.MakeSwitches(form, {"Label1"}, {"SwitchX1"});
+    rows_.SetEnabled(true);
     FormFixture::Open(form);
   }
 
@@ -61,10 +33,10 @@ TEST_F(BitSwitchesTest, ARowMayNameItsOwnControls) {
 }
 
 TEST_F(BitSwitchesTest, TheWordsOfTheirPositionsAreThoseOfTheLanguage) {
-  rows_.Take(0, 1);
+  rows_.Show(0, 1);
   rows_.SetCaptions();
   EXPECT_EQ(rows_.control(0).accessibleDescription(), "");
-  rows_.SetWords(109, 110);
+  rows_.SetWords({.off = 109, .on = 110});
   rows_.SetCaptions();
   EXPECT_EQ(rows_.control(0).accessibleDescription(), "#110");
   EXPECT_EQ(rows_.control(1).accessibleDescription(), "#109");
@@ -74,7 +46,7 @@ TEST_F(BitSwitchesTest, ARowThatMovesWithinItsByteShowsItsNewBitAtOnce) {
   rows_.MoveWithinByte(0, 4);
   EXPECT_FALSE(rows_.control(0).IsKnown());
   Arrive(2, 59, 8);
-  rows_.Take(0, 8);
+  rows_.Show(0, 8);
   EXPECT_EQ(rows_.control(0).Position(), 0);
   rows_.MoveWithinByte(0, 8);
   EXPECT_EQ(rows_.control(0).Position(), 1);

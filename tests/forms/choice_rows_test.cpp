@@ -48,7 +48,8 @@ class ChoiceForm : public DataForm {
     for (int n = 0; n < choices.size(); ++n) {
       choices.PlaceIn(*grid, n, n, 0);
     }
-    Watch(choices);
+    Watch(choices, Counts::kYes);
+    choices.SetEnabled(true);
   }
   ChoiceRows& choices;
 };

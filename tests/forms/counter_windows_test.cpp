@@ -10,6 +10,7 @@
 #include "forms/form_fixture.h"
 #include "shell/caption_table.h"
 #include "store/parameter_table.h"
+#include "support/wait_until.h"
 
 namespace dosmara {
 namespace {
@@ -54,8 +55,8 @@ TEST_P(CounterWindow, ANumberIsWholeHoweverLarge) {
   for (const auto& count : counts) {
     Count(count.value);
     EXPECT_EQ(Counter(), count.shown);
-    EXPECT_TRUE(QTest::qWaitFor(
-        [&] { return Find(window().value).width() >= Find(window().value).sizeHint().width(); }));
+    EXPECT_TRUE(
+        WaitUntil([&] { return Find(window().value).width() >= Find(window().value).sizeHint().width(); }));
   }
 }
 

@@ -165,32 +165,5 @@ TEST_F(CountersFormTest, SmallCountersTakeTheRoomOfSevenDigits) {
   EXPECT_GE(Place("Label4(6)").width(), Find("Label4(6)").sizeHint().width());
 }
 
-TEST_F(CountersFormTest, TheRefreshReadsAllThatIsWatchedAnew) {
-  const std::vector<Subscription> all = {{0, 10, 1},  {0, 11, 1},  {0, 12, 1},  {1, 90, 1},
-                                         {1, 100, 1}, {1, 101, 1}, {1, 110, 1}, {2, 10, 1},
-                                         {2, 11, 1},  {2, 12, 1},  {2, 13, 1}};
-  EXPECT_EQ(Subscribed(), all);
-  EXPECT_EQ(Find<QTimer>("Timer1").interval(), 15000);
-  ParamTable[0][11].Subscribers = 2;  // another form shows it too
-  for (int times = 0; times < 3; ++times) {
-    Fire("Timer1");
-  }
-  EXPECT_EQ(ParamTable[0][11].Subscribers, 2);
-  ParamTable[0][11].Subscribers = 1;
-  EXPECT_EQ(Subscribed(), all);
-}
-
-TEST_F(CountersFormTest, ACounterOfNoughtStandsBackBehindTheOthers) {
-  FieldLabel& value = counters_->Value(2, 0);
-  Arrive(1, 90, 0);
-  const QImage nought = value.grab().toImage();
-  value.SetQuiet(false);
-  EXPECT_NE(value.grab().toImage(), nought);
-  Arrive(1, 90, 8);
-  const QImage eight = value.grab().toImage();
-  value.SetQuiet(true);
-  EXPECT_NE(value.grab().toImage(), eight);
-}
-
 }  // namespace
 }  // namespace dosmara

@@ -22,7 +22,7 @@ constexpr FieldRow kRows[] = {
      .mirror = 509,
      .max = 100,
      .text = TenthsText,
-     .parse = ParseTenths,
+     .parse = ParseTenthsUpTo,
      .limit = 100,
      .length = 4},
     {.line = 230,
@@ -40,20 +40,20 @@ constexpr FieldRow kRows[] = {
 
 constexpr Records kMirrors[] = {{1, 509}};
 
-// Loads with the third counted arrival.
+// Opens with the third counted arrival.
 class TwoRows : public DataForm {
  public:
-  explicit TwoRows(Gate::WhileLoading while_loading = Gate::WhileLoading::kStored)
-      : DataForm({.name = "TwoRows", .title = 47, .opens_after = 2, .also_released = kMirrors}),
-        gate{.record = 312, .while_loading = while_loading},
+  explicit TwoRows(const Gate& its_gate = {.record = 312})
+      : DataForm({.name = "TwoRows", .title = 47, .opens_with = 3, .also_released = kMirrors}),
+        gate(its_gate),
         rows(NewRows(
             {.caption = {"Label2"}, .value = {"Label1", 1}, .box = {"Text1", 1}, .bar = {"HScroll1", 1}},
             kRows)) {
     auto* grid = new QGridLayout(Body());
     rows.PlaceInColumns(*grid, 1);
-    Watch(rows);
-    Watch(gate, [this] { ++followed; });
-    Listen(3, 31, [this](double value) {
+    Watch(rows, Counts::kYes);
+    Follow(gate, [this] { ++followed; });
+    HearEcho(3, 31, [this](double value) {
       last = value;
       in_arrival = InArrival;
     });
@@ -73,16 +73,18 @@ class TwoRows : public DataForm {
 
 class DataFormTest : public FormFixture {
  protected:
-  TwoRows& OpenTwoRows(Gate::WhileLoading while_loading = Gate::WhileLoading::kStored) {
-    auto* form = new TwoRows(while_loading);
+  TwoRows& OpenTwoRows(const Gate& gate = {.record = 312}) {
+    auto* form = new TwoRows(gate);
     FormFixture::Open(form);
     return *form;
   }
 };
 
-TEST_F(DataFormTest, AFormWithoutALineOfTheLanguageHasItsDefaultTitle) {
+TEST_F(DataFormTest, ATitleComesFromTheLanguageUnlessTheFormSetsItItself) {
   EXPECT_EQ(OpenTwoRows().windowTitle(), "#47");
-  Open(new DataForm({.name = "Untitled", .default_title = "Untitled form"}));
+  auto* untitled = new DataForm({.name = "Untitled"});
+  untitled->setWindowTitle("Untitled form");
+  Open(untitled);
   EXPECT_EQ(form().windowTitle(), "Untitled form");
 }
 
@@ -113,7 +115,7 @@ TEST_F(DataFormTest, WhatAFormThrowsEndsItsTest) {
 class HearsAll : public DataForm {
  public:
   HearsAll() : DataForm({.name = "HearsAll", .title = 47, .hears_all = true}) {
-    Watch(1, 31, [](double) {});
+    Hear(1, 31, Counts::kNo, [](double) {});
   }
   void AfterArrival() override { ++arrivals; }
 
@@ -242,28 +244,28 @@ TEST_F(DataFormTest, LoadsOnceWhenMoreArrivalsThanTheThresholdHaveCounted) {
 TEST_F(DataFormTest, AGateIsStoredWhileLoading) {
   TwoRows& form = OpenTwoRows();
   Arrive(0, 312, 3);
-  EXPECT_FALSE(form.gate.Open());
+  EXPECT_FALSE(form.gate.IsOpen());
   Arrive(0, 312, 3);
   Arrive(0, 312, 4);
   EXPECT_FALSE(form.IsLoading());
-  EXPECT_TRUE(form.gate.Open());
+  EXPECT_TRUE(form.gate.IsOpen());
   EXPECT_EQ(form.followed, 0);
 }
 
 TEST_F(DataFormTest, AGateMayBeIgnoredWhileLoading) {
-  TwoRows& form = OpenTwoRows(Gate::WhileLoading::kIgnored);
+  TwoRows& form = OpenTwoRows({.record = 312, .stored = false});
   for (int i = 0; i < 3; ++i) {
     Arrive(0, 312, 0);
   }
   EXPECT_FALSE(form.IsLoading());
-  EXPECT_TRUE(form.gate.Open());
+  EXPECT_TRUE(form.gate.IsOpen());
   Arrive(0, 312, 0);
-  EXPECT_FALSE(form.gate.Open());
+  EXPECT_FALSE(form.gate.IsOpen());
   EXPECT_EQ(form.followed, 1);
 }
 
 TEST_F(DataFormTest, AGateMayCountOnlyItsChanges) {
-  TwoRows& form = OpenTwoRows(Gate::WhileLoading::kCountsChanges);
+  TwoRows& form = OpenTwoRows({.record = 312, .counted = Gate::Counted::kChange});
   for (int i = 0; i < 9; ++i) {
     Arrive(0, 312, 255);
   }
@@ -275,7 +277,7 @@ TEST_F(DataFormTest, AGateMayCountOnlyItsChanges) {
 }
 
 TEST_F(DataFormTest, AGateMayBeFollowedWhileLoadingAndCountItsChanges) {
-  TwoRows& form = OpenTwoRows(Gate::WhileLoading::kFollowedAndCounted);
+  TwoRows& form = OpenTwoRows({.record = 312, .counted = Gate::Counted::kChange, .followed = true});
   for (int i = 0; i < 9; ++i) {
     Arrive(0, 312, 255);
   }
@@ -291,7 +293,7 @@ TEST_F(DataFormTest, AGateMayBeFollowedWhileLoadingAndCountItsChanges) {
 }
 
 TEST_F(DataFormTest, AGateThatIsFollowedWhileLoadingMayCountNothing) {
-  TwoRows& form = OpenTwoRows(Gate::WhileLoading::kFollowed);
+  TwoRows& form = OpenTwoRows({.record = 312, .counted = Gate::Counted::kNone, .followed = true});
   for (const int flags : {0, 4, 0, 4}) {
     Arrive(0, 312, flags);
   }
@@ -334,141 +336,6 @@ TEST_F(DataFormTest, ABoxWithTheFocusOutlivesNoForm) {
   OpenTwoRows();
   Type("Text1(1)", "9");
   delete &form();
-}
-
-// Rows that use what few tables need.
-constexpr FieldRow kClampedRows[] = {
-    {.line = 618,
-     .number = 8,
-     .node = 2,
-     .record = 51,
-     .min = 1,
-     .max = 16,
-     .text = WholeText,
-     .clamped = true},
-    {.line = 230,
-     .node = 3,
-     .record = 48,
-     .min = -32768,
-     .max = 32767,
-     .offset = 32768,
-     .text = WholeText,
-     .clamped = true},
-    WholeRow({.line = 52, .node = 2, .record = 32, .min = 5, .max = 90, .length = 2}),
-};
-
-class FieldRowsTest : public FormFixture {
- protected:
-  FieldRowsTest() : rows_(Open(new Form("Rows")), kStyle, kClampedRows, in_arrival_) {}
-  Form* Open(Form* form) { return &FormFixture::Open(form); }
-
-  static constexpr RowStyle kStyle = {
-      .caption = {"Label2"}, .value = {"Label1"}, .box = {"Text1"}, .bar = {"HScroll1"}};
-  bool in_arrival_ = false;
-  FieldRows rows_;
-};
-
-TEST_F(FieldRowsTest, ANumberFollowsTheCaptionBehindABlank) {
-  rows_.SetCaptions();
-  EXPECT_EQ(LabelText("Label2(0)"), "#618 8");
-  EXPECT_EQ(LabelText("Label2(1)"), "#230");
-}
-
-TEST_F(FieldRowsTest, ARowWithoutALineKeepsTheCaptionThatItWasGiven) {
-  constexpr FieldRow kOne[] = {{.record = 28, .max = 9, .text = WholeText}};
-  FieldRows rows(&form(), {.caption = {"Label6"}, .value = {"Label10"}, .box = {}, .bar = {"HScroll9"}}, kOne,
-                 in_arrival_);
-  rows[0].SetCaption("Bricco 1");
-  rows.SetCaptions();
-  EXPECT_EQ(LabelText("Label6(0)"), "Bricco 1");
-}
-
-TEST_F(FieldRowsTest, AClampedRowShowsNothingThatItsBarCannotHold) {
-  rows_.Show(0, 17);
-  EXPECT_EQ(LabelText("Label1(0)"), "16");
-  EXPECT_EQ(BarOf("HScroll1(0)").Value(), 16);
-  rows_.Show(0, 0);
-  EXPECT_EQ(LabelText("Label1(0)"), "1");
-  rows_.Show(2, 91);
-  EXPECT_EQ(LabelText("Label1(2)"), "91");
-  EXPECT_EQ(BarOf("HScroll1(2)").Value(), 90);
-}
-
-TEST_F(FieldRowsTest, AShiftedRowIsClampedInUnitsOfItsRecord) {
-  rows_.Show(1, 65536);
-  EXPECT_EQ(LabelText("Label1(1)"), "65535");
-  rows_.Show(1, 40000);
-  EXPECT_EQ(LabelText("Label1(1)"), "40000");
-}
-
-TEST_F(FieldRowsTest, AWholeRowTakesWhatItsBarCanHold) {
-  rows_.SetOpen(2, true);
-  for (const char* bad : {"4", "91", "x", ""}) {
-    Enter("Text1(2)", bad);
-    EXPECT_EQ(Written(), Writes{}) << bad;
-  }
-  Enter("Text1(2)", "6");
-  EXPECT_EQ(Written(), (Writes{{2, 32, 6}}));
-  Enter("Text1(2)", "90");
-  EXPECT_EQ(Written(), (Writes{{2, 32, 90}}));
-}
-
-TEST_F(FieldRowsTest, AValueOfAnotherRecordIsShownAndSaysNothingOfAChange) {
-  rows_.SetOpen(2, true);
-  rows_.Fill(2, 91);
-  EXPECT_EQ(LabelText("Label1(2)"), "91");
-  EXPECT_EQ(BarOf("HScroll1(2)").Value(), 90);
-  Enter("Text1(2)", "6");
-  in_arrival_ = true;
-  rows_.Fill(2, 7);
-  in_arrival_ = false;
-  EXPECT_EQ(BarOf("HScroll1(2)").Value(), 7);
-  Focus("HScroll1(0)");
-  EXPECT_EQ(BoxText("Text1(2)"), "7");
-  EXPECT_EQ(rows_[2].echo().state(), EchoMark::State::kOnItsWay);
-  EXPECT_EQ(Written(), (Writes{{2, 32, 6}}));
-}
-
-TEST_F(FieldRowsTest, RowsOpenByNode) {
-  rows_.SetOpen(2, true);
-  EXPECT_TRUE(Enabled("HScroll1(0)"));
-  EXPECT_FALSE(Enabled("HScroll1(1)"));
-  EXPECT_TRUE(Enabled("HScroll1(2)"));
-  rows_.SetOpen(2, false);
-  EXPECT_FALSE(Enabled("HScroll1(0)"));
-}
-
-TEST_F(FieldRowsTest, ARowThatStandsAloneHasPlainNames) {
-  RowStyle alone = kStyle;
-  alone.bar = {"HScroll9", kNoArray};
-  alone.box = {"Text9", kNoArray};
-  const FieldRows rows(&form(), alone, std::span(kClampedRows).first(1), in_arrival_);
-  EXPECT_EQ(BarOf("HScroll9").maximum(), 16);
-  EXPECT_EQ(BoxText("Text9"), "");
-}
-
-TEST(ArrivalMap, KnowsARecordOfItsNodeAlone) {
-  ArrivalMap map;
-  map.Set(1, 31, 7);
-  EXPECT_EQ(map.Find(1, 31), 7);
-  for (const int node : {0, 2, 3}) {
-    EXPECT_EQ(map.Find(node, 31), ArrivalMap::kForeign);
-  }
-  for (const int index : {-1, 0, 30, 32, 33000}) {
-    EXPECT_EQ(map.Find(1, index), ArrivalMap::kForeign);
-  }
-  map.Set(1, 31, 8);
-  EXPECT_EQ(map.Find(1, 31), 8);
-  map.Clear();
-  EXPECT_EQ(map.Find(1, 31), ArrivalMap::kForeign);
-}
-
-TEST(RecordsTest, BitsOfARecordThatIsTooWideAreItsLowOnes) {
-  EXPECT_EQ(LowBits(0), 0);
-  EXPECT_EQ(LowBits(255), 255);
-  EXPECT_EQ(LowBits(4294967295.0), 2147483647);
-  EXPECT_EQ(LowBits(4294967300.0), 4);
-  EXPECT_EQ(LowBits(18446744073709551616.0), 0);
 }
 
 }  // namespace

@@ -18,7 +18,7 @@ struct Entry {
 
 void Expect(EntryParser parse, int min, int max, const std::vector<Entry>& entries) {
   for (const Entry& entry : entries) {
-    EXPECT_EQ(parse(entry.text, min, max, 0), entry.result)
+    EXPECT_EQ(parse(entry.text, min, max), entry.result)
         << '"' << QStringView(entry.text).toUtf8().toStdString() << "\" in " << min << " to " << max;
   }
 }
@@ -77,7 +77,7 @@ TEST(ParseRounded, TakesOnlyWhatIsNumeric) {
   EXPECT_EQ(ParseRounded(QString(5000, '9'), 0, 65535), kBad);
 }
 
-TEST(ParseInt, KnowsFourSpellingsOfOff) {
+TEST(ParseInt, KnowsFourSpellingsOfOffAsPrescribed) {
   Expect(ParseInt, 0, 999,
          {{u"OFF", 0},
           {u"Off", 0},
@@ -97,23 +97,24 @@ TEST(ParseInt, TakesANumberWithinItsLimits) {
       {{u"0", 0}, {u"999", 999}, {u"1000", kBad}, {u"-1", kBad}, {u"-.4", kBad}, {u"", kBad}, {u"1x", kBad}});
 }
 
-TEST(ParseTenths, ReadsASeparatedTextInTenths) {
+TEST(ParseTenthsUpTo, ReadsASeparatedTextInTenths) {
   Expect(
-      ParseTenths, 0, 255,
+      ParseTenthsUpTo, 0, 255,
       {{u"12,5", 125}, {u"7.0", 70}, {u"25.5", 255}, {u"25.6", kBad}, {u",5", 5}, {u"0,0", 0}, {u"0.1", 1}});
 }
 
-TEST(ParseTenths, ReadsAPlainTextInWholes) {
-  Expect(ParseTenths, 0, 255, {{u"12", 120}, {u"25", 250}, {u"26", kBad}, {u"0", 0}, {u"0012", 120}});
-  Expect(ParseTenths, 0, 100, {{u"10", 100}, {u"11", kBad}});
+TEST(ParseTenthsUpTo, ReadsAPlainTextInWholes) {
+  Expect(ParseTenthsUpTo, 0, 255, {{u"12", 120}, {u"25", 250}, {u"26", kBad}, {u"0", 0}, {u"0012", 120}});
+  Expect(ParseTenthsUpTo, 0, 100, {{u"10", 100}, {u"11", kBad}});
 }
 
-TEST(ParseTenths, TheSeparatorNeedsOneDigitAndEndsTheReading) {
-  Expect(ParseTenths, 0, 255, {{u"2,", kBad}, {u"2,x", kBad}, {u"2,55", 25}, {u"2,5x", 25}, {u"2,5,", 25}});
+TEST(ParseTenthsUpTo, TheSeparatorNeedsOneDigitAndEndsTheReading) {
+  Expect(ParseTenthsUpTo, 0, 255,
+         {{u"2,", kBad}, {u"2,x", kBad}, {u"2,55", 25}, {u"2,5x", 25}, {u"2,5,", 25}});
 }
 
-TEST(ParseTenths, RefusesEverythingElse) {
-  Expect(ParseTenths, 0, 255,
+TEST(ParseTenthsUpTo, RefusesEverythingElse) {
+  Expect(ParseTenthsUpTo, 0, 255,
          {{u"", kBad},
           {u"OFF", kBad},
           {u"-1", kBad},
@@ -125,21 +126,23 @@ TEST(ParseTenths, RefusesEverythingElse) {
           {u"\u0661", kBad}});
 }
 
-TEST(ParseTenths, ReadsFourCharactersAtMost) {
-  Expect(ParseTenths, 0, 99990, {{u"1234x", 12340}, {u"12345", 12340}});
+TEST(ParseTenthsUpTo, ReadsFourCharactersAtMostAsPrescribed) {
+  Expect(ParseTenthsUpTo, 0, 99990, {{u"1234x", 12340}, {u"12345", 12340}});
 }
 
-TEST(ParseTenths, DoesNotLookAtTheMinimum) { Expect(ParseTenths, 29, 255, {{u"0.1", 1}, {u"2", 20}}); }
-
-TEST(ParseTenths, OfAWholeNumberRowIsAsOddAsItHasToBe) {
-  Expect(ParseTenths, 1, 3, {{u"1", kBad}, {u"2", kBad}, {u"3", kBad}, {u"0.2", 2}});
-  Expect(ParseTenths, 120, 240, {{u"12", 120}, {u"24", 240}, {u"120", kBad}});
-  Expect(ParseTenths, 0, 230, {{u"23", 230}, {u"100", kBad}});
-  Expect(ParseTenths, 0, 10, {{u"1", 10}, {u"1.1", kBad}});
+TEST(ParseTenthsUpTo, DoesNotLookAtTheMinimumAsPrescribed) {
+  Expect(ParseTenthsUpTo, 29, 255, {{u"0.1", 1}, {u"2", 20}});
 }
 
-TEST(ParseTenthsFrom, LooksAtTheMinimumToo) {
-  Expect(ParseTenthsFrom, 20, 250,
+TEST(ParseTenthsUpTo, ReadsARowOfWholeNumbersInTenthsAsPrescribed) {
+  Expect(ParseTenthsUpTo, 1, 3, {{u"1", kBad}, {u"2", kBad}, {u"3", kBad}, {u"0.2", 2}});
+  Expect(ParseTenthsUpTo, 120, 240, {{u"12", 120}, {u"24", 240}, {u"120", kBad}});
+  Expect(ParseTenthsUpTo, 0, 230, {{u"23", 230}, {u"100", kBad}});
+  Expect(ParseTenthsUpTo, 0, 10, {{u"1", 10}, {u"1.1", kBad}});
+}
+
+TEST(ParseTenths, LooksAtTheMinimumToo) {
+  Expect(ParseTenths, 20, 250,
          {{u"2", 20},
           {u"25", 250},
           {u"26", kBad},
@@ -204,7 +207,7 @@ TEST(ParseOffset, RefusesEverythingElse) {
 // `entries` with that many decimals of money.
 void ExpectMoney(int decimals, int max, const std::vector<Entry>& entries) {
   for (const Entry& entry : entries) {
-    EXPECT_EQ(ParseMoney(entry.text, 0, max, decimals), entry.result)
+    EXPECT_EQ(ParseMoney(entry.text, max, decimals), entry.result)
         << '"' << QStringView(entry.text).toUtf8().toStdString() << "\" with " << decimals << " decimals";
   }
 }
@@ -216,7 +219,7 @@ TEST(ParseMoney, ReadsTheDecimalsBehindASeparator) {
   ExpectMoney(3, 65535, {{u"1,5", 1500}, {u"1,55", 1550}, {u"1,555", 1555}, {u"65.535", 65535}});
 }
 
-TEST(ParseMoney, DoesNotLookBehindTheLastDecimal) {
+TEST(ParseMoney, DoesNotLookBehindTheLastDecimalAsPrescribed) {
   ExpectMoney(2, 65535, {{u"1,555", 155}, {u"1,55x", 155}, {u"1,55,5", 155}, {u"1,55 ", 155}});
   ExpectMoney(1, 65535, {{u"1,5x", 15}, {u"1,55", 15}});
   ExpectMoney(3, 65535, {{u"1,555x", 1555}});
@@ -238,7 +241,7 @@ TEST(ParseMoney, WithoutDecimalsASeparatorIsBad) {
   ExpectMoney(0, 65535, {{u"1,5", kBad}, {u"1.", kBad}, {u",5", kBad}, {u",", kBad}, {u"1,0", kBad}});
 }
 
-TEST(ParseMoney, ReadsSixCharactersOfTheWholePart) {
+TEST(ParseMoney, ReadsSixCharactersOfTheWholePartAsPrescribed) {
   ExpectMoney(0, 65535, {{u"1234567", kBad}, {u"0000159", 15}, {u"000015x", 15}, {u"000015,5", 15}});
   ExpectMoney(0, 999999, {{u"1234567", 123456}, {u"999999", 999999}});
   ExpectMoney(2, 65535, {{u"000001,5", 100}, {u"00001,5", 150}, {u"00001,55", 155}, {u"00001,5x", kBad}});
@@ -279,12 +282,12 @@ TEST(ParseMoney, AResultAboveTheLimitIsRefusedAndThereIsNoLowerOne) {
   ExpectMoney(0, 9999, {{u"9999", 9999}, {u"10000", kBad}});
   ExpectMoney(2, 9999, {{u"99,99", 9999}, {u"100", kBad}, {u"100,00", kBad}});
   ExpectMoney(3, 65535, {{u"99999,999", kBad}, {u"999999", kBad}});
-  EXPECT_EQ(ParseMoney(u"1", 50, 65535, 0), 1);
+  EXPECT_EQ(ParseMoney(u"1", 65535, 0), 1);
 }
 
-TEST(ParseMoney, AVeryLongTextIsReadToItsSixthCharacter) {
-  EXPECT_EQ(ParseMoney(QString(5000, '0'), 0, 65535, 3), 0);
-  EXPECT_EQ(ParseMoney(QString(5000, '9'), 0, 65535, 3), kBad);
+TEST(ParseMoney, AVeryLongTextIsReadToItsSixthCharacterAsPrescribed) {
+  EXPECT_EQ(ParseMoney(QString(5000, '0'), 65535, 3), 0);
+  EXPECT_EQ(ParseMoney(QString(5000, '9'), 65535, 3), kBad);
 }
 
 }  // namespace

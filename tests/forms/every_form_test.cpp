@@ -63,7 +63,7 @@ TEST_P(EveryForm, TakesTheNewLanguageWhenItIsActivated) {
   }
 }
 
-TEST_P(EveryForm, LeavesNoRecordSubscribedButWhatIsMeantToStay) {
+TEST_P(EveryForm, LeavesNoRecordSubscribedButAsPrescribed) {
   Open(GetParam().name);
   const bool reads = form().objectName() != "FrmInfo" && form().objectName() != "FrmCancella";
   EXPECT_EQ(Subscribed().empty(), !reads);
@@ -103,7 +103,7 @@ constexpr Released kReleased[] = {
     {"FrmInOut", 2, 285, 2},
 };
 
-TEST_P(EveryForm, ReleasesNothingOfOthersButWhatIsMeantToBe) {
+TEST_P(EveryForm, ReleasesNothingOfOthersButAsPrescribed) {
   constexpr int kOthers = 3;
   for (int node = 0; node < kNodeCount; ++node) {
     for (int record = 1; record <= kRecords; ++record) {

@@ -62,14 +62,12 @@ TEST_F(FieldHelpers, ATextOfAWholeNumberHasAllItsDigits) {
   EXPECT_EQ(WholeText(1234567).toStdString(), "1234567");
   EXPECT_EQ(WholeText(4294967295.0).toStdString(), "4294967295");
   EXPECT_EQ(WholeText(-5).toStdString(), "-5");
-  EXPECT_EQ(WholeText(1000, 2).toStdString(), "1000") << "decimals are for money";
 }
 
-TEST_F(FieldHelpers, ATextOfTenthsHasOneDecimalWhateverMoneyHas) {
+TEST_F(FieldHelpers, ATextOfTenthsHasOneDecimal) {
   EXPECT_EQ(TenthsText(0).toStdString(), "0.0");
   EXPECT_EQ(TenthsText(5).toStdString(), "0.5");
   EXPECT_EQ(TenthsText(125).toStdString(), "12.5");
-  EXPECT_EQ(TenthsText(125, 3).toStdString(), "12.5");
 }
 
 TEST_F(FieldHelpers, ATextOfMoneyHasTheDecimalsOfMoney) {
@@ -88,7 +86,7 @@ TEST_F(FieldHelpers, ATextOfMoneyHasTheDecimalsOfMoney) {
 TEST_F(FieldHelpers, EveryAmountReadsBackAsItself) {
   for (const int decimals : {0, 1, 2, 3}) {
     for (int amount = 0; amount <= 65535; amount += amount < 2000 ? 1 : 37) {
-      ASSERT_EQ(ParseMoney(MoneyText(amount, decimals), 0, 65535, decimals), amount) << decimals;
+      ASSERT_EQ(ParseMoney(MoneyText(amount, decimals), 65535, decimals), amount) << decimals;
     }
   }
 }

@@ -2,116 +2,25 @@
 // A form in a main window, with the parameter table in the place of the machine.
 #pragma once
 
-#include <gtest/gtest.h>
-
-#include <QLabel>
-#include <QLineEdit>
-#include <QMainWindow>
-#include <QMdiArea>
-#include <QTimer>
-#include <memory>
-#include <ostream>
 #include <string>
 #include <vector>
 
-#include "controls/bar.h"
-#include "controls/echo_mark.h"
-#include "controls/two_position_switch.h"
-#include "shell/form.h"
+#include "forms/window_fixture.h"
 
 namespace dosmara {
 
-// A write that waits in the table for the wire.
-struct Write {
-  int node;
-  int record;
-  int value;
-  bool operator==(const Write&) const = default;
-};
-void PrintTo(const Write& write, std::ostream* out);
-
-// A record that somebody has subscribed.
-struct Subscription {
-  int node;
-  int record;
-  int subscribers;
-  bool operator==(const Subscription&) const = default;
-};
-void PrintTo(const Subscription& subscription, std::ostream* out);
-
-// "lblVal(3)", the objectName of an element of a control array.
-std::string Element(const char* name, int n);
-
-// Four boards of `kRecords` two-byte records each, all present, a model with everything, and captions that
-// tell their line: "#58".
-class FormFixture : public testing::Test {
+// Four boards of `kRecords` two-byte records each, all present.
+class FormFixture : public WindowFixture {
  protected:
   static constexpr int kRecords = 700;
 
   FormFixture();
-  ~FormFixture() override;
-
-  // Opens a form as the menu does, by its name.
-  Form& Open(const std::string& name);
-  // Opens a form that is not in the list.
-  Form& Open(Form* form);
-  // Closes the open form, with all that waits to be deleted.
-  void Close();
-  Form& form() { return *form_; }
 
   // The board sends a value: it is in the table before the forms hear of it.
   void Arrive(int node, int record, double value);
 
   // Takes all waiting writes off the table, by node and record.
   std::vector<Write> Written();
-  std::vector<Subscription> Subscribed() const;
-
-  // A control of the open form by its objectName.
-  template <class T = QWidget>
-  T& Find(const std::string& name) {
-    T* control = form_->findChild<T*>(QString::fromStdString(name));
-    if (control == nullptr) {
-      throw std::runtime_error("no control " + name);
-    }
-    return *control;
-  }
-  Bar& BarOf(const std::string& name) { return Find<Bar>(name); }
-  std::string LabelText(const std::string& name) { return Find<QLabel>(name).text().toStdString(); }
-  std::string BoxText(const std::string& name) { return Find<QLineEdit>(name).text().toStdString(); }
-  int Position(const std::string& name) { return Find<TwoPositionSwitch>(name).Position(); }
-  // The nearest mark on the right of a control.
-  EchoMark::State MarkBehind(const std::string& name);
-  // How many marks there are, apart from those of hidden controls.
-  std::ptrdiff_t ShownMarks();
-  bool Enabled(const std::string& name) { return Find(name).isEnabled(); }
-  // Whether the control shows once its form does.
-  bool Shown(const std::string& name) { return Find(name).isVisibleTo(form_); }
-
-  // The operator's hand.
-  void Focus(const std::string& name);
-  void Type(const std::string& box, const std::string& text);
-  void PressEnter();
-  // Types into a box and confirms.
-  void Enter(const std::string& box, const std::string& text);
-  void Click(const std::string& name);
-  // Types into a box, confirms and leaves for the control `leave`.
-  void EnterAndLeave(const std::string& box, const std::string& text, const std::string& leave);
-  // The names of what has the focus after each of `count` presses of Tab.
-  std::vector<std::string> TabThrough(int count);
-
-  // The time of a running timer is up.
-  void Fire(const std::string& timer);
-  bool Running(const std::string& timer) { return Find<QTimer>(timer).isActive(); }
-
- private:
-  // The main window and the link's form, which arrivals pass over.
-  struct Bystander : LoadedForm {
-    void SLabelChange(std::int32_t, double) override { ADD_FAILURE() << "an arrival for a bystander"; }
-  };
-  Bystander bystanders_[2];
-  std::unique_ptr<QMainWindow> window_;
-  QMdiArea* area_;
-  Form* form_ = nullptr;
 };
 
 }  // namespace dosmara

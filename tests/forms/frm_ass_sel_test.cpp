@@ -141,17 +141,6 @@ TEST_F(FrmAssSelTest, SubscribesSelectionsOnOneBoardAndTheRestOnTheOther) {
   EXPECT_EQ(Subscribed(), expected);
 }
 
-TEST_F(FrmAssSelTest, ReleasesExactlyWhatItHasSubscribed) {
-  for (const int record : {41, 44, 82, 84, 244, 245, 285, 310, 313}) {
-    ParamTable[0][record].Subscribers = 1;
-  }
-  for (const int record : {23, 479, 500}) {
-    ParamTable[1][record].Subscribers = 1;
-  }
-  Close();
-  EXPECT_EQ(Subscribed().size(), 12u);
-}
-
 TEST_F(FrmAssSelTest, CaptionsComeFromTheLanguageAndSelectionsSkipFromSixteenToTwentyOne) {
   EXPECT_EQ(form().windowTitle(), "#11");
   EXPECT_EQ(LabelText("Label11(15)"), "#121 16");
@@ -161,7 +150,7 @@ TEST_F(FrmAssSelTest, CaptionsComeFromTheLanguageAndSelectionsSkipFromSixteenToT
   EXPECT_EQ(LabelText("Label11(31)"), "#123");
 }
 
-TEST_F(FrmAssSelTest, TheControlsBetweenSelectionsAndExtraPricesStayHidden) {
+TEST_F(FrmAssSelTest, TheControlsBetweenSelectionsAndExtraPricesStayHiddenAsPrescribed) {
   Unlock();
   for (int n = 22; n < 30; ++n) {
     for (const char* array : {"Label11", "Label1", "HScroll1", "Text1"}) {
@@ -202,7 +191,7 @@ TEST_F(FrmAssSelTest, OpensWithTheLastExtraPriceAndNotBefore) {
   ExpectExtras(true);
 }
 
-TEST_F(FrmAssSelTest, AnArrivalOfAnyOtherRecordOpensItToo) {
+TEST_F(FrmAssSelTest, AnArrivalOfAnyOtherRecordOpensItTooAsPrescribed) {
   for (int n = 0; n < kSelections; ++n) {
     ParamTable[1][n + 1].Flags |= kArrived;
   }
@@ -245,7 +234,7 @@ TEST_F(FrmAssSelTest, TheExtraPricesOpenWithoutTheSelectionsAfterTheLockToo) {
   ExpectExtras(true);
 }
 
-TEST_F(FrmAssSelTest, WhileAnExtraPriceIsMissingTheSwitchOfPriceOneIsFollowedAndTheGateIsNot) {
+TEST_F(FrmAssSelTest, WhileAnExtraPriceIsMissingTheSwitchOfPriceOneIsFollowedAndTheGateIsNotAsPrescribed) {
   Arrive(0, 311, 0);
   Arrive(0, 83, 0);
   SendSelections();
@@ -261,7 +250,7 @@ TEST_F(FrmAssSelTest, WhileAnExtraPriceIsMissingTheSwitchOfPriceOneIsFollowedAnd
   ExpectSelections(false);
 }
 
-TEST_F(FrmAssSelTest, AnExtraPriceOnItsWayClosesBothWhileTheFormIsLocked) {
+TEST_F(FrmAssSelTest, AnExtraPriceOnItsWayClosesBothWhileTheFormIsLockedAsPrescribed) {
   Arrive(0, 311, 0);
   Arrive(0, 312, 0);
   SendExtras();
@@ -282,7 +271,7 @@ TEST_F(FrmAssSelTest, SelectionsThatAreNotInUseStayClosedWhenAllHasArrived) {
   ExpectExtraLabels(true);
 }
 
-TEST_F(FrmAssSelTest, TheGateCountsAsSetUntilItHasArrived) {
+TEST_F(FrmAssSelTest, TheGateCountsAsSetUntilItHasArrivedAsPrescribed) {
   Arrive(0, 311, 0);
   SendExtras();
   ExpectExtras(false);
@@ -290,7 +279,7 @@ TEST_F(FrmAssSelTest, TheGateCountsAsSetUntilItHasArrived) {
   ExpectSelections(true);
 }
 
-TEST_F(FrmAssSelTest, WithEverythingAtPriceOneNothingOpensAndTheLockClearsAllTheSame) {
+TEST_F(FrmAssSelTest, WithEverythingAtPriceOneNothingOpensAndTheLockClearsAllTheSameAsPrescribed) {
   Unlock(1);
   ExpectSelections(false);
   ExpectExtras(false);
@@ -328,7 +317,7 @@ TEST_F(FrmAssSelTest, AnAnswerOpensNoBarAmongClosedSelections) {
   ExpectSelections(true);
 }
 
-TEST_F(FrmAssSelTest, TheSwitchOfPriceOneIsFollowedOnlyOnceTheDecimalsAreThere) {
+TEST_F(FrmAssSelTest, TheSwitchOfPriceOneIsFollowedOnlyOnceTheDecimalsAreThereAsPrescribed) {
   SendExtras();
   SendSelections();
   ExpectSelections(true);
@@ -356,15 +345,6 @@ TEST_F(FrmAssSelTest, TheGateClosesAndOpensTheSelectionsAlone) {
   ExpectSelections(false);
   Arrive(0, 312, 4);
   ExpectSelections(true);
-}
-
-TEST_F(FrmAssSelTest, ThirtyWritesTwentyNineToARecordAndItsMirrorOnTheSecondBoard) {
-  Unlock();
-  Focus("Text2(0)");
-  Enter("Text1(0)", "31");
-  EXPECT_EQ(Written(), Writes{});
-  Enter("Text1(0)", "30");
-  EXPECT_EQ(Written(), (Writes{{1, 1, 29}, {1, 479, 29}}));
 }
 
 TEST_F(FrmAssSelTest, HalvesAreRoundedInALocaleWithAComma) {

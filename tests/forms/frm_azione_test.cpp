@@ -88,7 +88,7 @@ TEST_F(FrmAzioneTest, SubscribesTheGateAndTheCounts) {
 
 TEST_F(FrmAzioneTest, TakesItsTitleFromTheLanguage) { EXPECT_EQ(form().windowTitle(), "#43"); }
 
-TEST_F(FrmAzioneTest, ABarStandsOneAboveItsLeastAtFirstWhichWritesNothing) {
+TEST_F(FrmAzioneTest, ABarStandsOneAboveItsLeastAtFirstWhichWritesNothingAsPrescribed) {
   for (const Count& count : kCounts) {
     EXPECT_EQ(BarOf(Element("HScroll1", count.n)).Value(), -32767);
   }
@@ -110,7 +110,7 @@ TEST_F(FrmAzioneTest, IsLockedUntilEightArrivalsHaveCounted) {
   ExpectOpen(true);
 }
 
-TEST_F(FrmAzioneTest, AnyArrivalCountsTheSameCountTwiceToo) {
+TEST_F(FrmAzioneTest, AnyArrivalCountsTheSameCountTwiceTooAsPrescribed) {
   for (int i = 0; i < 7; ++i) {
     Arrive(1, 48, 3);
   }
@@ -119,7 +119,7 @@ TEST_F(FrmAzioneTest, AnyArrivalCountsTheSameCountTwiceToo) {
   ExpectOpen(true);
 }
 
-TEST_F(FrmAzioneTest, AGateOf255DoesNotCountWhileLoading) {
+TEST_F(FrmAzioneTest, AGateOf255DoesNotCountWhileLoadingAsPrescribed) {
   Arrive(0, 312, 255);
   ArriveAll();
   ExpectOpen(false);

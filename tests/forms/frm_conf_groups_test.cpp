@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // FrmConf: the groups of either of the two Zeth units.
 #include <QFocusEvent>
+#include <QPointer>
 #include <QTest>
 #include <algorithm>
 
@@ -260,8 +261,10 @@ TEST_P(FrmConfUnit, ClosingTheFormWhileAnEntryIsSeenWritesNothing) {
   Fill();
   Enter(Box(2), "100");
   EXPECT_EQ(Ground(Box(2)), kGreen);
+  const QPointer<QTimer> seen = Find(Box(2)).findChild<QTimer*>();
+  ASSERT_TRUE(seen->isActive());
   Close();
-  QTest::qWait(300);
+  EXPECT_EQ(seen, nullptr);
   EXPECT_EQ(Written(), Writes{});
   EXPECT_TRUE(screen_.boxes.empty());
 }

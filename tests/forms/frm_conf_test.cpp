@@ -26,7 +26,7 @@ TEST_F(FrmConfTest, SubscribesTheOptionsAndTheGroupsOfBothUnits) {
   EXPECT_EQ(Subscribed(), (std::vector<Subscription>{{0, 362, 1}, {1, 328, 1}}));
 }
 
-TEST_F(FrmConfTest, CaptionsComeFromTheLanguageButThoseOfTheFirstUnit) {
+TEST_F(FrmConfTest, CaptionsComeFromTheLanguageButThoseOfTheFirstUnitAsPrescribed) {
   EXPECT_EQ(form().windowTitle(), "#24");
   EXPECT_EQ(Find("Frame1").property("title"), "#614");
   for (int i = 0; i < 3; ++i) {
@@ -41,7 +41,7 @@ TEST_F(FrmConfTest, CaptionsComeFromTheLanguageButThoseOfTheFirstUnit) {
   EXPECT_NE(&Find("Shape15(0)"), &Find("Shape15(1)"));
 }
 
-TEST_F(FrmConfTest, NumbersCountDownBesideTheFirstUnitAndUpBesideTheSecond) {
+TEST_F(FrmConfTest, NumbersCountDownBesideTheFirstUnitAndUpBesideTheSecondAsPrescribed) {
   QApplication::processEvents();
   for (int n = 0; n < kPositions; ++n) {
     SCOPED_TRACE(n);
@@ -103,7 +103,7 @@ TEST_F(FrmConfTest, WithoutManagementOnlyTheChoiceIsOpen) {
   EXPECT_EQ(Written(), Writes{});
 }
 
-TEST_F(FrmConfTest, TheChoiceKeepsTheOtherBitsAndWritesNoMirror) {
+TEST_F(FrmConfTest, TheChoiceKeepsTheOtherBitsAndWritesNoMirrorAsPrescribed) {
   Fill(15);
   Click("Option1(1)");
   EXPECT_EQ(Written(), (Writes{{0, 361, 11}}));

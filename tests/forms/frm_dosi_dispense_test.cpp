@@ -69,6 +69,49 @@ TEST_F(FrmDosiTest, AStartedDrinkEndsWithTheStatus) {
   EXPECT_TRUE(RowOpen(0));
 }
 
+TEST_F(FrmDosiTest, ALeaveThatComesDuringATestOpensTheFormAndTheTestGoesOn) {
+  OpenLoaded();
+  Click("Command1(0)");
+  Arrive(0, 317, 2);
+  Arrive(0, 312, 0);
+  ExpectAllGrey();
+  Arrive(0, 312, 4);
+  EXPECT_TRUE(Enabled("Command1(0)"));
+  Written();
+  Arrive(0, 315, 1);
+  EXPECT_EQ(Written(), (Writes{{0, 314, 4}})) << "the test is still under way";
+  Arrive(0, 317, 0);
+  Arrive(0, 315, 1);
+  EXPECT_EQ(Written(), (Writes{{0, 314, 0}})) << "and has ended";
+}
+
+TEST_F(FrmDosiTest, AnArrivalThatLoadsTheFormDuringATestOpensIt) {
+  Open();
+  Arrive(0, 312, 4);
+  for (const int record : kBitRecords) {
+    Arrive(1, record, 0);
+  }
+  Arrive(1, 170, 7);  // its dependants open, and with them the test of a part
+  Click("cmdProva(0)");
+  EXPECT_FALSE(Enabled("cmdProva(0)"));
+  for (const int record : {148, 280, 368, 302, 390, 192, 324, 412, 214}) {
+    Arrive(1, record, 7);
+  }
+  EXPECT_FALSE(Enabled("Command1(0)"));
+  Arrive(1, 346, 7);
+  EXPECT_TRUE(Enabled("Command1(0)"));
+  EXPECT_TRUE(Running("Timer3"));
+}
+
+TEST_F(FrmDosiTest, TheEndOfATestOpensAFormThatHasBeenLockedMeanwhile) {
+  OpenLoaded();
+  Click("Command1(0)");
+  Arrive(0, 312, 0);
+  ExpectAllGrey();
+  Fire("Timer1");
+  EXPECT_TRUE(Enabled("Command1(0)"));
+}
+
 TEST_F(FrmDosiTest, ADrinkOfTheMachinesOwnEndsNoTest) {
   OpenLoaded();
   Arrive(0, 312, 0);

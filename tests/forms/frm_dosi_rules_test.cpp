@@ -107,7 +107,7 @@ TEST_F(FrmDosiTest, AGateThatStaysAsItIsChangesNothing) {
   EXPECT_FALSE(Enabled("HScroll7"));
 }
 
-TEST_F(FrmDosiTest, EnablingLeavesTheLabelsOfTheRowsGrey) {
+TEST_F(FrmDosiTest, EnablingLeavesTheLabelsOfTheRowsGreyAsPrescribed) {
   OpenLoaded();
   for (int n = 0; n < 14; ++n) {
     EXPECT_TRUE(RowOpen(n)) << n;
@@ -154,7 +154,7 @@ TEST_F(FrmDosiTest, OnlyTheSelectionShownIsHeard) {
   EXPECT_EQ(LabelText("lblVal(0)"), "88");
 }
 
-TEST_F(FrmDosiTest, TheSwitchesShowThePreviousSelectionUntilTheBytesAreReadAgain) {
+TEST_F(FrmDosiTest, TheSwitchesShowThePreviousSelectionUntilTheBytesAreReadAgainAsPrescribed) {
   OpenLoaded();
   Arrive(1, 38, 1);
   EXPECT_EQ(Position("SwitchX1(0)"), 1);
@@ -181,7 +181,7 @@ TEST_F(FrmDosiTest, ABytesOtherBitsAreKeptWhileAnotherSelectionIsShown) {
   EXPECT_EQ(Written(), (Writes{{1, 39, 0b00000011}, {1, 517, 0b00000011}}));
 }
 
-TEST_F(FrmDosiTest, TheFirstThreeSwitchesHaveWords) {
+TEST_F(FrmDosiTest, TheFirstThreeSwitchesHaveWordsAsPrescribed) {
   OpenLoaded();
   for (int n = 0; n < 4; ++n) {
     EXPECT_EQ(Find(Element("SwitchX1", n)).accessibleDescription(), n < 3 ? "#65" : "");
@@ -237,7 +237,7 @@ TEST_F(FrmDosiTest, EnablingOpensTheDependantsOfTheHeadsThatAreOn) {
   }
 }
 
-TEST_F(FrmDosiTest, AHeadThatArrivesWhileLoadingOpensItsDependants) {
+TEST_F(FrmDosiTest, AHeadThatArrivesWhileLoadingOpensItsDependantsAsPrescribed) {
   Open();
   Arrive(1, 192, 7);
   EXPECT_TRUE(RowOpen(7));

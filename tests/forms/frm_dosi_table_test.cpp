@@ -8,8 +8,8 @@
 namespace dosmara {
 namespace {
 
-// Water is a count, of which 1 is shown as nought. A time is in tenths of a second, and sugar is one with an
-// off state below its nought. The limit of an entry is 25.5 where the bar of sugar ends at 10.0.
+// Water is a count. A time is in tenths of a second, and sugar is one with an off state below its nought. The
+// limit of an entry is 25.5 where the bar of sugar ends at 10.0.
 enum Kind { kWater, kTime, kSugar };
 
 struct DoseRow {
@@ -40,8 +40,7 @@ RowCase CaseOf(const DoseRow& dose) {
     case kWater:
       row.max = 999;
       row.length = 3;
-      row.arrivals = {{7, "7", 7}, {0, "OFF", 0},     {1, "0", 1},
-                      {2, "2", 2}, {999, "999", 999}, {1000, "999", 999}};
+      row.arrivals = {{7, "7", 7}, {0, "OFF", 0}, {2, "2", 2}, {999, "999", 999}, {1000, "999", 999}};
       row.good = {{"999", 999}, {"0", 0},   {"1", 1},   {"120", 120},
                   {"OFF", 0},   {"Off", 0}, {"off", 0}, {"oFF", 0}};
       row.bad = {"oFf", "OfF", "1a", ".", "-1", ""};
@@ -56,8 +55,7 @@ RowCase CaseOf(const DoseRow& dose) {
     case kSugar:
       row.max = 100;
       row.length = 4;
-      row.arrivals = {{7, "0.7", 7}, {0, "OFF", 0},      {1, "0.0", 1},
-                      {2, "0.2", 2}, {100, "10.0", 100}, {101, "10.0", 100}};
+      row.arrivals = {{7, "0.7", 7}, {0, "OFF", 0}, {2, "0.2", 2}, {100, "10.0", 100}, {101, "10.0", 100}};
       row.good = {{"10.0", 100}, {"0", 0}, {"0.1", 1}};
       row.bad = {"10.1", "25.5", "25.6", "OFF", ""};
       break;
@@ -105,6 +103,15 @@ TEST_F(FrmDosiTable, ABarWritesTheRecordOfTheSelectionShown) {
     SCOPED_TRACE(dose.row);
     BarOf(Element("scrDosi", dose.row)).SetValue(42);
     EXPECT_EQ(Written(), (std::vector<Write>{{1, dose.record + 21, 42}}));
+  }
+}
+
+TEST_F(FrmDosiTable, ALowestCountIsShownAsNoughtAsPrescribed) {
+  for (const DoseRow& dose : kDoses) {
+    SCOPED_TRACE(dose.row);
+    Arrive(1, dose.record, 1);
+    EXPECT_EQ(Shows(dose.row), dose.kind == kWater ? "0" : dose.kind == kSugar ? "0.0" : "0.1");
+    EXPECT_EQ(BarOf(Element("scrDosi", dose.row)).Value(), 1);
   }
 }
 

@@ -136,7 +136,7 @@ TEST_F(FrmGraficoTest, OneBitOfItsGateTellsWhetherABoardHasAPoint) {
   }
 }
 
-TEST_F(FrmGraficoTest, DrawsWhatHasArrivedLastWhetherOrNotItIsFresh) {
+TEST_F(FrmGraficoTest, DrawsWhatHasArrivedLastWhetherOrNotItIsFreshAsPrescribed) {
   ArriveAll();
   Pass();
   Arrive(1, 542, 93);
@@ -151,7 +151,7 @@ TEST_F(FrmGraficoTest, DrawsWhatHasArrivedLastWhetherOrNotItIsFresh) {
   EXPECT_EQ(Values(kTank), (Numbers{4.5, 4.5, 4.5}));
 }
 
-TEST_F(FrmGraficoTest, ATankStaysAtZeroBeforeItsOffsetHasArrived) {
+TEST_F(FrmGraficoTest, ATankStaysAtZeroBeforeItsOffsetHasArrivedAsPrescribed) {
   for (const int node : {2, 3}) {
     SCOPED_TRACE(node);
     const int channel = node - 1;
@@ -190,7 +190,7 @@ TEST_F(FrmGraficoTest, EachTankHasAnOffsetOfItsOwn) {
   EXPECT_EQ(Values(kTank2), Numbers{15});
 }
 
-TEST_F(FrmGraficoTest, ATankAbove127DegreesIsBelowZero) {
+TEST_F(FrmGraficoTest, ATankAbove127DegreesIsBelowZeroAsPrescribed) {
   ArriveAll();
   Arrive(2, 287, 32767);
   Arrive(3, 287, 32768);

@@ -127,7 +127,7 @@ TEST_F(InOutDrinksTest, NothingIsSwitchedByAnImageThatHasBeenLostOnItsWay) {
   EXPECT_EQ(Written(), (Writes{{1, 535, 2}}));
 }
 
-TEST_F(InOutDrinksTest, TheFirstZethUnitIsSentToIdleAndTheSecondIsLeftAlone) {
+TEST_F(InOutDrinksTest, TheFirstZethUnitIsSentToIdleAndTheSecondIsLeftAloneAsPrescribed) {
   Start();
   Click("SwitchLed1(0)");
   Written();
@@ -179,7 +179,7 @@ TEST_F(InOutDrinksTest, AReadBackThatNobodyWaitsForOpensNothing) {
   ExpectOpen(false);
 }
 
-TEST_F(InOutDrinksTest, TheLastThreeStayOpenWhileAWriteIsOnItsWay) {
+TEST_F(InOutDrinksTest, TheLastThreeStayOpenWhileAWriteIsOnItsWayAsPrescribed) {
   StartWithAllSwitches();
   Click("SwitchLed1(23)");
   EXPECT_EQ(AllOpen("SwitchLed1", 26), UpTo(26, 23));

@@ -303,7 +303,7 @@ INSTANTIATE_TEST_SUITE_P(Units, InOutZeth, testing::Values(kZeth, kZeth2),
 
 class InOutTwinsTest : public InOutFixture {};
 
-TEST_F(InOutTwinsTest, OneLastSectorServesBothMatrices) {
+TEST_F(InOutTwinsTest, OneLastSectorServesBothMatricesAsPrescribed) {
   Start();
   Click("SwitchLed3(9)");
   Fire("Timer1");

@@ -56,7 +56,7 @@ TEST_F(FrmInfoTest, KeepsItsWordsInEveryLanguage) {
 }
 
 // 4500 twips are 300 pixels, 3500 are 233.33; 0.075 of the height is what 0.85 / 2 lacks to a half.
-TEST_F(FrmInfoTest, LiesRightOfAndBelowTheCornerByItsHeightAlone) {
+TEST_F(FrmInfoTest, LiesRightOfAndBelowTheCornerByItsHeightAloneAsPrescribed) {
   const QWidget& frame = *form().parentWidget();
   EXPECT_EQ(frame.x(), 300);
   EXPECT_EQ(frame.y(), qRound(233.3333 - 0.075 * frame.height()));
@@ -69,7 +69,7 @@ TEST(CenterForm1, PlacesAFormByTheSizeOfTheReference) {
   EXPECT_EQ(CenterForm1Position({500, 400}, {500, 400}), QPoint(300, 203));
 }
 
-TEST(RevisionText, HasABlankBehindThePoint) {
+TEST(RevisionText, HasABlankBehindThePointAsPrescribed) {
   EXPECT_EQ(RevisionText(QVersionNumber(1, 0, 5)), "Rev. 1.0.5");
   EXPECT_EQ(RevisionText(QVersionNumber(10, 20, 30)), "Rev. 10.20.30");
 }

@@ -35,14 +35,14 @@ TEST_F(MdbAudit, TheButtonIsCaptionedFromTheLanguage) {
   EXPECT_EQ(Find("Command1").property("text").toString(), "#171");
 }
 
-TEST_F(MdbAudit, AmountsHaveNoDecimalPointWhateverTheDecimalsOfMoney) {
+TEST_F(MdbAudit, AmountsHaveNoDecimalPointWhateverTheDecimalsOfMoneyAsPrescribed) {
   Arrive(0, 311, 2);
   ReadAll();
   EXPECT_EQ(Flow(0), "1500");
   EXPECT_EQ(Flow(5), "1505");
 }
 
-TEST_F(MdbAudit, TheButtonOpensAsSoonAsTheFirstFlowIsKnown) {
+TEST_F(MdbAudit, TheButtonOpensAsSoonAsTheFirstFlowIsKnownAsPrescribed) {
   EXPECT_FALSE(Clearable());
   for (int n = 1; n < 6; ++n) {
     Arrive(0, 339 + n, 5);
@@ -52,7 +52,7 @@ TEST_F(MdbAudit, TheButtonOpensAsSoonAsTheFirstFlowIsKnown) {
   EXPECT_TRUE(Clearable());
 }
 
-TEST_F(MdbAudit, AnyArrivalOpensTheButtonOnceTheFirstFlowIsFresh) {
+TEST_F(MdbAudit, AnyArrivalOpensTheButtonOnceTheFirstFlowIsFreshAsPrescribed) {
   ParamTable[0][339].Flags |= kArrived;  // another form has read it
   EXPECT_FALSE(Clearable());
   Arrive(2, 7, 5);

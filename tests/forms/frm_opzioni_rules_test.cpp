@@ -118,7 +118,7 @@ TEST_F(FrmOpzioniRulesTest, UnitFlagsAndStatusCountOnlyWhenTheyDiffer) {
   }
 }
 
-TEST_F(FrmOpzioniRulesTest, AMachineWithoutAUnitKeepsTheFormLocked) {
+TEST_F(FrmOpzioniRulesTest, AMachineWithoutAUnitKeepsTheFormLockedAsPrescribed) {
   for (const Sent& sent : kOpensOptions) {
     if (sent.node != 3) {
       Arrive(sent.node, sent.record, sent.value);
@@ -232,7 +232,7 @@ TEST_F(FrmOpzioniRulesTest, ThePointOpensWithTheFormUnlessThePaymentSystemHasIt)
   }
 }
 
-TEST_F(FrmOpzioniRulesTest, NothingLocksItAgain) {
+TEST_F(FrmOpzioniRulesTest, NothingLocksItAgainAsPrescribed) {
   Unlock();
   SendAll(kOpensOptions);
   SendSettings();

@@ -30,15 +30,14 @@ FormRows OpzioniRows() {
                    .length = 3,
                    .arrivals = {{20, "20", 20}, {1, "1", 1}, {0, "0", 1}, {200, "200", 99}},
                    .good = {{"2", 2}, {"99", 99}},
-                   .bad = {"1", "0", "100", "-5", "", "x", "OFF"}};
+                   .bad = {"0", "100", "-5", "", "x", "OFF"}};
   };
   RowCase threshold = pot(2, "Soglia macinino", 33, 511);
   threshold.min = 50;
   threshold.max = 180;
   threshold.length = 4;
   threshold.arrivals = {{100, "10.0", 100}, {55, "5.5", 55}, {49, "4.9", 50}, {181, "18.1", 180}};
-  threshold.good = {{"5", 50},   {"18", 180}, {"18.0", 180}, {"12,5", 125},
-                    {"4.9", 50}, {"0", 50},   {"2,55", 50}};
+  threshold.good = {{"5", 50}, {"18", 180}, {"18.0", 180}, {"12,5", 125}};
   threshold.bad = {"19", "18,1", "", "x", "6.", "6.x", "200"};
   return {.form = "FrmOpzioni",
           .opens = kOpensOptions,
@@ -91,20 +90,25 @@ TEST_F(FrmOpzioniTest, SubscribesItsRecordsOnceEach) {
   EXPECT_EQ(Subscribed(), expected);
 }
 
-TEST_F(FrmOpzioniTest, ClosingReleasesSomeMirrorsThatItNeverSubscribedAndOthersNot) {
-  const std::vector<Subscription> released = {{0, 279, 1}, {0, 280, 1}, {0, 285, 1}, {0, 286, 1},
-                                              {0, 360, 1}, {1, 506, 1}, {1, 507, 1}, {1, 511, 1},
-                                              {1, 524, 1}, {1, 525, 1}};
-  const std::vector<Subscription> left = {{0, 76, 1},  {0, 278, 1}, {0, 281, 1}, {0, 284, 1}, {0, 287, 1},
-                                          {0, 362, 1}, {1, 505, 1}, {1, 508, 1}, {1, 512, 1}, {1, 523, 1},
-                                          {1, 526, 1}, {2, 274, 1}, {3, 274, 1}};
-  for (const auto& all : {released, left}) {
-    for (const Subscription& each : all) {
-      ParamTable[each.node][each.record].Subscribers = 1;
-    }
+TEST_F(FrmOpzioniTest, AnEntryBeginsOneAboveTheBeginningOfItsBarAsPrescribed) {
+  Unlock();
+  for (const int n : {0, 1}) {
+    SCOPED_TRACE(n);
+    Enter(Element("Text2", n), "1");
+    EXPECT_EQ(Written(), Writes{});
+    BarOf(Element("HScroll1", n)).SetValue(1);
+    EXPECT_EQ(Written(), (Writes{{1, 28 + n, 1}, {1, 506 + n, 1}}));
   }
-  Close();
-  EXPECT_EQ(Subscribed(), left);
+}
+
+TEST_F(FrmOpzioniTest, AnEntryOfTheThresholdHasNoLeastButThatOfItsBarAsPrescribed) {
+  Unlock();
+  for (const char* entry : {"4.9", "0", "2,55"}) {
+    SCOPED_TRACE(entry);
+    Arrive(1, 33, 100);
+    Enter("Text2(2)", entry);
+    EXPECT_EQ(Written(), (Writes{{1, 33, 50}, {1, 511, 50}}));
+  }
 }
 
 TEST_F(FrmOpzioniTest, EachSwitchHasItsCaptionItsWordsAndANameForTheEar) {
@@ -358,7 +362,7 @@ TEST_P(FrmOpzioniNumbersTest, LeavingWritesWhatIsTypedWithoutEnterAndWithoutAMir
   EXPECT_EQ(Written(), (Writes{{0, Record(), 0}}));
 }
 
-TEST_P(FrmOpzioniNumbersTest, ANumberThatWillNotDoWritesTheStoredOneOnceItHasArrived) {
+TEST_P(FrmOpzioniNumbersTest, ANumberThatWillNotDoWritesTheStoredOneOnceItHasArrivedAsPrescribed) {
   ParamTable[0][Record()].Value[0] = 9;  // of the index file
   TypeAndLeave("-1");
   EXPECT_EQ(Written(), Writes{});
@@ -380,7 +384,7 @@ INSTANTIATE_TEST_SUITE_P(Boxes, FrmOpzioniNumbersTest,
                          testing::Values(std::tuple{0, 132, 999999}, std::tuple{1, 133, 65535},
                                          std::tuple{2, 334, 65535}, std::tuple{3, 333, 65535}));
 
-TEST_F(FrmOpzioniTest, SixCharactersOfTheMachineNumberAreReadAndFiveOfTheOthers) {
+TEST_F(FrmOpzioniTest, SixCharactersOfTheMachineNumberAreReadAndFiveOfTheOthersAsPrescribed) {
   for (const int record : {132, 133, 334, 333}) {
     ParamTable[0][record].Control = 3;
     Arrive(0, record, 7);

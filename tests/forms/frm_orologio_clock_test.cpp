@@ -22,7 +22,7 @@ TEST_F(FrmOrologioClock, OpensAndClosesWithTheChip) {
   ExpectOpen(true);
 }
 
-TEST_F(FrmOrologioClock, AStatusThatIsTheFirstOneAssumedOpensNothing) {
+TEST_F(FrmOrologioClock, AStatusThatIsTheFirstOneAssumedOpensNothingAsPrescribed) {
   Arrive(0, 317, 255);
   ExpectOpen(false);
   Arrive(0, 317, 254);

@@ -112,7 +112,7 @@ TEST_F(FrmOrologioSetting, WithoutAChangeTheRecordsOfTheSettingChangeNothing) {
   EXPECT_EQ(Date(), "15/03/2024");
 }
 
-TEST_F(FrmOrologioSetting, TheFirstAnswerOfAnyOfTheFiveEndsTheChange) {
+TEST_F(FrmOrologioSetting, TheFirstAnswerOfAnyOfTheFiveEndsTheChangeAsPrescribed) {
   for (const Setting& changed : kSettings) {
     for (const Setting& answered : kSettings) {
       SCOPED_TRACE(std::string(changed.bar) + " " + answered.value);
@@ -182,7 +182,7 @@ TEST_F(FrmOrologioSetting, AnAnswerCompletesTheDateToo) {
   EXPECT_EQ(Date(), "15/03/2031");
 }
 
-TEST_F(FrmOrologioSetting, ADayThatItsMonthLacksIsCountedOn) {
+TEST_F(FrmOrologioSetting, ADayThatItsMonthLacksIsCountedOnAsPrescribed) {
   Run();
   Set(kMonth, 2);
   Arrive(0, 329, 2);

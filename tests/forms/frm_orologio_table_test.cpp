@@ -85,7 +85,7 @@ class FrmOrologioPoints : public FormFixture {
   }
 };
 
-TEST_F(FrmOrologioPoints, SubscribesPointsMirrorsAndClockOnceEach) {
+TEST_F(FrmOrologioPoints, SubscribesPointsMirrorsAndClockOnceEachAsPrescribed) {
   std::vector<Subscription> expected;
   for (int record = 87; record <= 106; ++record) {
     expected.push_back({0, record, 1});
@@ -109,7 +109,7 @@ TEST_F(FrmOrologioPoints, OpenAtTheTwentiethArrival) {
   ExpectOpen(true);
 }
 
-TEST_F(FrmOrologioPoints, CountArrivalsAndNotRecords) {
+TEST_F(FrmOrologioPoints, CountArrivalsAndNotRecordsAsPrescribed) {
   for (int i = 0; i < 19; ++i) {
     Arrive(0, 87, 3);
   }
@@ -155,7 +155,7 @@ TEST_F(FrmOrologioPoints, OpenWithoutAClockAndStayOpen) {
   }
 }
 
-TEST_F(FrmOrologioPoints, MirrorsAreShownByNothing) {
+TEST_F(FrmOrologioPoints, MirrorsAreShownByNothingAsPrescribed) {
   for (int record = 289; record <= 308; ++record) {
     Arrive(0, record, 9);
   }

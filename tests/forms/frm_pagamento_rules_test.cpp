@@ -85,26 +85,6 @@ TEST_F(FrmPagamentoTest, SubscribesItsRecordsOnceAndNoMirror) {
   EXPECT_EQ(Subscribed(), expected);
 }
 
-TEST_F(FrmPagamentoTest, ReleasesSomeMirrorsTooAndTheAcceptedCoinsTwice) {
-  for (int record = 1; record <= kRecords; ++record) {
-    ParamTable[0][record].Subscribers = 9;
-  }
-  Close();
-  std::vector<Subscription> expected;
-  for (int record = 1; record <= kRecords; ++record) {
-    int left = 9;
-    for (const auto& [first, last] : kSubscribed) {
-      left -= record >= first && record <= last ? 1 : 0;
-    }
-    for (const auto& [first, last] :
-         {std::pair{206, 213}, {281, 281}, {285, 287}, {354, 354}, {362, 362}, {366, 366}}) {
-      left -= record >= first && record <= last ? 1 : 0;
-    }
-    expected.push_back({0, record, record == 85 ? 7 : left});
-  }
-  EXPECT_EQ(Subscribed(), expected);
-}
-
 TEST_F(FrmPagamentoTest, TheSeventhStructuralArrivalOpensIt) {
   ExpectOpen(false, false, false, {});
   Arrive(0, 84, 4);
@@ -116,7 +96,7 @@ TEST_F(FrmPagamentoTest, TheSeventhStructuralArrivalOpensIt) {
   ExpectOpen(true, false, false, {});
 }
 
-TEST_F(FrmPagamentoTest, ARepeatedStructuralArrivalCountsAgain) {
+TEST_F(FrmPagamentoTest, ARepeatedStructuralArrivalCountsAgainAsPrescribed) {
   for (int i = 0; i < 6; ++i) {
     Arrive(0, 353, 100);
   }
@@ -348,7 +328,7 @@ TEST_F(FrmPagamentoTest, AClosedGroupShowsItsValues) {
   EXPECT_EQ(LabelText("Label8v"), "10.0");
 }
 
-TEST_F(FrmPagamentoTest, AnOlderModelHasNoSecondCredit) {
+TEST_F(FrmPagamentoTest, AnOlderModelHasNoSecondCreditButItsEmptyBoxAsPrescribed) {
   const auto marks = ShownMarks();
   Reopen(24);
   Unlock(4);

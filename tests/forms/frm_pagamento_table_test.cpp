@@ -155,44 +155,7 @@ TEST_F(PagamentoMoney, AmountsWaitForTheirDecimalsAndFollowThem) {
   EXPECT_EQ(Written(), Writes{});
 }
 
-TEST_F(PagamentoMoney, AnotherBitOfTheDecimalsRecordRedrawsNothing) {
-  Arrive(0, 311, 2);
-  Arrive(0, 4, 150);
-  Find<QLabel>("Label10(0)").setText("as it was");
-  Arrive(0, 311, 2 + 252);
-  EXPECT_EQ(LabelText("Label10(0)"), "as it was");
-  Arrive(0, 311, 1);
-  EXPECT_EQ(LabelText("Label10(0)"), "15.0");
-}
-
-TEST_F(PagamentoMoney, AnAmountIsRefusedUntilItsDecimalsAreKnown) {
-  for (int i = 0; i < 7; ++i) {
-    Arrive(0, 84, 1);
-  }
-  ASSERT_TRUE(Enabled("txtMon(0)"));
-  Enter("txtMon(0)", "5");
-  EXPECT_EQ(Written(), Writes{});
-  Arrive(0, 311, 0);
-  EnterAndLeave("txtMon(0)", "5", "HScroll10(0)");
-  EXPECT_EQ(Written(), (Writes{{0, 4, 5}, {0, 206, 5}}));
-}
-
-TEST_F(PagamentoMoney, DecimalsThatAnotherFormKeepsFreshAreKnownFromTheStart) {
-  NodeIndex = 0;
-  ParamSubscribe(311);
-  Arrive(0, 311, 1);
-  Close();
-  Open("FrmPagamento");
-  Arrive(0, 4, 150);
-  EXPECT_EQ(LabelText("Label10(0)"), "15.0");
-  for (int i = 0; i < 7; ++i) {
-    Arrive(0, 84, 1);
-  }
-  EnterAndLeave("txtMon(1)", "2,5", "HScroll10(1)");
-  EXPECT_EQ(Written(), (Writes{{0, 5, 25}, {0, 207, 25}}));
-}
-
-TEST_F(PagamentoMoney, WithoutDecimalsASeparatorIsBadAndSixDigitsAreRead) {
+TEST_F(PagamentoMoney, WithoutDecimalsASeparatorIsBadAndSixDigitsAreReadAsPrescribed) {
   for (const Sent& sent : Opens(4)) {
     Arrive(sent.node, sent.record, sent.value);
   }

@@ -183,13 +183,13 @@ TEST_F(FrmPasswordTest, LeavingABoxWritesTheRecordAndItsMirror) {
   }
 }
 
-TEST_F(FrmPasswordTest, LeavingAnUnchangedBoxWritesTheSameValueAgain) {
+TEST_F(FrmPasswordTest, LeavingAnUnchangedBoxWritesTheSameValueAgainAsPrescribed) {
   Put("Text1(1)", "333");
   Focus("Text1(2)");
   EXPECT_EQ(Written(), (std::vector<Write>{{0, 3, 333}, {0, 205, 333}}));
 }
 
-TEST_F(FrmPasswordTest, ALongerTextIsCut) {
+TEST_F(FrmPasswordTest, ALongerTextIsCutAsPrescribed) {
   Replace("Text1(0)", "123456");
   EXPECT_EQ(BoxText("Text1(0)"), "12345");
   EXPECT_EQ(Written(), (std::vector<Write>{{0, 1, 12345}, {0, 203, 12345}}));
@@ -216,7 +216,7 @@ TEST_F(FrmPasswordTest, AWholeTextThatIsNotNumericIsRefusedThoughItsBeginningIs)
   EXPECT_EQ(Written(), std::vector<Write>{});
 }
 
-TEST_F(FrmPasswordTest, ANegativeNumberWritesTheOldValueAgain) {
+TEST_F(FrmPasswordTest, ANegativeNumberWritesTheOldValueAgainAsPrescribed) {
   Replace("Text1(0)", "-5");
   EXPECT_EQ(BoxText("Text1(0)"), "111");
   EXPECT_EQ(Written(), (std::vector<Write>{{0, 1, 111}, {0, 203, 111}}));
@@ -226,7 +226,7 @@ TEST_F(FrmPasswordTest, ANegativeNumberWritesTheOldValueAgain) {
   EXPECT_EQ(Written(), (std::vector<Write>{{0, 2, 222}, {0, 204, 222}}));
 }
 
-TEST_F(FrmPasswordTest, ATextWhoseCutHoldsNoNumberWritesTheOldValueAgain) {
+TEST_F(FrmPasswordTest, ATextWhoseCutHoldsNoNumberWritesTheOldValueAgainAsPrescribed) {
   Replace("Text1(2)", "    7");
   EXPECT_EQ(BoxText("Text1(2)"), "222");
   EXPECT_EQ(Written(), (std::vector<Write>{{0, 2, 222}, {0, 204, 222}}));

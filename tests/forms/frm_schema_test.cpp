@@ -175,7 +175,7 @@ TEST_F(Schema, TheLastInputIsTheSecondBitOfTheSecondByte) {
   }
 }
 
-TEST_F(Schema, TheThirdByteOfInputsIsShownByNothing) {
+TEST_F(Schema, TheThirdByteOfInputsIsShownByNothingAsPrescribed) {
   for (const int value : {0, 1, 255}) {
     Arrive(1, 546, value);
   }
@@ -222,7 +222,7 @@ TEST_F(Schema, OtherBoardsShowNothing) {
   EXPECT_FALSE(Find<SevenSegment>("iSevenSegmentAnalogX1").IsKnown());
 }
 
-TEST_F(Schema, Model20HidesTwoLampsAndGoesOnDrivingThem) {
+TEST_F(Schema, Model20HidesTwoLampsAndGoesOnDrivingThemAsPrescribed) {
   for (const int model : {19, 20, 21}) {
     Close();
     ModelCode = static_cast<std::int16_t>(model);

@@ -181,6 +181,9 @@ class FrmTemperaturaTest : public FormFixture {
   struct Groups {
     bool boiler, tank2, tank3;
     bool operator==(const Groups&) const = default;
+    friend void PrintTo(const Groups& open, std::ostream* out) {
+      *out << "boiler " << open.boiler << ", tanks " << open.tank2 << ' ' << open.tank3;
+    }
   };
   Groups AllOpen() { return {BoilerOpen(), TankOpen(2), TankOpen(3)}; }
 };
@@ -230,7 +233,7 @@ TEST_F(FrmTemperaturaTest, EveryArrivalOfAGateCountsAndNoForeignOne) {
   EXPECT_EQ(AllOpen(), (Groups{true, true, true}));
 }
 
-TEST_F(FrmTemperaturaTest, AllFramesOpenAfterLoadingWhateverTheGatesSaidMeanwhile) {
+TEST_F(FrmTemperaturaTest, AllFramesOpenAfterLoadingWhateverTheGatesSaidMeanwhileAsPrescribed) {
   Open();
   for (int i = 0; i < 5; ++i) {
     for (const int gate : {312, 313, 357}) {
@@ -268,7 +271,7 @@ TEST_F(FrmTemperaturaTest, TheWholeGateIsComparedAndAnEqualOneChangesNothing) {
   EXPECT_TRUE(Enabled("Frame2"));
 }
 
-TEST_F(FrmTemperaturaTest, AGateIsHeldToBe255UntilItArrivesAfterLoading) {
+TEST_F(FrmTemperaturaTest, AGateIsHeldToBe255UntilItArrivesAfterLoadingAsPrescribed) {
   Open();
   ArriveRows();
   Arrive(1, 24, 92);
@@ -287,7 +290,7 @@ TEST_F(FrmTemperaturaTest, AGateIsHeldToBe255UntilItArrivesAfterLoading) {
   EXPECT_TRUE(Enabled("Frame1"));
 }
 
-TEST_F(FrmTemperaturaTest, ATankThatOpensAgainShowsItsValuesAnewButNotTheBoiler) {
+TEST_F(FrmTemperaturaTest, ATankThatOpensAgainShowsItsValuesAnewButNotTheBoilerAsPrescribed) {
   OpenLoaded();
   Type("Text2(2)", "1");
   Arrive(0, 313, 6);

@@ -88,6 +88,9 @@ class FrmTempiTest : public FormFixture {
   struct Groups {
     bool main, zeth, zeth2;
     bool operator==(const Groups&) const = default;
+    friend void PrintTo(const Groups& open, std::ostream* out) {
+      *out << "main " << open.main << ", units " << open.zeth << ' ' << open.zeth2;
+    }
   };
   Groups Open3() { return {MainOpen(), ZethOpen(2), ZethOpen(3)}; }
 };
@@ -181,7 +184,9 @@ TEST_F(FrmTempiTest, ForeignArrivalsDoNotCount) {
 }
 
 TEST_F(FrmTempiTest, EachGroupUnlocksByItsOwnGate) {
-  const struct { int hot_drinks, zeth, zeth2; } all[] = {{4, 0, 0}, {0, 4, 0}, {0, 0, 4}, {251, 255, 4}};
+  const struct {
+    int hot_drinks, zeth, zeth2;
+  } all[] = {{4, 0, 0}, {0, 4, 0}, {0, 0, 4}, {251, 255, 4}};
   for (const auto& gates : all) {
     Open();
     Arrive(0, 312, gates.hot_drinks);
@@ -255,7 +260,7 @@ TEST_F(FrmTempiTest, AClosedGroupStillShowsWhatArrives) {
   EXPECT_EQ(Written(), Writes{});
 }
 
-TEST_F(FrmTempiTest, AModelWithoutTheFillTimeoutStillReadsIt) {
+TEST_F(FrmTempiTest, AModelWithoutTheFillTimeoutStillReadsItAsPrescribed) {
   ModelCode = 20;
   OpenLoaded();
   for (const char* name : {"Label2(6)", "Label1(6)", "HScroll1(6)", "txtTempi(6)"}) {

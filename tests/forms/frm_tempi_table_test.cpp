@@ -70,8 +70,23 @@ void AddSingleRows(std::vector<RowCase>& rows) {
                            {"61", "4", "0", ",", ""}));
   rows.push_back(SingleRow(7, TimeRow(55, 3, 58, 273, 0, 250, 4, Tenths),
                            {{"25", 250}, {"24,9", 249}, {"0", 0}}, {"25.1", "26"}));
-  // The coffee time passes the limit of the rinse water and meets its own bar; the rinse water is shown
-  // whole, typed in tenths, and stops at the limit of the coffee time. Its box is too short for "23,5".
+}
+
+void AddDrawerRows(std::vector<RowCase>& rows, int node) {
+  for (int i = 1; i <= 8; ++i) {
+    RowCase& time = rows.emplace_back(DrawerRow(i, TimeRow(618, node, 291 + i, 309 + i, 0, 10, 3, Tenths),
+                                                {{"0,3", 3}, {"1", 10}, {"0", 0}}, {"1.1", "2", ""}));
+    time.words += " " + Whole(i);
+    time.large_change = 10;
+  }
+  rows.push_back(DrawerRow(17, TimeRow(620, node, 308, 326, 10, 30, 3, Tenths),
+                           {{"3", 30}, {"1.1", 11}, {"1", 10}}, {"3.1", "4", "0.9", "0"}));
+  rows.back().large_change = 10;
+}
+
+// The coffee time passes the limit of the rinse water and meets its own bar; the rinse water is shown whole,
+// typed in tenths, and stops at the limit of the coffee time. Its box is too short for "23,5".
+void AddOddSingleRows(std::vector<RowCase>& rows) {
   rows.push_back(SingleRow(8, TimeRow(622, 1, 587, 588, 29, 230, 4, Tenths), {{"23.0", 230}, {"2.9", 29}},
                            {"23.1", "25.5", "25", "2.8", "0", "25.6"}));
   rows.push_back(SingleRow(9, TimeRow(623, 1, 585, 586, 0, 255, 3, Whole),
@@ -80,44 +95,53 @@ void AddSingleRows(std::vector<RowCase>& rows) {
 
 // The attempts of the first unit are changed by the bar alone: their box is too short for a separator. The
 // time-out of the sensor is typed as a tenth of what it shows.
-void AddDrawerRows(std::vector<RowCase>& rows, int node) {
+void AddOddDrawerRows(std::vector<RowCase>& rows, int node) {
   for (int i = 1; i <= 8; ++i) {
-    RowCase& time = rows.emplace_back(DrawerRow(i, TimeRow(618, node, 291 + i, 309 + i, 0, 10, 3, Tenths),
-                                                {{"0,3", 3}, {"1", 10}, {"0", 0}}, {"1.1", "2", ""}));
-    time.words += " " + Whole(i);
-    time.large_change = 10;
     const RowCase attempts = TimeRow(619, node, 299 + i, 317 + i, 1, 3, node == 2 ? 1 : 3, Whole);
     rows.push_back(node == 2 ? DrawerRow(8 + i, attempts, {}, {"0", "1", "2", "3", "0.2", ","})
                              : DrawerRow(8 + i, attempts, {{"0.2", 2}, {"0,3", 3}, {"0.1", 1}},
                                          {"1", "2", "3", "0.4", "0.0", "0"}));
     rows.back().words += " " + Whole(i);
   }
-  rows.push_back(DrawerRow(17, TimeRow(620, node, 308, 326, 10, 30, 3, Tenths),
-                           {{"3", 30}, {"1.1", 11}, {"1", 10}}, {"3.1", "4", "0.9", "0"}));
-  rows.back().large_change = 10;
   rows.push_back(DrawerRow(18, TimeRow(621, node, 309, 327, 120, 240, 3, Whole), {{"24", 240}, {"12", 120}},
                            {"120", "240", "25", "11", "9.9"}));
   rows.back().large_change = 10;
 }
 
+// A part of the rows, enough to open the form.
+FormRows TimesForm() {
+  return {.form = "FrmTempi",
+          .opens = {{0, 312, 4}, {0, 313, 4}, {0, 357, 4}},
+          .closes = {{0, 312, 0}, {0, 313, 0}, {0, 357, 0}},
+          .rows = {}};
+}
+
 FormRows TimesRows() {
-  FormRows form = {.form = "FrmTempi",
-                   .opens = {{0, 312, 4}, {0, 313, 4}, {0, 357, 4}},
-                   .closes = {{0, 312, 0}, {0, 313, 0}, {0, 357, 0}},
-                   .rows = {}};
+  FormRows form = TimesForm();
   AddSingleRows(form.rows);
   AddDrawerRows(form.rows, 2);
   AddDrawerRows(form.rows, 3);
   return form;
 }
 
+FormRows OddTimesRows() {
+  FormRows form = TimesForm();
+  AddOddSingleRows(form.rows);
+  AddOddDrawerRows(form.rows, 2);
+  AddOddDrawerRows(form.rows, 3);
+  return form;
+}
+
 INSTANTIATE_TEST_SUITE_P(FrmTempi, EachRow, testing::Values(TimesRows()));
+INSTANTIATE_TEST_SUITE_P(FrmTempiAsPrescribed, EachRow, testing::Values(OddTimesRows()));
 
 class FrmTempiTable : public FormFixture {};
 
 TEST_F(FrmTempiTable, EveryRowLiesOnTheTabOfItsBoard) {
   Open("FrmTempi");
-  const FormRows form = TimesRows();
+  FormRows form = TimesRows();
+  const FormRows odd = OddTimesRows();
+  form.rows.insert(form.rows.end(), odd.rows.begin(), odd.rows.end());
   EXPECT_EQ(form.rows.size(), 46u);
   for (const Sent& gate : form.opens) {
     Arrive(gate.node, gate.record, gate.value);

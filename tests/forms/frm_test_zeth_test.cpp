@@ -72,7 +72,7 @@ class PeripheralTest : public FormFixture, public testing::WithParamInterface<Un
   }
 };
 
-TEST_P(PeripheralTest, SubscribesThreeRecordsAndReleasesTheWrittenOnesToo) {
+TEST_P(PeripheralTest, SubscribesThreeRecordsAndReleasesTheWrittenOnesTooAsPrescribed) {
   for (const Subscription& each : {Subscription{0, 317, 1}, {0, GetParam().presence, 1}, {node(), 290, 1}}) {
     EXPECT_EQ(std::ranges::count(Subscribed(), each), 1) << testing::PrintToString(each);
   }
@@ -311,7 +311,7 @@ TEST_P(PeripheralTest, TheEndOfPatienceForgetsThatTheMachineWasBusy) {
   EXPECT_EQ(Choice(), "1 _");
 }
 
-TEST_P(PeripheralTest, AForeignVendEndsAChoiceToo) {
+TEST_P(PeripheralTest, AForeignVendEndsAChoiceTooAsPrescribed) {
   SendPresence(4);
   Zone(2);
   SendStatus(6);

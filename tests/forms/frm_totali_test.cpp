@@ -129,7 +129,7 @@ TEST_F(Totals, CountsDoNotWaitForTheDecimals) {
   }
 }
 
-TEST_F(Totals, AmountsAheadOfTheDecimalsWaitAndFourOfTheFiveAreDrawnByThem) {
+TEST_F(Totals, AmountsAheadOfTheDecimalsWaitAndFourOfTheFiveAreDrawnByThemAsPrescribed) {
   OpenWith(25);
   SendMoney(150);
   EXPECT_EQ(Amounts(), Four("", ""));
@@ -152,7 +152,7 @@ TEST_F(Totals, DecimalsAreTheLowTwoBits) {
   }
 }
 
-TEST_F(Totals, NewDecimalsDrawFourAmountsAnewAndLeaveTheOverpayOfItsLife) {
+TEST_F(Totals, NewDecimalsDrawFourAmountsAnewAndLeaveTheOverpayOfItsLifeAsPrescribed) {
   OpenWith(25);
   Arrive(0, 311, 2);
   SendMoney(150);

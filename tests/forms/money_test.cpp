@@ -15,14 +15,7 @@ using State = EchoMark::State;
 
 constexpr FieldRow kAmounts[] = {
     MoneyRow({.line = 1, .record = 4, .mirror = 206}),
-    {.line = 2,
-     .record = 79,
-     .mirror = 281,
-     .max = 9999,
-     .text = MoneyText,
-     .parse = ParseMoney,
-     .limit = 9999,
-     .length = 12},
+    {.line = 2, .record = 79, .mirror = 281, .max = 9999, .money = true, .limit = 9999, .length = 12},
     WholeRow({.line = 3, .record = 365, .max = 180, .length = 3}),
 };
 
@@ -34,8 +27,8 @@ class MoneyForm : public DataForm {
                      kAmounts, &money)) {
     auto* grid = new QGridLayout(Body());
     rows.PlaceInColumns(*grid, 1);
-    Watch(money);
-    Watch(rows);
+    Watch(money, Counts::kNo);
+    Watch(rows, Counts::kYes);
     rows.SetOpen(true);
   }
 
@@ -66,11 +59,11 @@ class MoneyTest : public FormFixture {
 
 TEST_F(MoneyTest, DecimalsAreTheLowTwoBits) {
   Money money;
-  EXPECT_FALSE(money.known());
+  EXPECT_FALSE(money.IsKnown());
   EXPECT_EQ(money.decimals(), 255);
   for (const int value : {0, 1, 2, 3, 4, 9, 254, 255}) {
-    money.Take(value);
-    EXPECT_TRUE(money.known());
+    money.Show(0, value);
+    EXPECT_TRUE(money.IsKnown());
     EXPECT_EQ(money.decimals(), value % 4);
   }
 }
@@ -78,19 +71,24 @@ TEST_F(MoneyTest, DecimalsAreTheLowTwoBits) {
 TEST_F(MoneyTest, TellsWhetherTheDecimalsHaveChanged) {
   for (const int first : {0, 1, 2, 3}) {
     Money money;
-    EXPECT_TRUE(money.Take(first));
-    EXPECT_FALSE(money.Take(first));
-    EXPECT_FALSE(money.Take(first + 4));
-    EXPECT_FALSE(money.Take(first + 252));
-    EXPECT_TRUE(money.Take((first + 1) % 4));
+    int changes = 0;
+    money.WhenChanged([&changes] { ++changes; });
+    money.Show(0, first);
+    EXPECT_EQ(changes, 1) << first;
+    for (const int same : {first, first + 4, first + 252}) {
+      money.Show(0, same);
+      EXPECT_EQ(changes, 1) << same;
+    }
+    money.Show(0, (first + 1) % 4);
+    EXPECT_EQ(changes, 2) << first;
   }
 }
 
-TEST_F(MoneyTest, DecimalsMayStartAtAnotherNumber) {
-  Money money(0);
-  EXPECT_FALSE(money.Take(4));
-  EXPECT_TRUE(money.known());
-  EXPECT_TRUE(money.Take(1));
+TEST_F(MoneyTest, TakesTheDecimalsThatAnotherFormKeepsFresh) {
+  KeepFresh(311, 7);
+  const Money money;
+  EXPECT_TRUE(money.IsKnown());
+  EXPECT_EQ(money.decimals(), 3);
 }
 
 TEST_F(MoneyTest, AnAmountIsNotShownBeforeItsDecimals) {
@@ -144,7 +142,7 @@ TEST_F(MoneyTest, ATypedAmountIsRefusedBeforeItsDecimals) {
 TEST_F(MoneyTest, DecimalsThatAnotherFormKeepsFreshAreThereFromTheStart) {
   KeepFresh(311, 254);
   const MoneyForm& form = OpenMoney();
-  EXPECT_TRUE(form.money.known());
+  EXPECT_TRUE(form.money.IsKnown());
   Arrive(0, 4, 150);
   EXPECT_EQ(Shows(0), "1.50");
   Enter("Text1(1)", "2.5");
@@ -156,7 +154,7 @@ TEST_F(MoneyTest, DecimalsThatAnotherFormKeepsFreshAreThereFromTheStart) {
 TEST_F(MoneyTest, DecimalsOfAnIndexFileAreNotTheMachines) {
   ParamTable[0][311].Value[0] = 3;
   const MoneyForm& form = OpenMoney();
-  EXPECT_FALSE(form.money.known());
+  EXPECT_FALSE(form.money.IsKnown());
   Arrive(0, 4, 150);
   EXPECT_EQ(Shows(0), "");
 }

@@ -26,7 +26,7 @@ class Numbers : public DataForm {
         numbers(NewNumberBoxes({"Label1", 2}, {"Text1", 2}, kNumbers)) {
     auto* grid = new QGridLayout(Body());
     numbers.PlaceIn(*grid);
-    Watch(numbers);
+    Watch(numbers, Counts::kNo);
   }
 
   NumberBoxes& numbers;

@@ -8,6 +8,7 @@
 #include "forms/form_fixture.h"
 #include "shell/caption_table.h"
 #include "store/parameter_table.h"
+#include "support/wait_until.h"
 
 namespace dosmara {
 namespace {
@@ -50,11 +51,6 @@ class SelectionCounters : public FormFixture, public testing::WithParamInterface
 };
 
 TEST_P(SelectionCounters, SubscribesTheCountersOfThreeBoards) { EXPECT_EQ(Subscribed(), All()); }
-
-TEST_P(SelectionCounters, ClosesAndLeavesNothingSubscribed) {
-  Close();
-  EXPECT_EQ(Subscribed(), std::vector<Subscription>{});
-}
 
 TEST_P(SelectionCounters, TitleAndFramesComeFromTheLanguage) {
   const auto line = [](int number) { return '#' + QString::number(number); };
@@ -158,8 +154,7 @@ TEST_P(SelectionCounters, ALargeCounterIsShownWhole) {
     EXPECT_EQ(PositionOf(95), count.shown);
     // A large number widens its column.
     for (const char* label : {"Label3(21)", "Label4(95)"}) {
-      EXPECT_TRUE(QTest::qWaitFor([&] { return Find(label).width() >= Find(label).sizeHint().width(); }))
-          << label;
+      EXPECT_TRUE(WaitUntil([&] { return Find(label).width() >= Find(label).sizeHint().width(); })) << label;
     }
   }
 }

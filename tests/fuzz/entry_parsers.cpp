@@ -27,17 +27,17 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     RequireWithin(ParseWhole(text, 1, max), 1, max);
     RequireWithin(ParseRounded(text, 1, max), 1, max);
     RequireWithin(ParseInt(text, 0, max), 0, max);
-    RequireWithin(ParseTenths(text, 29, max), 0, max);
+    RequireWithin(ParseTenthsUpTo(text, 29, max), 0, max);
     for (const int decimals : {0, 1, 2, 3}) {
-      RequireWithin(ParseMoney(text, 0, max, decimals), 0, max);
+      RequireWithin(ParseMoney(text, max, decimals), 0, max);
     }
   }
-  RequireWithin(ParseTenthsFrom(text, 20, 250), 20, 250);
+  RequireWithin(ParseTenths(text, 20, 250), 20, 250);
   RequireWithin(ParseDelta(text, 10, 50), 10, 50);
   RequireWithin(ParseOffset(text, 0, 0), 0, 10);
   Require(!ParseInt(text, 0, 999) || !text.isEmpty());
   // What money looks at: six characters, or a separator among them and three behind it.
-  Require(ParseMoney(text, 0, 65535, 2) == ParseMoney(text.left(9), 0, 65535, 2));
+  Require(ParseMoney(text, 65535, 2) == ParseMoney(text.left(9), 65535, 2));
   Require(ParseNumeric(text).has_value() || !ParseWhole(text, -999, 999).has_value());
   return 0;
 }

@@ -44,7 +44,7 @@ TEST(Frame, WriteMarkerGrowsWithTheDataLength) {
   EXPECT_EQ(marker(0x8D), 255);
 }
 
-TEST(Frame, WriteOfALongRecordCarriesFourBytesWhileTheMarkerSaysItsLength) {
+TEST(Frame, WriteOfALongRecordCarriesFourBytesWhileTheMarkerSaysItsLengthAsPrescribed) {
   EXPECT_EQ(EncodeRequest({.control = 0x87,
                            .bank = 0,
                            .addr_hi = 1,
@@ -79,7 +79,7 @@ TEST(Frame, ReadReplyIsGoodWhenTheLastByteIsTheSum) {
   EXPECT_FALSE(IsGoodReadReply(Bytes{200, 100, 45}, 2));
 }
 
-TEST(Frame, ReadReplyWithASurplusComparesTheByteAfterIt) {
+TEST(Frame, ReadReplyWithASurplusComparesTheByteAfterItAsPrescribed) {
   EXPECT_FALSE(IsGoodReadReply(Bytes{57, 57, 3}, 1));
   EXPECT_TRUE(IsGoodReadReply(Bytes{57, 3, 57}, 1));
 }

@@ -48,7 +48,7 @@ TEST_F(Identification, ReadsTheMainBoardInItsOrder) {
   EXPECT_EQ(entries, (std::vector<int>{1, 17, 11, 12, 13, 14, 18}));
 }
 
-TEST_F(Identification, ReadsOneByteWhateverTheEntrySays) {
+TEST_F(Identification, ReadsOneByteWhateverTheEntrySaysAsPrescribed) {
   IdentTable[0][1] = {1, 0xFF, 0x23, 0, 0, 0, 7, 0, 0, 0, 0};
   ExchLength = 3;
   ScriptedBoard script;
@@ -249,7 +249,7 @@ TEST_F(Identification, Model23IsAccepted) {
   EXPECT_TRUE(host_.boxes.empty());
 }
 
-TEST_F(Identification, OfTwoFailingTestsOnlyTheLastIsTold) {
+TEST_F(Identification, OfTwoFailingTestsOnlyTheLastIsToldAsPrescribed) {
   MainBoardSays({.revision = 14, .code = 17, .type = 257, .model = 25});
   ExpectRefused("Not Compatible\nBoard Type");
   MainBoardSays({.revision = 13, .code = 17, .type = 256, .model = 25});

@@ -230,7 +230,7 @@ TEST_F(LinkExchange, RetryCountGoesUpWithEachBadReply) {
   EXPECT_EQ(Value(0, 4), (std::array{57, 0, 0, 0}));
 }
 
-TEST_F(LinkExchange, FourBadRepliesAndAGoodFifthStillFail) {
+TEST_F(LinkExchange, FourBadRepliesAndAGoodFifthStillFailAsPrescribed) {
   Answer({{1, 2}, {1, 2}, {1, 2}, {1, 2}, {57, 57}});
   AskFor({});
   ASSERT_TRUE(host_.RunUntil([] { return RetryCount == 4; }, milliseconds(100)));

@@ -193,7 +193,7 @@ TEST_F(LinkScanWalk, AWriteThatNobodyWaitsForAnyMoreLeavesWhenTheRecordIsWantedA
   EXPECT_EQ(Frames(), (std::vector<Bytes>{{128, 0, 0, 4, 5, 137}}));
 }
 
-TEST_F(LinkScanWalk, TheLastRecordOfTheFileIsNeverVisited) {
+TEST_F(LinkScanWalk, TheLastRecordOfTheFileIsNeverVisitedAsPrescribed) {
   Records(0, 10);
   Subscribe(0, 10);
   Subscribe(0, 9);

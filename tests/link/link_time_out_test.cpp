@@ -66,7 +66,7 @@ TEST_F(LinkTimeOut, ReadOnceRecordIsPolledUntilTheValueComes) {
   EXPECT_EQ(Arrivals(), (std::vector<ListeningForm::Arrival>{{0, 4, 57}}));
 }
 
-TEST_F(LinkTimeOut, PeriodsWithBitValueTwoResendAtOnceAndForEver) {
+TEST_F(LinkTimeOut, PeriodsWithBitValueTwoResendAtOnceAndForEverAsPrescribed) {
   for (const int period : {2, 3, 6, 7, 10, 11, 14, 15}) {
     SCOPED_TRACE(period);
     AskInVainNow(period);

@@ -103,7 +103,7 @@ TEST_F(PortSearch, TheTitleBearsTheNumberOfTheLastError) {
   EXPECT_FALSE(host_.IsOpen());
 }
 
-TEST_F(PortSearch, TwoEqualBytesPassWhateverTheyAre) {
+TEST_F(PortSearch, TwoEqualBytesPassWhateverTheyAreAsPrescribed) {
   for (const std::uint8_t byte : {0, 57, 255}) {
     Answer({byte, byte});
     LinkOpenPort(1);

@@ -243,7 +243,7 @@ TEST_F(ConsoleMachineTest, AScenarioNeitherWaitsNorBeginsAScenario) {
 }
 
 TEST_F(ConsoleMachineTest, HelpNamesEachCommandWithItsArguments) {
-  const std::string list = Console::CommandList();
+  const std::string list = CommandList();
   for (const char* name :
        {"vend", "customers", "alarm", "exhaust", "service", "break", "mend", "door", "tubes", "key", "clock",
         "languages", "speed", "scenario", "model", "revision", "quit"}) {

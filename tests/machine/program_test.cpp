@@ -21,8 +21,6 @@
 #include "machine/pty.h"
 #include "temp_folder.h"
 
-extern char** environ;
-
 namespace machine {
 namespace {
 

@@ -158,7 +158,7 @@ TEST_F(LanguageAtStart, TakesTheFirstForAnEmptyOrUnknownName) {
   }
 }
 
-TEST_F(LanguageAtStart, ChoosesEntryEightButNeverEntryNine) {
+TEST_F(LanguageAtStart, ChoosesEntryEightButNeverEntryNineAsPrescribed) {
   for (const char* name : {"a", "b", "c", "d", "e", "f", "g", "h", "i", "j"}) {
     folder_.Write(QString(name) + ".lng", name);
   }
@@ -254,7 +254,7 @@ TEST_F(LanguageChangeTest, AcceptsALongerFileAndLeavesTheSurplusUnread) {
   EXPECT_EQ(CaptionTable[3], "");
 }
 
-TEST_F(LanguageChangeTest, RefusesAShorterFileThoughAllItsMarkersFit) {
+TEST_F(LanguageChangeTest, RefusesAShorterFileThoughAllItsMarkersFitAsPrescribed) {
   StartWith(";--top\nFile\nEsci\n", ";--head\nArchive\n");
   Choose(1);
   ExpectRefused(";--top");

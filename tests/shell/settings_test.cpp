@@ -41,13 +41,13 @@ TEST_F(SettingsTest, TakesPortAndLanguageOfTheOwnFile) {
   EXPECT_EQ(OwnFile(), "Com=3\r\nLingua=English\r\n");
 }
 
-TEST_F(SettingsTest, TakesThePortFromTheLastCharacterAlone) {
+TEST_F(SettingsTest, TakesThePortFromTheLastCharacterAloneAsPrescribed) {
   Own("Com=12\nLingua=Italiano\n");
   Read();
   Expect(2, "Italiano");
 }
 
-TEST_F(SettingsTest, TakesTheLanguageBehindSevenCharactersWhateverTheyAre) {
+TEST_F(SettingsTest, TakesTheLanguageBehindSevenCharactersWhateverTheyAreAsPrescribed) {
   Own("4\nxxxxxxxItaliano\n");
   Read();
   Expect(4, "Italiano");

@@ -78,7 +78,7 @@ TEST_F(IndexFiles, FullNamesBearRevisionLetterAndFileNumber) {
   EXPECT_EQ(FullIndexName(257, 26, 42), "W0257A[42.inx");
 }
 
-TEST_F(IndexFiles, OnlyTheLastTwoDigitsOfAFileNumberCount) {
+TEST_F(IndexFiles, OnlyTheLastTwoDigitsOfAFileNumberCountAsPrescribed) {
   EXPECT_EQ(FullIndexName(256, 14, 100), "W0256AO00.inx");
   EXPECT_EQ(FullIndexName(256, 14, 255), "W0256AO55.inx");
 }

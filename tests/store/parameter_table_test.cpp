@@ -116,7 +116,7 @@ TEST_F(ParameterTable, TheLastUnsubscribeClearsThreeFlagsAndTheCountdown) {
   EXPECT_EQ(At(20).Period, 0x05);
 }
 
-TEST_F(ParameterTable, AnUnmatchedUnsubscribeIsHarmless) {
+TEST_F(ParameterTable, AnUnmatchedUnsubscribeIsHarmlessAsPrescribed) {
   At(20).Flags = 7;
   At(20).Period = 0x35;
   Unsubscribe(20);
@@ -170,14 +170,14 @@ TEST_F(ParameterTable, PuttingKeepsTheOtherFlags) {
   EXPECT_EQ(At(30).Flags, 254);
 }
 
-TEST_F(ParameterTable, PuttingOnAnAbsentNodeStoresTheValue) {
+TEST_F(ParameterTable, PuttingOnAnAbsentNodeStoresTheValueAsPrescribed) {
   NodePresent[1] = false;
   Put(30, 77);
   EXPECT_EQ(At(30).Value[0], 77);
   EXPECT_EQ(At(30).Flags, 134);
 }
 
-TEST_F(ParameterTable, AWriteUnsubscribedBeforeItLeavesStaysPending) {
+TEST_F(ParameterTable, AWriteUnsubscribedBeforeItLeavesStaysPendingAsPrescribed) {
   Subscribe(30);
   Put(30, 5);
   Unsubscribe(30);

@@ -81,6 +81,17 @@ void FaultyBoard::SendRight(const BoardRequest& request, const Bytes& before, co
   }
 }
 
+// After the tool has given up, and before it asks anew: then a machine forgets the answer that it has not
+// begun. Did it send both, the first would pass for the answer to the new request: the frames carry no
+// number.
+void FaultyBoard::SendLate(const BoardRequest& request, const Bytes& reply, VirtualHost& line) {
+  line.At(line.Now() + milliseconds(995 + Below(60)), [this, &line, request, reply, begun = requests_begun_] {
+    if (begun == requests_begun_ && LinkIdle) {
+      SendRight(request, {}, reply, -WireTime(1), line);
+    }
+  });
+}
+
 void FaultyBoard::Receive(const Bytes& frame, VirtualHost& line) {
   const std::optional<BoardRequest> request = ReadFrame(frame);
   if (!request) {
@@ -124,15 +135,7 @@ void FaultyBoard::Receive(const Bytes& frame, VirtualHost& line) {
       SendRight(*request, NoiseBefore(*request, reply), reply, latency, line);
       break;
     case Fault::kLateReply:
-      // After the tool has given up, and before it asks anew: then a machine forgets the answer that it has
-      // not begun. Did it send both, the first would pass for the answer to the new request: the frames
-      // carry no number.
-      line.At(line.Now() + milliseconds(995 + Below(60)),
-              [this, &line, request = *request, reply, begun = requests_begun_] {
-                if (begun == requests_begun_ && LinkIdle) {
-                  SendRight(request, {}, reply, -WireTime(1), line);
-                }
-              });
+      SendLate(*request, reply, line);
       break;
     default:
       SendRight(*request, {}, reply, latency, line);

@@ -62,6 +62,7 @@ class FaultyBoard : public LineBoard {
   Bytes NoiseBefore(const BoardRequest& request, const Bytes& reply);
   void SendRight(const BoardRequest& request, const Bytes& before, const Bytes& reply, microseconds delay,
                  VirtualHost& line);
+  void SendLate(const BoardRequest& request, const Bytes& reply, VirtualHost& line);
 
   SimulatedBoard& machine_;
   std::mt19937 random_;

@@ -26,6 +26,9 @@ class ListeningForm : public LoadedForm {
     std::int32_t index;
     double value;
     bool operator==(const Arrival&) const = default;
+    friend void PrintTo(const Arrival& arrival, std::ostream* out) {
+      *out << "node " << arrival.node << " record " << arrival.index << " = " << arrival.value;
+    }
   };
   std::vector<Arrival> arrivals;
 

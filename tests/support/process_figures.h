@@ -4,8 +4,10 @@
 
 #include <sys/resource.h>
 
+#include <QEventLoop>
 #include <QFile>
 #include <QString>
+#include <QTimer>
 #include <chrono>
 #include <stdexcept>
 
@@ -19,6 +21,15 @@ inline std::chrono::microseconds ProcessorTime() {
     return std::chrono::seconds(t.tv_sec) + std::chrono::microseconds(t.tv_usec);
   };
   return time(usage.ru_utime) + time(usage.ru_stime);
+}
+
+// Processor time that this process uses in a second in which it has nothing to do but to deliver events.
+inline std::chrono::microseconds ProcessorTimeOfASecond() {
+  const std::chrono::microseconds before = ProcessorTime();
+  QEventLoop loop;
+  QTimer::singleShot(std::chrono::seconds(1), Qt::PreciseTimer, &loop, &QEventLoop::quit);
+  loop.exec();
+  return ProcessorTime() - before;
 }
 
 // Kilobytes that a process holds in memory; `pid` is its number or "self".

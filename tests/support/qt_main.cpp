@@ -7,11 +7,14 @@
 #include <QLocale>
 #include <QStyleFactory>
 
+#include "support/stops.h"
+
 int main(int argc, char** argv) {
   if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM")) {
     qputenv("QT_QPA_PLATFORM", "offscreen");
   }
   testing::InitGoogleTest(&argc, argv);
+  dosmara::LetStopsFailOneTest();
   QLocale::setDefault(QLocale::c());
   QApplication app(argc, argv);
   QApplication::setStyle(QStyleFactory::create("Fusion"));

@@ -3,7 +3,9 @@
 
 #include <QSerialPort>
 #include <chrono>
+#include <filesystem>
 #include <stdexcept>
+#include <system_error>
 #include <thread>
 
 namespace dosmara {
@@ -21,6 +23,17 @@ void AwaitUnlocked(const std::string& device) {
     }
     std::this_thread::yield();
   }
+}
+
+bool IsOpenHere(const std::string& device) {
+  for (const auto& file : std::filesystem::directory_iterator("/proc/self/fd")) {
+    std::error_code closed_meanwhile;
+    const std::string name = std::filesystem::read_symlink(file.path(), closed_meanwhile).string();
+    if (name == device || name == device + " (deleted)") {
+      return true;
+    }
+  }
+  return false;
 }
 
 }  // namespace dosmara

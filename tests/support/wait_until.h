@@ -10,21 +10,18 @@
 
 namespace dosmara {
 
-// Delivers events for `time` without using the processor in between.
-inline void RunFor(std::chrono::milliseconds time) {
-  QEventLoop loop;
-  QTimer::singleShot(time, Qt::PreciseTimer, &loop, &QEventLoop::quit);
-  loop.exec();
-}
-
 // Delivers events until `condition` holds. Returns whether it held before the deadline.
 template <typename Condition>
 bool WaitUntil(Condition condition, std::chrono::milliseconds deadline = std::chrono::seconds(10)) {
+  constexpr std::chrono::milliseconds kBetweenLooks(2);  // in which the processor rests
   QElapsedTimer clock;
-  for (clock.start(); !condition(); RunFor(std::chrono::milliseconds(2))) {
+  for (clock.start(); !condition();) {
     if (clock.hasExpired(deadline.count())) {
       return false;
     }
+    QEventLoop loop;
+    QTimer::singleShot(kBetweenLooks, Qt::PreciseTimer, &loop, &QEventLoop::quit);
+    loop.exec();
   }
   return true;
 }

@@ -13,6 +13,9 @@ struct Frames {
   bool hot_drinks, zeth, zeth2;
   bool operator==(const Frames&) const = default;
 };
+void PrintTo(const Frames& open, std::ostream* out) {
+  *out << "hot drinks " << open.hot_drinks << ", units " << open.zeth << ' ' << open.zeth2;
+}
 
 class BoardsTest : public OneForm {
  protected:

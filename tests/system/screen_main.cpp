@@ -13,6 +13,8 @@
 #include <cstdio>
 #include <string>
 
+#include "support/stops.h"
+
 namespace {
 
 // Runs Xvfb while it lives. The server goes down with this program, however that ends.
@@ -64,6 +66,7 @@ int RunOnAScreen(int argc, char** argv) {
 
 int main(int argc, char** argv) {
   testing::InitGoogleTest(&argc, argv);
+  dosmara::LetStopsFailOneTest();
   if (GTEST_FLAG_GET(list_tests)) {
     return RUN_ALL_TESTS();
   }

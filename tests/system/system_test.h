@@ -10,6 +10,7 @@
 #include <stdexcept>
 
 #include "support/box_recorder.h"
+#include "support/print_qt.h"
 #include "support/tool_rig.h"
 
 namespace dosmara {

@@ -14,7 +14,7 @@ namespace {
 constexpr int kMostRecords = 32767;
 constexpr int kMostBytes = 4;
 constexpr int kMostPeriod = 15;
-// Identification reads up to entry 18 and has room for 20.
+// The tool reads 18 entries of the identification; a board has room for 20.
 constexpr std::size_t kLeastIdentEntries = 18;
 constexpr std::size_t kMostIdentEntries = 20;
 // The tool's scan never visits the last record of a file.
@@ -25,7 +25,7 @@ constexpr int kSelectionsBeforeGap = 16;
 constexpr int kGapInSelections = 4;
 constexpr int kColumnsOfUnit = 8;
 
-// The rows of one table on their way into records.
+// Turns the rows of one table into records.
 class BoardReader {
  public:
   explicit BoardReader(const std::filesystem::path& file) : file_(file), rows_(ReadTable(file)) {}

@@ -87,7 +87,9 @@ class CaptionReader {
     }
   }
 
-  // Whether the row in `row_line` is the one that fills caption line `number`.
+  // Notes that the row in `row_line` has words for caption line `number`, and tells whether they are used: a
+  // row
+  // of one line overrides a range. Throws when two rows, or two ranges, have the same line.
   bool Claim(int row_line, int number, bool single) {
     auto& claims = single ? singles_ : ranges_;
     const auto [claim, fresh] = claims.emplace(number, row_line);

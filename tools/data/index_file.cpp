@@ -4,9 +4,9 @@
 namespace dosmara {
 namespace {
 
-// A kind of memory of a board: the high nibble of control, below 7 so that no frame to the main board begins
-// with the mark of a frame to be passed on (241 and more), and the first address. No record has the address
-// 0 with control 0, which is the frame that tests a port.
+// A kind of memory of a board: the high nibble of the control byte, and the first address. The nibble stays
+// below 7: a frame to the main board begins with its control byte, and one that begins with 241 or more is
+// passed on to another board. Control 0 at address 0 stays free: that frame tests a port.
 struct Memory {
   std::uint8_t control;
   std::uint32_t first_address;

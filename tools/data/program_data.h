@@ -7,11 +7,11 @@
 namespace dosmara {
 
 // Writes, for every table in `tables`, its index files (.inx) into `folder`, which is made if need be, and
-// beside each the expanded table (.tsv). Throws TableError; then no file has been written.
+// beside each the expanded table (.tsv). Throws TableError; a mistake in a table leaves nothing written.
 void BuildBoards(const std::filesystem::path& tables, const std::filesystem::path& folder);
 
 // Writes one language file (.lng) for each language of `captions` into `folder`, which is made if need be.
-// Throws TableError; then no file has been written.
+// Throws TableError; a mistake in the table leaves nothing written.
 void BuildCaptions(const std::filesystem::path& captions, const std::filesystem::path& folder);
 
 }  // namespace dosmara

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // Reading of the tables under data/: text in UTF-8, cells parted by tabs. Blank lines and lines that begin
-// with '#' are for the reader.
+// with '#' are passed over.
 #pragma once
 
 #include <cstdint>

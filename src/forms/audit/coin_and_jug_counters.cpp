@@ -7,7 +7,7 @@ namespace dosmara {
 
 namespace {
 
-// As many as show whole, with the largest counters, on a screen of 1366 pixels at a scale of 200 %.
+// So many columns fit a screen of 1366 pixels at a scale of 200 %, even with the largest counters.
 constexpr int kCoinColumns = 2;
 constexpr int kJugColumns = 3;
 

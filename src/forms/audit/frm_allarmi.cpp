@@ -31,7 +31,8 @@ enum { kMinute, kHour, kDay, kMonth, kYear, kCode };
 constexpr int kFirstYear = 2000;
 constexpr int kLargestCode = 203;  // an entry with a larger one is empty
 
-// What a field can hold: a larger number means as little as this one.
+// The value of a field as a signed number of 16 bits. No field means anything above it: a larger value
+// becomes the largest.
 int FieldValue(double value) {
   return std::min(LowBits(value), int{std::numeric_limits<std::int16_t>::max()});
 }
@@ -49,9 +50,9 @@ FrmAllarmi::FrmAllarmi()
   grid->addWidget(NewLabel("Label1", kLabelLine), 0, 0);
   grid->addWidget(progress_, 0, 1);
   grid->addWidget(list_, 1, 0, 1, 2);
-  Watch(kMainBoard, kNewest, [this](double value) { Puntatore = FieldValue(value); });
-  Watch({kMainBoard, kFirstField, kEntries * kFields},
-        [this](int n, double value) { Dati[n] = FieldValue(value); });
+  Hear(kMainBoard, kNewest, Counts::kYes, [this](double value) { Puntatore = FieldValue(value); });
+  Hear({kMainBoard, kFirstField, kEntries * kFields}, Counts::kYes,
+       [this](int n, double value) { Dati[n] = FieldValue(value); });
 }
 
 void FrmAllarmi::InitMessaggi() {

@@ -10,7 +10,7 @@ namespace dosmara {
 
 namespace {
 
-// Any arrival may open the button.
+// Another window may have read the amounts already: then the arrival of any record opens the button.
 constexpr FormSetup kSetup = {.name = "FrmMDBaudit", .title = 44, .hears_all = true};
 
 constexpr Records kFlows = {kMainBoard, 339, 6};

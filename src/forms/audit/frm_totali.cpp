@@ -10,7 +10,7 @@ namespace {
 
 constexpr FormSetup kSetup = {.name = "FrmTotali", .title = 15};
 
-// A run of totals of the frame of those that nothing clears, or of the others.
+// A run of totals in the frame of those that are never cleared, or in the frame of the others.
 constexpr CounterRun ForLife(int record, int caption_line, int n) {
   return {.frame = "Frame1",
           .frame_line = 129,
@@ -47,11 +47,11 @@ constexpr CounterRun kRuns[] = {
     SinceCleared(124, 2, 3), SinceCleared(131, 1, 5), SinceCleared(126, 1, 6), SinceCleared(336, 3, 7),
 };
 
-// The model that shows the overpay of its life, and the first with preselections.
+// Only the one model shows the overpay of its whole life; preselections are shown from the other one on.
 constexpr int kOverpayModel = 21;
 constexpr int kPreselectionModel = 22;
 
-// Heights of the frames without them, at a scale of 100 %; lines that need more take more.
+// Heights of the frames without these lines, at a scale of 100 %; a larger font takes more.
 constexpr double kTwoTotalsTwips = 1155;
 constexpr double kSevenTotalsTwips = 2535;
 // Above and below the totals of a frame, so that two of them have room in their height.
@@ -74,15 +74,15 @@ FrmTotali::FrmTotali() : CountersForm(kSetup, kRuns) {
     Hide(kPreselections);
     SetFrameHeight(kPreselections, kSevenTotalsTwips);
   }
-  Watch(money_);
-  Watch(kMainBoard, kMoneyDecimals, [this](double) { RedrawAmounts(); });
+  Watch(money_, Counts::kNo);
+  Hear(kMainBoard, kMoneyDecimals, Counts::kNo, [this](double) { RedrawAmounts(); });
 }
 
 // An amount waits for the decimals: their arrival draws it, or its own next one.
 void FrmTotali::Show(std::size_t run, int n, double value) {
   if (run != kTakingsForLife && run != kOverpayForLife && run != kAmounts) {
     CountersForm::Show(run, n, value);
-  } else if (money_.known() && ParamIsFresh(kMoneyDecimals, kMainBoard)) {
+  } else if (money_.IsKnown() && ParamIsFresh(kMoneyDecimals, kMainBoard)) {
     ShowText(run, n, value, MoneyText(value, money_.decimals()));
   }
 }

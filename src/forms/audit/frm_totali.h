@@ -19,7 +19,7 @@ class FrmTotali : public CountersForm {
   void SetFrameHeight(std::size_t run, double twips);
   void RedrawAmounts();
 
-  Money money_{0};
+  Money money_;
 };
 
 }  // namespace dosmara

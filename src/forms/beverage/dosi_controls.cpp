@@ -62,6 +62,7 @@ DosiControls::DosiControls(QWidget* body, FieldRows& dose_rows, BitRows& propert
     part_tests[i]->setObjectName(ControlArray{"cmdProva"}[static_cast<int>(i)]);
   }
   properties.MakeSwitches(body, {"Label8"}, {"SwitchX1"});
+  properties.SetWords(kPropertyWords, kPropertiesWithWords);
   IndentDependants(rows);
 
   auto* layout = new QHBoxLayout(body);
@@ -139,10 +140,6 @@ void DosiControls::SetCaptions(int shown) {
   for (std::size_t i = 0; i < part_tests.size(); ++i) {
     part_tests[i]->setText(Caption(67));
     part_tests[i]->setAccessibleName(Caption(67) + ' ' + rows[kPartTests[i].row].caption().text());
-  }
-  const QString position_texts = Caption(65) + ',' + Caption(66) + ',';
-  for (int i = 0; i < kPropertiesWithWords; ++i) {
-    properties.control(i).SetPositionTexts(position_texts);
   }
   for (int n = 0; n < kSelections; ++n) {
     keypad->Key(n).setAccessibleName(SelectionText(n));

@@ -3,11 +3,11 @@
 
 namespace dosmara::dosi {
 
-QString WaterText(double value, int /*decimals*/) {
+QString WaterText(double value) {
   return value == 0 ? QStringLiteral("OFF") : WholeText(value == 1 ? 0 : value);
 }
 
-QString SugarText(double value, int /*decimals*/) {
+QString SugarText(double value) {
   return value == 0 ? QStringLiteral("OFF") : TenthsText(value == 1 ? 0 : value);
 }
 

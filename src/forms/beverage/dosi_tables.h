@@ -9,9 +9,9 @@
 namespace dosmara::dosi {
 
 // A water count: 0 is off, and 1 is shown as 0.
-QString WaterText(double value, int decimals);
+QString WaterText(double value);
 // Tenths of a second with an off state below the shown zero.
-QString SugarText(double value, int decimals);
+QString SugarText(double value);
 
 constexpr FieldRow WaterRow(int line, int record) {
   return {.line = line,
@@ -26,7 +26,7 @@ constexpr FieldRow WaterRow(int line, int record) {
           .length = 3};
 }
 
-// The entry limit is the same where the bar ends lower.
+// The limit of an entry is 255 also for the bar that ends at 100: the bar refuses what lies between.
 constexpr FieldRow TimeRow(int line, int record, int max = 255, ValueText text = TenthsText) {
   return {.line = line,
           .node = kHotDrinks,
@@ -35,7 +35,7 @@ constexpr FieldRow TimeRow(int line, int record, int max = 255, ValueText text =
           .large_change = 10,
           .text = text,
           .clamped = true,
-          .parse = ParseTenths,
+          .parse = ParseTenthsUpTo,
           .limit = 255,
           .length = 4};
 }
@@ -62,13 +62,13 @@ inline constexpr FieldRow kDoseRows[] = {
     TimeRow(81, 563),                  // 13 decaffeinated delay
 };
 
-// A further record of each selection, subscribed with the rows though no row shows it.
+// Each selection has one more record, which is subscribed with the rows though no row shows it.
 inline constexpr int kUnshownDose = 456;
 
 inline constexpr int kDecaffeinatedDelay = 13;
 inline constexpr int kRowsWithoutHead[] = {0, 11, 12};
 
-// A row whose 0 closes the rows and part tests of what its water carries.
+// A row of water. At 0 it closes the rows and the part tests of the powders that this water carries.
 struct Head {
   int row;
   int first, last;            // rows
@@ -101,7 +101,7 @@ constexpr int PartTestInterval(int tenths) {
   return interval < 1001 ? 100 : interval;
 }
 
-// A yes or no of each selection: one bit in three bytes, of which each property has its own.
+// Each property is a yes or no of each selection: its bits lie in three bytes of its own.
 inline constexpr int kPropertyBytes = 3;
 inline constexpr BitRecord kPropertyRecords[] = {
     {kHotDrinks, 38, 516},  {kHotDrinks, 39, 517},  {kHotDrinks, 40, 518},   // jug
@@ -110,11 +110,11 @@ inline constexpr BitRecord kPropertyRecords[] = {
     {kHotDrinks, 589, 593}, {kHotDrinks, 590, 594}, {kHotDrinks, 591, 595},  // free of charge
 };
 
-// Where the bit of a selection lies among the three.
+// Which of the three bytes holds the bit of a selection, and the bit.
 constexpr int PropertyByte(int selection) { return selection / 8; }
 constexpr int PropertyMask(int selection) { return 1 << selection % 8; }
 
-// As they stand for the first selection.
+// The bits of the first selection. FrmDosi moves the rows to those of the others.
 inline constexpr BitRow kProperties[] = {
     {.line = 62, .byte = 0, .mask = 1, .index = 0},
     {.line = 63, .byte = 3, .mask = 1, .index = 1},
@@ -122,14 +122,15 @@ inline constexpr BitRow kProperties[] = {
     {.line = 624, .byte = 9, .mask = 1, .index = 3},
 };
 // Only the first ones have words at their positions.
+inline constexpr OffOnLines kPropertyWords = {.off = 65, .on = 66};
 inline constexpr int kPropertiesWithWords = 3;
 
 // Released at the close though never subscribed: the mirrors of the properties and the record behind them.
 inline constexpr Records kReleasedOnly[] = {
     {kHotDrinks, 512, 3}, {kHotDrinks, 516, 3}, {kHotDrinks, 520, 3}, {kHotDrinks, 593, 4}};
 
-// The form is grey until 24 arrivals have counted.
+// The form is grey until the 24th arrival.
 inline constexpr FormSetup kSetup = {
-    .name = "FrmDosi", .title = 5, .opens_after = 23, .also_released = kReleasedOnly};
+    .name = "FrmDosi", .title = 5, .opens_with = 24, .also_released = kReleasedOnly};
 
 }  // namespace dosmara::dosi

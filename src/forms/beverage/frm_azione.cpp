@@ -10,7 +10,7 @@ namespace {
 // The mirrors are only ever written.
 constexpr Records kMirrors[] = {{kHotDrinks, 557, 4}, {kHotDrinks, 526, 3}};
 
-constexpr FormSetup kSetup = {.name = "FrmAzione", .title = 43, .opens_after = 7, .also_released = kMirrors};
+constexpr FormSetup kSetup = {.name = "FrmAzione", .title = 43, .opens_with = 8, .also_released = kMirrors};
 
 // Where a bar stands until its count arrives.
 constexpr int kFirstPosition = -32767;
@@ -46,8 +46,8 @@ FrmAzione::FrmAzione()
   auto* grid = new QGridLayout(Body());
   rows_.PlaceInColumns(*grid, 1);
   grid->setRowStretch(rows_.size(), 1);
-  Watch(rows_);
-  Watch(Presenza1, [this] { Loaded(); });
+  Watch(rows_, Counts::kYes);
+  Follow(Presenza1, [this] { FollowBoard(); });
   SetLumenoEnabled(false);
   const QScopedValueRollback guard(InArrival, true);
   for (int n = 0; n < rows_.size(); ++n) {

@@ -12,10 +12,11 @@ class FrmAzione : public DataForm {
   FrmAzione();
 
  private:
-  void Loaded() override { SetLumenoEnabled(Presenza1.Open()); }
+  void Loaded() override { FollowBoard(); }
+  void FollowBoard() { SetLumenoEnabled(Presenza1.IsOpen()); }
   void SetLumenoEnabled(bool enabled) { rows_.SetEnabled(enabled); }
 
-  Gate Presenza1{.record = GateRecord(kHotDrinks), .while_loading = Gate::WhileLoading::kCountsChanges};
+  Gate Presenza1{.record = GateRecord(kHotDrinks), .counted = Gate::Counted::kChange};
   FieldRows& rows_;
 };
 

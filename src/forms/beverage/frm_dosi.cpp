@@ -17,18 +17,17 @@ FrmDosi::FrmDosi()
                         kDoseRows),
                 NewBits(kPropertyRecords, kProperties)),
       timer1_(NewTimer("Timer1", &FrmDosi::DrinkTestDue)),
-      timer3_(NewTimer("Timer3", &FrmDosi::PartTestDue)) {
+      timer3_(NewTimer("Timer3", &FrmDosi::EndTest)) {
   timer1_->setInterval(kDrinkTestPatience);
   if (ModelCode < kFirstModelWithDelay) {
     controls_.rows[kDecaffeinatedDelay].Withdraw();
   }
-  Watch(Presenza1, [this] { Presenza1.Open() ? EnableAll() : DisableAll(); });
-  Watch(
-      kMainBoard, kMachineStatus, [this](double value) { TakeStatus(value); }, Counts::kNo);
-  Listen(kMainBoard, kTestSelection, [this](double value) { SendCommand(value); });
+  Follow(Presenza1, [this] { FollowGate(); });
+  Hear(kMainBoard, kMachineStatus, Counts::kNo, [this](double value) { TakeStatus(value); });
+  HearEcho(kMainBoard, kTestSelection, [this](double value) { SendCommand(value); });
   WatchSelection();
   Connect();
-  DisableAll();
+  Enter(State::kLoading, false);
 }
 
 QTimer* FrmDosi::NewTimer(const char* name, void (FrmDosi::*due)()) {
@@ -59,18 +58,15 @@ void FrmDosi::InitMessaggi() {
   controls_.SetCaptions(Selection);
 }
 
-// Everything that the second board holds of the selection. An arrival at 0 of a head closes its dependants.
+// Watches what the hot drinks unit holds of the selection. A head that arrives at 0 closes its dependants.
 void FrmDosi::WatchSelection() {
-  Watch(controls_.rows, Counts::kYes, [this](int n, double value) {
-    for (const Head& head : kHeads) {
-      if (head.row == n) {
-        SetDependantsOpen(head, value != 0);
-      }
-    }
-  });
-  Watch(
-      kHotDrinks, kUnshownDose + Selection, [](double) {}, Counts::kNo);
-  Watch(controls_.properties);
+  Watch(controls_.rows, Counts::kYes);
+  for (const Head& head : kHeads) {
+    Hear(kHotDrinks, controls_.rows.Record(head.row), Counts::kYes,
+         [this, &head](double value) { SetDependantsOpen(head, value != 0); });
+  }
+  Hear(kHotDrinks, kUnshownDose + Selection, Counts::kNo, [](double) {});
+  Watch(controls_.properties, Counts::kYes);
 }
 
 // The switches go on showing the selection before until their bytes have been read again.
@@ -86,6 +82,17 @@ void FrmDosi::ChangeSelection(int n) {
   controls_.ShowSelection(n);
 }
 
+void FrmDosi::Enter(State state, bool open) {
+  state_ = state;
+  open ? EnableAll() : DisableAll();
+}
+
+void FrmDosi::FollowGate() {
+  const bool open = Presenza1.IsOpen();
+  const State rest = open ? State::kIdle : State::kLocked;
+  Enter(IsTesting() ? state_ : rest, open);
+}
+
 // The focus is remembered for the end of a test, so that the same key can start the next one.
 void FrmDosi::DisableAll() {
   if (QWidget* focus = QApplication::focusWidget(); focus != nullptr && isAncestorOf(focus)) {
@@ -93,10 +100,7 @@ void FrmDosi::DisableAll() {
     focus->clearFocus();
   }
   controls_.SetCommonEnabled(false);
-  for (int n = 0; n < controls_.rows.size(); ++n) {
-    controls_.rows[n].SetOpen(false);
-    controls_.rows[n].SetLabelsEnabled(false);
-  }
+  controls_.rows.SetEnabled(false);
   for (QPushButton* button : controls_.part_tests) {
     button->setEnabled(false);
   }
@@ -107,7 +111,7 @@ void FrmDosi::EnableAll() {
   controls_.SetCommonEnabled(true);
   for (const Head& head : kHeads) {
     controls_.rows[head.row].SetOpen(true);
-    if (controls_.rows[head.row].bar().Value() != 0) {
+    if (controls_.rows.Value(head.row) != 0) {
       SetDependantsOpen(head, true);
     }
   }
@@ -134,37 +138,49 @@ void FrmDosi::SetDependantsOpen(const Head& head, bool open) {
   }
 }
 
+// In a form that is locked, dependants that their heads have opened meanwhile stay open.
 void FrmDosi::Loaded() {
-  if (Presenza1.Open()) {
-    EnableAll();
+  if (Presenza1.IsOpen()) {
+    FollowGate();
+  } else if (!IsTesting()) {
+    state_ = State::kLocked;
   }
 }
 
+// The status says nothing of a part: its time alone ends the test.
 void FrmDosi::TakeStatus(double value) {
   if ((LowBits(value) & kStatusDispensing) != 0) {
     Dispensing = true;
-  } else if (Dispensing && TestCode != 0 && !TestRunning) {
+  } else if (Dispensing && IsTesting() && !IsPartTimed()) {
     EndTest();
   }
 }
 
-void FrmDosi::SendSelection(int selection) {
-  TestedSelection = selection;
-  PutRecord(kMainBoard, kTestSelection, selection);
-}
-
-// A failing line loses a write and reads the machine's old selection, for which nobody has asked.
+// When a failing line loses the write, what comes back is the old selection of the machine, and that is not
+// to be tested. Without a test of its own the form answers every selection with command 0.
 void FrmDosi::SendCommand(double selection) {
-  if (TestCode == 0 || selection == TestedSelection) {
+  if (!IsTesting() || selection == TestedSelection) {
     PutRecord(kMainBoard, kTestCommand, TestCode);
   }
 }
 
 void FrmDosi::TestDrink(std::size_t i) {
-  TestCode = kDrinkTestCodes[i];
-  SendSelection(Selection + 1);
-  DisableAll();
+  BeginTest(State::kTestingDrink, kDrinkTestCodes[i], Selection + 1);
   timer1_->start();
+}
+
+// The selection counts from 0 here, unlike in the test of a drink.
+void FrmDosi::TestPart(std::size_t i) {
+  BeginTest(State::kTestingPart, kPartTestCode, Selection);
+  PutRecord(kMainBoard, kTestPart, kPartTests[i].part);
+  timer3_->start(PartTestInterval(controls_.rows.Value(kPartTests[i].row)));
+}
+
+void FrmDosi::BeginTest(State state, int code, int selection) {
+  TestCode = code;
+  TestedSelection = selection;
+  PutRecord(kMainBoard, kTestSelection, selection);
+  Enter(state, false);
 }
 
 // A machine that has started is waited for: its status record ends the test.
@@ -174,26 +190,10 @@ void FrmDosi::DrinkTestDue() {
   }
 }
 
-// The selection counts from 0 here, unlike in the test of a drink.
-void FrmDosi::TestPart(std::size_t i) {
-  TestCode = kPartTestCode;
-  SendSelection(Selection);
-  PutRecord(kMainBoard, kTestPart, kPartTests[i].part);
-  timer3_->setInterval(PartTestInterval(controls_.rows[kPartTests[i].row].bar().Value()));
-  DisableAll();
-  timer3_->start();
-  TestRunning = true;
-}
-
-void FrmDosi::PartTestDue() {
-  TestRunning = false;
-  EndTest();
-}
-
 void FrmDosi::EndTest() {
   Dispensing = false;
   TestCode = 0;
-  EnableAll();
+  Enter(Loading ? State::kLoading : State::kIdle, true);
 }
 
 }  // namespace dosmara

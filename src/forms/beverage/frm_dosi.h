@@ -25,25 +25,34 @@ class FrmDosi : public DataForm {
   void WatchSelection();
   void ChangeSelection(int n);
 
+  // What the form is at: reading its values, waiting for the machine's leave to change them, open for
+  // changes, or waiting for the end of a test.
+  enum class State { kLoading, kLocked, kIdle, kTestingDrink, kTestingPart };
+  // Enters a state, and opens all controls for changes or closes them. The two mostly agree; but a machine
+  // that gives its leave in the middle of a test opens them, and the test goes on.
+  void Enter(State state, bool open);
+  bool IsTesting() const { return state_ == State::kTestingDrink || state_ == State::kTestingPart; }
   void DisableAll();
   void EnableAll();
   void SetDependantsOpen(const dosi::Head& head, bool open);
   void Loaded() override;
+  void FollowGate();
 
   void TakeStatus(double value);
-  void SendSelection(int selection);
   void SendCommand(double selection);
   void TestDrink(std::size_t i);
   void TestPart(std::size_t i);
+  // Sends the selection, whose echo sends the command.
+  void BeginTest(State state, int code, int selection);
+  bool IsPartTimed() const { return timer3_->isActive(); }
   void DrinkTestDue();
-  void PartTestDue();
   void EndTest();
 
-  int Selection = 0;         // index of the selection shown
-  bool Dispensing = false;   // the machine has been seen dispensing since the last test ended
-  bool TestRunning = false;  // a timed test of a single part is under way
-  int TestCode = 0;          // command that follows the selection under test; 0: no test
-  int TestedSelection = 0;   // as it has been sent for the test
+  State state_ = State::kLoading;
+  int Selection = 0;        // index of the selection shown
+  bool Dispensing = false;  // the machine has been seen dispensing since the last test ended
+  int TestCode = 0;         // command that follows the selection under test; 0 without a test
+  int TestedSelection = 0;  // as it has been sent for the test
   Gate Presenza1{.record = GateRecord(kHotDrinks), .mask = kInUse, .presence = 0};
 
   DosiControls controls_;

@@ -13,29 +13,27 @@ namespace {
 constexpr Records kMirrors[] = {{kHotDrinks, 502}, {kZeth, 266, 7}, {kZeth, 266, 7}};
 
 constexpr FormSetup kSetup = {
-    .name = "FrmTemperatura", .title = 26, .opens_after = 15, .also_released = kMirrors};
+    .name = "FrmTemperatura", .title = 26, .opens_with = 16, .also_released = kMirrors};
 
 constexpr BoardFrame kBoards[] = {
-    {.name = "Frame1", .line = 244, .node = kHotDrinks},
+    {.name = "Frame1", .line = kHotDrinksLine, .node = kHotDrinks},
     {.name = "Frame2", .line = 246, .node = kZeth},
-    {.name = "Frame3", .line = 254, .node = kZeth2},
+    {.name = "Frame3", .line = kZeth2Line, .node = kZeth2},
 };
 
 // Off is the end of the bar, behind the warmest temperature.
 constexpr int kTankOff = 16;
 
-QString TankText(double value, int /*decimals*/) {
-  return value >= kTankOff ? QStringLiteral("OFF") : WholeText(value);
-}
+QString TankText(double value) { return value >= kTankOff ? QStringLiteral("OFF") : WholeText(value); }
 
-// "oFF" is not known here.
-std::optional<int> ParseTankTemperature(QStringView text, int min, int max, int /*decimals*/) {
+// Of the spellings of "off", "oFF" is a bad entry here.
+std::optional<int> ParseTankTemperature(QStringView text, int min, int max) {
   const bool off = text == u"off" || text == u"Off" || text == u"OFF";
   return off ? std::optional(kTankOff) : ParseWhole(text, min, max);
 }
 
 // An offset of -5 to 5 is held as 0 to 10.
-QString OffsetText(double value, int /*decimals*/) { return WholeText(value - 5); }
+QString OffsetText(double value) { return WholeText(value - 5); }
 
 constexpr FieldRow kBoiler[] = {WholeRow({.line = 245,
                                           .node = kHotDrinks,
@@ -74,7 +72,7 @@ constexpr std::array<FieldRow, kTankRowCount> TankRows(int node) {
       WholeRow({.record = 55, .mirror = 270, .min = 1, .max = 9, .large_change = 3, .length = 1}),
       WholeRow({.record = 56, .mirror = 271, .min = 1, .max = 12, .large_change = 3, .length = 2}),
       WholeRow({.record = 57, .mirror = 272, .min = 1, .max = 30, .large_change = 3, .length = 2}),
-      {.record = 52,
+      {.record = kTankOffset,
        .mirror = 267,
        .max = 10,
        .large_change = 3,
@@ -95,7 +93,7 @@ constexpr auto kTank3 = TankRows(kZeth2);
 
 // A gate that arrives while the form loads is only counted, so the frames open with the form and close at the
 // next arrival of a gate that says so.
-constexpr Gate kGate = {.while_loading = Gate::WhileLoading::kIgnored};
+constexpr Gate kGate = {.stored = false};
 
 // Takes two lines of the grid: three frames side by side leave little width to each.
 void PlaceWithBarBelow(ValueRow& row, QGridLayout& grid, int line) {

@@ -14,7 +14,7 @@ inline constexpr Records kMirrors[] = {{kHotDrinks, 503, 2}, {kHotDrinks, 508, 3
                                        {kZeth, 310, 18},     {kZeth2, 273},        {kZeth2, 310, 18}};
 
 inline constexpr FormSetup kSetup = {
-    .name = "FrmTempi", .title = 4, .opens_after = 20, .also_released = kMirrors};
+    .name = "FrmTempi", .title = 4, .opens_with = 21, .also_released = kMirrors};
 
 inline constexpr BoardFrame kBoards[] = {
     {.name = "Frame1", .line = 47, .node = kHotDrinks},
@@ -22,38 +22,26 @@ inline constexpr BoardFrame kBoards[] = {
     {.name = "Frame3", .line = 56, .node = kZeth2},
 };
 
-// Shown in tenths and typed with a tenth.
-constexpr FieldRow Tenths(FieldRow row) {
-  row.text = TenthsText;
-  row.parse = ParseTenths;
-  return row;
-}
-
 // Shown as a whole number but typed like tenths: "12" is 120.
 constexpr FieldRow WholeTypedInTenths(FieldRow row) {
   row.text = WholeText;
-  row.parse = ParseTenths;
+  row.parse = ParseTenthsUpTo;
   return row;
 }
 
 constexpr FieldRow TimeRow(int line, int node, int record, int mirror, int max) {
-  return Tenths({.line = line,
-                 .node = node,
-                 .record = record,
-                 .mirror = mirror,
-                 .max = max,
-                 .limit = max,
-                 .length = 4});
+  return TenthsRow({.line = line, .node = node, .record = record, .mirror = mirror, .max = max, .length = 4});
 }
 
-// A row of a timing whose bar does not end where an entry does.
+// Gives a row a bar that begins at `min`, and an entry another limit than the end of the bar.
 constexpr FieldRow Limited(FieldRow row, int min, int limit) {
   row.min = min;
   row.limit = limit;
   return row;
 }
 
-// The rows of no drawer. Rows 8 and 9 carry each other's entry limit; the bars keep their values in bounds.
+// The rows that belong to no drawer. Rows 8 and 9 have each other's limit of an entry; their bars refuse what
+// they cannot hold.
 inline constexpr FieldRow kTimes[] = {
     TimeRow(48, kHotDrinks, 31, 509, 100),
     TimeRow(49, kHotDrinks, 25, 503, 100),
@@ -93,12 +81,11 @@ using DrawerTable = std::array<FieldRow, kDrawerRows>;
 constexpr DrawerTable DrawerRows(int node, int attempts_length) {
   DrawerTable rows{};
   for (int k = 0; k < kDrawers; ++k) {
-    rows[k] = Tenths({.line = 618, .number = k + 1, .max = 10, .large_change = 10, .limit = 10, .length = 3});
+    rows[k] = TenthsRow({.line = 618, .number = k + 1, .max = 10, .large_change = 10, .length = 3});
     rows[kFirstAttempts + k] = WholeTypedInTenths(
         {.line = 619, .number = k + 1, .min = 1, .max = 3, .limit = 3, .length = attempts_length});
   }
-  rows[kFirstSensorRow] =
-      Tenths({.line = 620, .min = 10, .max = 30, .large_change = 10, .limit = 30, .length = 3});
+  rows[kFirstSensorRow] = TenthsRow({.line = 620, .min = 10, .max = 30, .large_change = 10, .length = 3});
   rows[kFirstSensorRow + 1] = WholeTypedInTenths(
       {.line = 621, .min = 120, .max = 240, .large_change = 10, .limit = 240, .length = 3});
   for (int n = 0; n < kDrawerRows; ++n) {

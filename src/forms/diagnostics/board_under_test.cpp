@@ -31,7 +31,7 @@ int CompressorIn(int row) { return row & kCompressor; }
 }  // namespace
 
 void BoardUnderTest::SendMode(int mode) {
-  if (Presenza.Open()) {
+  if (Presenza.IsOpen()) {
     PutRecord(node_, first_wanted(), mode);
     Comando = kModeCommand;
   }
@@ -140,9 +140,9 @@ void ZethUnderTest::TakeEcho(int n, double value) {
   }
 }
 
-void ZethUnderTest::TakeOffset(double value) { Offset = LowBits(value) - kTankOffsetZero; }
+void ZethUnderTest::TakeOffset(double value) { Offset = LowBits(value) - kTankOffsetOfZero; }
 
-// Without its offset the temperature is not known, and 0.
+// Without its offset the temperature cannot be known: the display then shows none.
 void ZethUnderTest::TakeTemperature(double value) {
   if (Offset && ParamIsFresh(kTankOffset, node())) {
     temperature->SetValue(TankTemperature(*Offset, value));
@@ -153,7 +153,8 @@ void ZethUnderTest::TakeTemperature(double value) {
 
 void ZethUnderTest::TakeRow(double value) { RigaNuova = LowBits(value); }
 
-// A write is done with the second equal read-back. A column whose row has not come yet says nothing.
+// A write is done when row and column have been read back twice with equal values. A column that comes before
+// its row says nothing.
 bool ZethUnderTest::TakeColumn(double value) {
   if (!RigaNuova) {
     return false;

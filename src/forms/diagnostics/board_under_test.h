@@ -25,7 +25,8 @@ class BoardUnderTest {
   // kLeaveTest.
   void SendMode(int mode);
 
-  // Opens or closes the switches with the test and with each write, or all there are with the board.
+  // Opens or closes the switches that follow the test and each write; or all, also those that follow nothing
+  // but the presence of the board.
   virtual void OpenSwitches(bool open) = 0;
   virtual void OpenAllSwitches(bool open) = 0;
   // No write is waited for any more.
@@ -53,8 +54,8 @@ class DrinksUnderTest : public BoardUnderTest {
   void OpenAllSwitches(bool open) override;
   void StopWaiting() override { Attesa.fill(false); }
 
-  // Writes all images with output i on or off, and returns that. Writes and returns nothing while any image
-  // is unknown.
+  // Writes all images with output i on or off, and returns `on`. While an image is unknown it writes nothing
+  // and returns nothing.
   std::optional<bool> Wish(int i, bool on);
   // The echo of one of the images: the command follows the data. An image that comes back as it was not
   // written has been lost on its way; the board holds an older one, and is not told to switch by that.
@@ -81,17 +82,17 @@ class ZethUnderTest : public BoardUnderTest {
 
   ZethUnderTest(int node, QWidget* parent);
 
-  int status_record() const override { return in_out::kUnitStatus; }
+  int status_record() const override { return kUnitStatus; }
   void OpenSwitches(bool open) override;
   void OpenAllSwitches(bool open) override { OpenSwitches(open); }
   void StopWaiting() override { AttesaSettore = AttesaCompr = false; }
 
-  // Writes sector i as the one that is on, or none where it is `last`, the one that was switched on last, and
-  // returns whether it is to be on. Writes and returns nothing while the compressor in the row is unknown.
+  // Switches sector i on, or all off if it is `last`, the one that was switched on last. Returns whether it
+  // is to be on. While the row, which holds the compressor, is unknown it writes nothing and returns nothing.
   std::optional<bool> WishSector(int i, std::uint16_t& last);
-  // Writes the compressor on or off, with the sector as it is; else as above.
+  // Switches the compressor and leaves the sector as it is. Otherwise as WishSector.
   std::optional<bool> WishCompressor(bool on);
-  // The echo of row (0) or column (1), else as above: the command follows the data.
+  // The echo of the row, n 0, or of the column, n 1. The command follows when both have come back as sent.
   void TakeEcho(int n, double value);
   void TakeOffset(double value);
   void TakeTemperature(double value);
@@ -107,7 +108,7 @@ class ZethUnderTest : public BoardUnderTest {
   int first_wanted() const override { return in_out::WantedOf(node()).first; }
   void Write(int row, int column);
 
-  // Row and column as read back, once they have been, and a row whose column is still to come.
+  // Row and column as they have been read back together, and a row whose column is still to come.
   std::optional<int> Riga;
   std::optional<int> Colonna;
   std::optional<int> RigaNuova;

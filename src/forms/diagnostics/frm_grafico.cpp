@@ -39,13 +39,6 @@ constexpr StripChartSetup kChart = {.colours = kColours,
                                     .value_ticks = 14,
                                     .minor_ticks = 4};
 
-// Records: of the hot drinks unit's board, and of the boards of the Zeth units.
-constexpr int kBoilerTemperature = 542;
-constexpr int kTankOffset = 52;
-constexpr int kTankTemperature = 287;
-
-constexpr int kOffsetOfZero = 5;  // how the record holds an offset of 0
-
 constexpr std::chrono::milliseconds kSampleInterval(4000);
 constexpr double kSampleDays = 0.000046296296296296294;
 
@@ -56,21 +49,23 @@ FrmGrafico::FrmGrafico()
   chart_->setObjectName("iStripChartX1");
   (new QVBoxLayout(Body()))->addWidget(chart_);
   timer_->setObjectName("Timer1");
-  timer_->setTimerType(Qt::PreciseTimer);  // samples are drawn four seconds apart, so they had better be
+  timer_->setTimerType(
+      Qt::PreciseTimer);  // the chart draws samples as if they were exactly four seconds apart
   connect(timer_, &QTimer::timeout, this, &FrmGrafico::Sample);
   const auto store = [](int& presence) { return [&presence](double value) { presence = LowBits(value); }; };
   WatchTank(kZeth, Offset2, Zeth1);
   WatchTank(kZeth2, Offset3, Zeth2);
-  Watch(kMainBoard, GateRecord(kZeth), store(Presenza2));
-  Watch(kMainBoard, GateRecord(kHotDrinks), store(Presenza1));
-  Watch(kMainBoard, GateRecord(kZeth2), store(Presenza3));
-  Watch(kHotDrinks, kBoilerTemperature, [this](double value) { Caldaia = value; });
+  Hear(kMainBoard, GateRecord(kZeth), Counts::kYes, store(Presenza2));
+  Hear(kMainBoard, GateRecord(kHotDrinks), Counts::kYes, store(Presenza1));
+  Hear(kMainBoard, GateRecord(kZeth2), Counts::kYes, store(Presenza3));
+  Hear(kHotDrinks, kBoilerTemperature, Counts::kYes, [this](double value) { Caldaia = value; });
 }
 
 // A temperature that comes before its offset is not known yet.
 void FrmGrafico::WatchTank(int node, int& offset, double& temperature) {
-  Watch(node, kTankOffset, [&offset](double value) { offset = LowBits(value) - kOffsetOfZero; });
-  Watch(node, kTankTemperature, [node, &offset, &temperature](double value) {
+  Hear(node, kTankOffset, Counts::kYes,
+       [&offset](double value) { offset = LowBits(value) - kTankOffsetOfZero; });
+  Hear(node, kTankTemperature, Counts::kYes, [node, &offset, &temperature](double value) {
     if (ParamIsFresh(kTankOffset, node)) {
       temperature = TankTemperature(offset, value);
     }
@@ -95,7 +90,7 @@ void FrmGrafico::InitMessaggi() {
   chart_->SetCaptions(captions);
 }
 
-// A form that has closed lives on for a moment: its timer must not.
+// A closed form lives until the event loop is back; its timer must not fire meanwhile.
 void FrmGrafico::Unload() {
   DataForm::Unload();
   timer_->stop();

@@ -22,8 +22,9 @@ FrmInOut::FrmInOut() : timer_(new QTimer(this)) {
   timer_->setInterval(kPatience);
   for (BoardUnderTest* board : boards_) {
     board->OpenAllSwitches(false);
-    Watch(board->Presenza, [this, board] { FollowPresence(*board); });
-    Watch(board->node(), board->status_record(), [this, board](double value) { TakeStatus(*board, value); });
+    Follow(board->Presenza, [this, board] { FollowPresence(*board); });
+    Hear(board->node(), board->status_record(), Counts::kYes,
+         [this, board](double value) { TakeStatus(*board, value); });
   }
   button_->setEnabled(false);
   WatchDrinks();
@@ -49,22 +50,22 @@ void FrmInOut::Connect() {
 }
 
 void FrmInOut::WatchDrinks() {
-  Watch({kHotDrinks, kFirstReadBack, kImages},
-        [this](int n, double value) { TakeReadBack(drinks_.TakeReadBack(n, value)); });
+  Hear({kHotDrinks, kFirstReadBack, kImages}, Counts::kYes,
+       [this](int n, double value) { TakeReadBack(drinks_.TakeReadBack(n, value)); });
   for (int n = 0; n <= kLastThatMatters; ++n) {
-    Listen(kHotDrinks, kFirstWanted + n, [this, n](double value) { drinks_.TakeEcho(n, value); });
+    HearEcho(kHotDrinks, kFirstWanted + n, [this, n](double value) { drinks_.TakeEcho(n, value); });
   }
 }
 
 void FrmInOut::WatchZeth(ZethUnderTest& unit) {
   const int node = unit.node();
-  Watch(node, kTankOffset, [&unit](double value) { unit.TakeOffset(value); });
-  Watch(node, kTankTemperature, [&unit](double value) { unit.TakeTemperature(value); });
-  Watch(node, kRow, [&unit](double value) { unit.TakeRow(value); });
-  Watch(node, kColumn, [this, &unit](double value) { TakeReadBack(unit.TakeColumn(value)); });
+  Hear(node, kTankOffset, Counts::kYes, [&unit](double value) { unit.TakeOffset(value); });
+  Hear(node, kTankTemperature, Counts::kYes, [&unit](double value) { unit.TakeTemperature(value); });
+  Hear(node, kRow, Counts::kYes, [&unit](double value) { unit.TakeRow(value); });
+  Hear(node, kColumn, Counts::kYes, [this, &unit](double value) { TakeReadBack(unit.TakeColumn(value)); });
   const Records wanted = WantedOf(node);
   for (int n = 0; n < wanted.count; ++n) {
-    Listen(node, wanted.first + n, [&unit, n](double value) { unit.TakeEcho(n, value); });
+    HearEcho(node, wanted.first + n, [&unit, n](double value) { unit.TakeEcho(n, value); });
   }
 }
 
@@ -81,8 +82,8 @@ void FrmInOut::StartOrStop() {
   }
 }
 
-// Only one board's output is to run at a time: the others go back to idle. The hot drinks unit leaves the
-// second Zeth unit alone, though.
+// Only one board is to drive an output at a time: the others are sent back to idle. A wish on the hot drinks
+// unit does not do so with the second Zeth unit.
 void FrmInOut::Wish(BoardUnderTest& board, const LedSwitch& target,
                     const std::function<std::optional<bool>()>& send) {
   if (InAggiorna) {
@@ -121,7 +122,7 @@ void FrmInOut::TimeUp() {
 
 // A board that is not there stays on the screen in grey and holds up no test.
 void FrmInOut::FollowPresence(BoardUnderTest& board) {
-  const bool present = board.Presenza.Open();
+  const bool present = board.Presenza.IsOpen();
   board.frame->setEnabled(present);
   if (!present) {
     board.OpenAllSwitches(false);
@@ -129,11 +130,11 @@ void FrmInOut::FollowPresence(BoardUnderTest& board) {
   } else if (TestAttivo) {
     board.OpenAllSwitches(true);
   }
-  OpenButton(std::ranges::any_of(boards_, [](const auto* each) { return each->Presenza.Open(); }));
+  OpenButton(std::ranges::any_of(boards_, [](const auto* each) { return each->Presenza.IsOpen(); }));
 }
 
 void FrmInOut::TakeStatus(BoardUnderTest& board, double value) {
-  board.Test = !board.Presenza.Open() || (LowBits(value) & kInTest) != 0;
+  board.Test = !board.Presenza.IsOpen() || (LowBits(value) & kInTest) != 0;
   const bool all = std::ranges::all_of(boards_, [](const auto* each) { return each->Test; });
   if (all != TestAttivo) {
     TestAttivo = all;

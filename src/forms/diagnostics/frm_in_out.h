@@ -44,7 +44,7 @@ class FrmInOut : public InOutPanel {
 
   const std::array<BoardUnderTest*, 3> boards_{&drinks_, &zeth_, &zeth2_};
   QTimer* timer_;                 // Timer1, the patience with a write
-  bool focus_to_button_ = false;  // it had the focus when it closed
+  bool focus_to_button_ = false;  // the button had the focus when it closed, and gets it back
 };
 
 }  // namespace dosmara

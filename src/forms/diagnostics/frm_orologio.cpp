@@ -15,7 +15,7 @@ using namespace orologio;
 
 namespace {
 
-// The clock is read from afar: how many times larger it is than a display in a row, and its date than text.
+// The clock is read from afar: its display is so many times as large as one in a row, its date as other text.
 constexpr int kClockScale = 3;
 constexpr int kDateScale = 2;
 constexpr int kGap = 24;        // between the values that set it
@@ -34,7 +34,7 @@ QLayout* LayOutWithUnit(ValueRow& row) {
   return layout;
 }
 
-// A unit alone does not tell what it is the hour or the day of.
+// The caption of such a row is a unit. A screen reader also has to say what it is the hour or the day of.
 void Speak(ValueRow& row, const QString& what) { row.SetSpokenName(what + ' ' + row.caption().text()); }
 
 }  // namespace
@@ -49,7 +49,7 @@ FrmOrologio::FrmOrologio()
                       kPointRows)),
       frame_(NewFrame("Frame1", kClockLine)),
       clock_(new SegmentClock(frame_)),
-      label6_(new FieldLabel(frame_, true)) {
+      label6_(NewReading("Label6", frame_)) {
   auto* layout = new QVBoxLayout(Body());
   layout->addWidget(frame_);
   FillClock();
@@ -59,32 +59,30 @@ FrmOrologio::FrmOrologio()
     frames->addWidget(NewPoints(each));
   }
   layout->addStretch();
-  Watch(points_);
-  Watch(
-      kPointMirrors, [](int, double) {}, Counts::kNo);
+  Watch(points_, Counts::kYes);
+  Hear(kPointMirrors, Counts::kNo, [](int, double) {});
   WatchClock(kToSet, &FrmOrologio::TakeAnswer);
   WatchClock(kTime, &FrmOrologio::TakeTime);
-  Watch(Presenza, [this] { SetClockOpen(Presenza.Open()); });
+  Follow(Presenza, [this] { SetClockOpen(Presenza.IsOpen()); });
   WatchClock(kDate, &FrmOrologio::TakeDate);
   SetClockOpen(false);
   SetPointsOpen(false);
 }
 
-// What the clock says means something where there is one.
+// A machine without a clock chip sends values for these records that mean nothing.
 void FrmOrologio::WatchClock(const Records& records, void (FrmOrologio::*take)(int, double)) {
   const auto take_of_clock = [this, take](int n, double value) {
-    if (Presenza.Open()) {
+    if (Presenza.IsOpen()) {
       (this->*take)(n, value);
     }
   };
-  Watch(records, take_of_clock, Counts::kNo);
+  Hear(records, Counts::kNo, take_of_clock);
 }
 
 // The running clock with its date, and beside it what sets the two.
 void FrmOrologio::FillClock() {
   clock_->setObjectName("iSevenSegmentClockX1");
   clock_->setFixedSize(clock_->sizeHint() * kClockScale);
-  label6_->setObjectName("Label6");
   label6_->setAlignment(Qt::AlignCenter);
   label6_->setFont(ScaledFont(label6_->font(), kDateScale));
   label6_->setFixedSize(clock_->width(), label6_->sizeHint().height());
@@ -105,8 +103,8 @@ void FrmOrologio::FillClock() {
 void FrmOrologio::AddSetting(FieldRows& rows, QGridLayout& grid, int line) {
   for (int n = 0; n < rows.size(); ++n) {
     grid.addLayout(LayOutWithUnit(rows[n]), line, n);
-    connect(&rows[n].bar(), &Bar::Changed, this, [this] { Modificato = Modificato || !InArrival; });
   }
+  rows.WhenChanged([this] { Modificato = true; });
 }
 
 // A time point is read as one line: its name, the hour, the minute.
@@ -149,7 +147,7 @@ void FrmOrologio::SetClockOpen(bool open) {
   date_.SetEnabled(open);
 }
 
-// The names and the units stay as they are.
+// Names and units are never grey: they are headings of the values.
 void FrmOrologio::SetPointsOpen(bool open) {
   points_.SetOpen(open);
   for (int i = 0; i < points_.size(); ++i) {
@@ -157,7 +155,7 @@ void FrmOrologio::SetPointsOpen(bool open) {
   }
 }
 
-// An hour of 255 is none, and moves nothing.
+// An hour of 255 says that there is no time yet: the display stays as it is.
 void FrmOrologio::TakeTime(int n, double value) {
   (n == kMinute ? Minuti : Ore) = LowBits(value);
   if (Ore > kLastHour || Minuti > kLastMinute) {
@@ -176,7 +174,8 @@ void FrmOrologio::TakeDate(int n, double value) {
   *fields[n] = LowBits(value) + (n == kYear ? kFirstYear : 0);
 }
 
-// The first answer ends the change, whichever of the five it is; the others are not shown.
+// The answers to a change come one record at a time. The first of the five ends the change; the others are
+// not shown.
 void FrmOrologio::TakeAnswer(int n, double value) {
   if (!Modificato) {
     return;
@@ -199,7 +198,7 @@ void FrmOrologio::ShowDataCorrente() {
 
 // The date that is shown goes on with the machine's, over midnight too.
 void FrmOrologio::AfterArrival() {
-  if (!ParamIsFresh(kMachineStatus, kMainBoard) || !Presenza.Open() || !AllFresh(kDate)) {
+  if (!ParamIsFresh(kMachineStatus, kMainBoard) || !Presenza.IsOpen() || !AllFresh(kDate)) {
     return;
   }
   ShowDataCorrente();

@@ -38,10 +38,10 @@ class FrmOrologio : public DataForm {
   bool DateKnown() const { return Giorno && Mese && Anno; }
   void ShowDataCorrente();
 
-  bool PrimoOrario = true;  // what sets the time waits for its first filling
-  bool PrimaData = true;    // and what sets the date
+  bool PrimoOrario = true;  // the rows that set the time have not been filled yet
+  bool PrimaData = true;    // nor those that set the date
   bool Modificato = false;  // the operator has changed one of the five since the last answer
-  Gate Presenza{.record = kMachineStatus, .while_loading = Gate::WhileLoading::kFollowed};
+  Gate Presenza{.record = kMachineStatus, .counted = Gate::Counted::kNone, .followed = true};
   int Ore = 255;              // last hour and minute
   int Minuti = 255;           //
   std::optional<int> Giorno;  // the date, as far as it has arrived

@@ -14,7 +14,6 @@ namespace {
 
 constexpr FormSetup kSetup = {.name = "FrmSchema", .title = 34};
 
-constexpr int kTemperature = 542;
 constexpr int kDigits = 3;
 
 // Inputs, then outputs. Nothing shows the third byte of inputs.
@@ -24,7 +23,7 @@ enum { kInputs1, kInputs2, kInputs3, kOutputs1, kOutputs2 };
 
 constexpr int kOutputs = std::size(kOutputPlaces);
 constexpr int kInputs = std::size(kInputPlaces);
-constexpr int kSecondRinse = 27;   // follows the bit of the first
+constexpr int kSecondRinse = 27;   // shows the same bit as the first
 constexpr int kWaterFill = 8;      // the one input that is not of the first byte
 constexpr int kModelWithout = 20;  // has neither of these two
 
@@ -46,8 +45,6 @@ constexpr auto kBits = [] {
 constexpr int kFirstLegend = 373;
 constexpr int kBoiler = 378;
 constexpr int kTemperatureWord = 322;
-constexpr int kOff = 109;
-constexpr int kOn = 110;
 constexpr int kNotKnown = 650;  // a language file may be too old to have it
 constexpr const char* kNotKnownOtherwise = "Non ancora noto";
 
@@ -83,8 +80,8 @@ FrmSchema::FrmSchema()
   for (int n = 0; n < bits.size(); ++n) {
     bits.Bind(n, [this, n](bool on) { drawing_->SetOn(n, on); });
   }
-  Watch(bits);
-  Watch(kHotDrinks, kTemperature, [this](double value) {
+  Watch(bits, Counts::kYes);
+  Hear(kHotDrinks, kBoilerTemperature, Counts::kYes, [this](double value) {
     thermometer_->SetValue(LowBits(value));
     display_->SetValue(LowBits(value));
   });
@@ -112,7 +109,8 @@ void FrmSchema::Load() {
 
 void FrmSchema::InitMessaggi() {
   DataForm::InitMessaggi();
-  const QStringList words = {Caption(kOff), Caption(kOn), CaptionOr(kNotKnown, kNotKnownOtherwise)};
+  const QStringList words = {Caption(kOffOn.off), Caption(kOffOn.on),
+                             CaptionOr(kNotKnown, kNotKnownOtherwise)};
   const QString states = words.join(',');
   for (const Lamp& lamp : lamps_) {
     lamp.caption->setText(Caption(lamp.line));

@@ -19,19 +19,17 @@ namespace {
 
 constexpr Records kPosition = {kMainBoard, kTestSelection, 2};  // column and row, behind the command
 constexpr Records kUnitLetter = {kMainBoard, 358};
-constexpr int kBeforeFirstColumn = 38;  // in the record of the column, which tells selections too
+constexpr int kBeforeFirstColumn = 38;  // the record numbers columns from 39 on, behind the selections
 constexpr int kRowUnit = 16;
 constexpr int kRun = 2;
-constexpr int kPatience = 2000;    // ms
-constexpr int kUnitCommand = 284;  // of the unit, as is its status
+constexpr int kPatience = 2000;  // ms
 constexpr int kMotorsToZero = 3;
-constexpr int kUnitStatus = 290;
 constexpr int kMotorsRun = 2;
 
 constexpr double kChoiceScale = 2.5;
-constexpr int kGap = 8;  // a finger's slip away from the motors
+constexpr int kGap = 8;  // keeps a finger that slips off the keypad from the motors
 
-// The commands, the position and the letter come into the table with their writes.
+// These records are only written; the close releases them as if they had been read.
 template <int kNode>
 constexpr Records kOnlyWritten[] = {{kMainBoard, kTestCommand, 3}, kUnitLetter, {kNode, kUnitCommand}};
 
@@ -48,7 +46,7 @@ constexpr Window kWindows[] = {
     {{.name = "FrmTestZeth", .title = 33, .also_released = kOnlyWritten<kZeth>}, kZeth, 'V', 330, 331},
     {{.name = "FrmTestZeth2", .title = 45, .also_released = kOnlyWritten<kZeth2>}, kZeth2, 'W', 334, 335}};
 
-// Letter, row and column as the records have them.
+// What the table holds of letter, row and column.
 std::array<double, 3> PositionHeld() {
   return {ParamGet(kUnitLetter.first, 0), ParamGet(kTestPart, 0), ParamGet(kTestSelection, 0)};
 }
@@ -63,7 +61,7 @@ class FrmTestZeth : public DataForm {
   void LayOut();
   void Press(int zone);
   void SendCommand();
-  // Takes a status; the end of its bit `mask` ends what the window waits for.
+  // Takes a status. When its bit `mask` has been set and is clear again, what the window waits for has ended.
   void TakeBusy(double status, int mask, bool& has_been_busy);
   void StartAnew();
   void Choose(int row, int column);
@@ -85,7 +83,7 @@ class FrmTestZeth : public DataForm {
 FrmTestZeth::FrmTestZeth(const Window& window)
     : DataForm(window.setup),
       window_(window),
-      choice_(new FieldLabel(Body(), true)),
+      choice_(NewReading("Label2(1)")),
       keypad_(new UnitKeypad(Body())),
       zero_(NewButton("Command1", window.zero_line)),
       timer_(new QTimer(this)),
@@ -104,16 +102,17 @@ FrmTestZeth::FrmTestZeth(const Window& window)
     Choose(0, 0);
     PutRecord(window_.node, kUnitCommand, kMotorsToZero);
   });
-  Watch(kMainBoard, kMachineStatus, [this](double value) {
+  Hear(kMainBoard, kMachineStatus, Counts::kYes, [this](double value) {
     TakeBusy(value, kStatusDispensing, Occupato);
     if (Occupato) {
       timer_->stop();
     }
   });
-  Watch(window.node, kUnitStatus, [this](double value) { TakeBusy(value, kMotorsRun, MotoreInMoto); });
-  Watch(PresenzaZeth, [this] { SetOpen(PresenzaZeth.Open()); });
+  Hear(window.node, kUnitStatus, Counts::kYes,
+       [this](double value) { TakeBusy(value, kMotorsRun, MotoreInMoto); });
+  Follow(PresenzaZeth, [this] { SetOpen(PresenzaZeth.IsOpen()); });
   for (const int record : {kPosition.first, kPosition.first + 1, kUnitLetter.first}) {
-    Listen(kMainBoard, record, [this](double) { SendCommand(); });
+    HearEcho(kMainBoard, record, [this](double) { SendCommand(); });
   }
   Choose(0, 0);
   SetOpen(false);
@@ -122,7 +121,6 @@ FrmTestZeth::FrmTestZeth(const Window& window)
 void FrmTestZeth::LayOut() {
   choice_->setFont(ScaledFont(choice_->font(), kChoiceScale));
   choice_->setAlignment(Qt::AlignCenter);
-  choice_->setObjectName("Label2(1)");
   keypad_->setObjectName("Image1");
   for (int zone = 0; zone < keypad_->Count(); ++zone) {
     keypad_->Key(zone).setObjectName(ControlArray{"Label1"}[zone]);
@@ -156,8 +154,8 @@ void FrmTestZeth::Press(int zone) {
   }
 }
 
-// Another window may have sent other values since, or a failing line have brought old ones back: not to be
-// run.
+// The command is sent only if the table still holds what was sent: another window may have sent another
+// position since, or a failing line have brought an old one back.
 void FrmTestZeth::SendCommand() {
   if (AllFresh(kPosition) && AllFresh(kUnitLetter) && std::exchange(due_, {}) == PositionHeld()) {
     PutRecord(kMainBoard, kTestCommand, kRun);
@@ -172,7 +170,7 @@ void FrmTestZeth::TakeBusy(double status, int mask, bool& has_been_busy) {
   }
 }
 
-// Whatever has ended, another window's test too: a unit that is not there stays closed.
+// A test of any window may have ended. The keypad opens unless the unit is not there.
 void FrmTestZeth::StartAnew() {
   Choose(0, 0);
   const int record = PresenzaZeth.record;

@@ -17,7 +17,7 @@ namespace {
 constexpr int kBoilerDigits = 3;
 constexpr int kOutputRows = 7;
 constexpr int kMargin = 4;
-constexpr int kBelowCaption = 4;  // so that it is seen which switch a caption belongs to
+constexpr int kBelowCaption = 4;  // the gap shows which switch a caption belongs to
 constexpr QMargins kMargins(kMargin, kMargin, kMargin, kMargin);
 
 // Lines of the language file and the colour of a state of the test.
@@ -53,13 +53,14 @@ InOutPanel::InOutPanel()
   all->addLayout(below);
   all->addStretch();
   TabAsLaidOut(*Body());
-  Watch(inputs_);
-  Watch(kHotDrinks, kBoilerTemperature, [this](double value) { boiler_->SetValue(value); });
+  Watch(inputs_, Counts::kYes);
+  Hear(kHotDrinks, kBoilerTemperature, Counts::kYes, [this](double value) { boiler_->SetValue(value); });
 }
 
 void InOutPanel::InitMessaggi() {
   DataForm::InitMessaggi();
-  const QString words = Caption(kOffLine) + ',' + Caption(kOnLine);
+  setWindowTitle(kTitle);
+  const QString words = Caption(kOffOn.off) + ',' + Caption(kOffOn.on);
   for (const auto& [control, caption] : instruments_) {
     control->setAccessibleName(caption->text());
     if (auto* led = qobject_cast<Led*>(control)) {
@@ -106,7 +107,7 @@ QLayout* InOutPanel::LayOutTest() {
   button_->setObjectName("Command1");
   button_->setAutoDefault(true);  // Enter presses it, as it presses the switches
   state_->setObjectName("Label7");
-  QGroupBox* master = NewFrame("Frame1", 274);
+  QGroupBox* master = NewFrame("Frame1", kMainBoardLine);
   auto* grid = new QGridLayout(master);
   grid->setContentsMargins(kMargins);
   PlaceInputs(*grid, 0, kMasterInputs);

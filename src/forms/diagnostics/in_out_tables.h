@@ -7,12 +7,8 @@
 
 namespace dosmara::in_out {
 
-// Words of all lamps and switches, lines of the language file.
-inline constexpr int kOffLine = 109;
-inline constexpr int kOnLine = 110;
-
-// A board takes data first and then a command on them: to enter or leave the test, as the first of its data
-// says, or to switch its outputs as all of them say.
+// A board is sent data first and then a command. The mode command enters or leaves the test, as the first
+// byte of the data says; the drive command switches the outputs as all the data say.
 inline constexpr int kModeCommand = 1;
 inline constexpr int kDriveCommand = 2;
 inline constexpr int kEnterTest = 60;
@@ -26,20 +22,14 @@ inline constexpr int kDrinksCommand = 535;
 inline constexpr int kImages = 4;
 inline constexpr int kFirstWanted = 536;
 inline constexpr int kDrinksStatus = 541;
-inline constexpr int kBoilerTemperature = 542;
 inline constexpr int kFirstReadBack = 547;
-// With the echo of this image the data that matter have arrived.
+// The command follows the echo of this image; the one behind it is not waited for.
 inline constexpr int kLastThatMatters = 2;
 
 // A Zeth unit.
-inline constexpr int kTankOffset = 52;  // stored with 5 added
-inline constexpr int kTankOffsetZero = 5;
-inline constexpr int kUnitCommand = 284;
 inline constexpr Records WantedOf(int node) { return {node, 285, 2}; }  // row, column
-inline constexpr int kTankTemperature = 287;
 inline constexpr int kRow = 288;
 inline constexpr int kColumn = 289;
-inline constexpr int kUnitStatus = 290;
 inline constexpr int kCompressor = 128;  // in the row
 
 // The controls of a Zeth unit.
@@ -154,7 +144,8 @@ inline constexpr Records kKept[] = {{kMainBoard, GateRecord(kZeth2)}};
 // What has been written is released as if it had been read; of the second unit it is not.
 inline constexpr Records kAlsoReleased[] = {{kHotDrinks, kDrinksCommand, 1 + kImages}, WantedOf(kZeth)};
 
-inline constexpr FormSetup kSetup = {
-    .name = "FrmInOut", .also_released = kAlsoReleased, .kept = kKept, .default_title = "Test IN/OUT"};
+inline constexpr FormSetup kSetup = {.name = "FrmInOut", .also_released = kAlsoReleased, .kept = kKept};
+// The language has no line for it.
+inline constexpr const char* kTitle = "Test IN/OUT";
 
 }  // namespace dosmara::in_out

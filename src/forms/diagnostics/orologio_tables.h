@@ -9,15 +9,16 @@
 
 namespace dosmara::orologio {
 
-// Twenty arrivals of time points open them, of whichever records.
-inline constexpr FormSetup kSetup = {.name = "FrmOrologio", .title = 29, .opens_after = 19};
+// The rows of the time points open with the twentieth arrival of any of their records.
+inline constexpr FormSetup kSetup = {.name = "FrmOrologio", .title = 29, .opens_with = 20};
 
 // Lines of the language file.
 inline constexpr int kClockLine = 261;
 inline constexpr int kHoursLine = 268;
 inline constexpr int kMinutesLine = 269;
 
-// A time of the day at which the machine does something: an hour and a minute. The minute lies ahead of it.
+// A time of the day at which the machine does something: an hour and a minute. The record of the minute is
+// the one before that of the hour.
 struct TimePoint {
   int line = 0;    // of its name
   int number = 0;  // behind the name
@@ -39,11 +40,11 @@ struct PointFrame {
 inline constexpr PointFrame kPointFrames[] = {
     {"Frame2", 262, 0, 4}, {"Frame3", 263, 4, 2}, {"Frame4", 264, 6, 4}};
 
-// The mirrors are read as well, which nothing comes of.
+// The mirrors of the time points are subscribed too. Nothing is done with their values.
 inline constexpr int kMirrorOffset = 202;
 inline constexpr Records kPointMirrors = {kMainBoard, 289, 2 * kPoints};
 
-// A text is judged as a whole. A year of four digits, cut to two, would be taken for another one.
+// Long enough for a year of four digits, which is refused: cut to two digits it would be another year.
 inline constexpr int kLength = 8;
 
 inline constexpr int kLastHour = 23;

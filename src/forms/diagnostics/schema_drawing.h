@@ -58,8 +58,8 @@ class SchemaDrawing : public QWidget {
   void LayOut();
   void LayOutText(QLabel& label, QPointF at, Beside side, double width);
 
-  // Painted each time, which takes three milliseconds, and one for a lamp that changes; its pixels would take
-  // as much memory as a dozen forms.
+  // The drawing is painted anew each time, which takes three milliseconds, or one where a single lamp
+  // changes. Keeping its pixels would take as much memory as a dozen forms.
   std::unique_ptr<QSvgRenderer> machine_;
   std::vector<Lamp> lamps_;
   std::vector<Word> words_;

@@ -15,7 +15,7 @@ constexpr std::chrono::milliseconds kPatience(5000);
 
 }  // namespace
 
-// Nothing moves when the name changes.
+// The label keeps its place whatever name it shows, so that nothing around it moves.
 WishMark::WishMark(QWidget* parent)
     : QWidget(parent), name_(new FieldLabel(this)), mark_(new EchoMark(this)), patience_(this) {
   auto* layout = new QHBoxLayout(this);
@@ -55,7 +55,7 @@ void WishMark::Look() {
 
 void WishMark::SetCaptions() {
   if (target_ != nullptr) {
-    const QString wish = Caption(on_ ? in_out::kOnLine : in_out::kOffLine);
+    const QString wish = Caption(on_ ? kOffOn.on : kOffOn.off);
     name_->setText(group_->title() + ": " + wish + '\n' + target_->accessibleName());
   }
 }

@@ -11,9 +11,9 @@
 
 namespace dosmara {
 
-// The name of the switch that was pressed last and what was wished of it, which a unit's second press on a
-// dark sector makes off, and a mark: on its way until the switch shows it, or not taken when it has not in
-// time. Empty before the first wish.
+// Names the switch that was pressed last and says what was wished of it, on or off: a second press on a
+// sector of a unit wishes it off even while its lamp is dark. The mark behind it is on its way until the
+// switch shows what was wished, and not taken when it has not in time. Empty before the first wish.
 class WishMark : public QWidget {
  public:
   explicit WishMark(QWidget* parent);

@@ -11,9 +11,7 @@ namespace dosmara {
 
 namespace {
 
-// Arrivals for other forms can tell too that everything is there.
-constexpr FormSetup kSetup = {
-    .name = "FrmAssSel", .title = 11, .opens_after = kOpensByItself, .hears_all = true};
+constexpr FormSetup kSetup = {.name = "FrmAssSel", .title = 11, .opens_with = kAllFresh};
 
 constexpr int kColumns = 2;
 
@@ -64,17 +62,18 @@ FrmAssSel::FrmAssSel()
   for (int n = 0; n < spare.size(); ++n) {
     spare[n].Withdraw();
   }
-  Watch(selections_);
-  Watch(money_);
-  Watch(by_selection_, [this] { FollowOptions(); });
-  Watch(extras_, Counts::kNo, [this](int n, double) {
+  Watch(selections_, Counts::kYes);
+  Watch(money_, Counts::kNo);
+  Follow(by_selection_, [this] { FollowOptions(); });
+  Watch(extras_, Counts::kYes);
+  Hear(kExtraPrices, Counts::kYes, [this](int n, double) {
     if (!Loading) {
       extras_[n].SetOpen(true);
     }
   });
-  Watch(kMainBoard, kSellingOptions, [this](double value) {
+  Hear(kMainBoard, kSellingOptions, Counts::kNo, [this](double value) {
     all_at_price_1_ = (LowBits(value) & kAllAtPrice1) != 0;
-    if (money_.known()) {
+    if (money_.IsKnown()) {
       FollowOptions();
     }
   });
@@ -85,12 +84,10 @@ FrmAssSel::FrmAssSel()
 
 // A machine without its selections opens the extra prices alone, and stays locked.
 void FrmAssSel::AfterArrival() {
-  const bool extras_there = AllFresh(kExtraPrices);
   if (AllFresh(kSelectionPrices)) {
-    if (extras_there && Loading) {
-      Open();
-    }
-  } else if (extras_there && !by_selection_.Open()) {
+    return;
+  }
+  if (AllFresh(kExtraPrices) && !by_selection_.IsOpen()) {
     extras_.SetOpen(true);
   } else if (Loading) {
     CloseAll();
@@ -106,7 +103,7 @@ void FrmAssSel::Loaded() {
 }
 
 void FrmAssSel::FollowOptions() {
-  const bool open = by_selection_.Open() && !all_at_price_1_;
+  const bool open = by_selection_.IsOpen() && !all_at_price_1_;
   selections_.SetEnabled(open);
   selections_.LetEchoOpen(open && !Loading);
 }

@@ -23,7 +23,7 @@ struct Window {
   PositionRows rows;
 };
 
-constexpr Records PricesOf(int node) { return {node, 1, kPositions}; }
+constexpr int kFirstPrice = 1;
 constexpr int kMirrors = 216;
 
 constexpr PositionRows RowsOf(int node) {
@@ -32,16 +32,14 @@ constexpr PositionRows RowsOf(int node) {
     rows[n] = PriceNumberRow({.line = 127,
                               .number = NumberOf(Numbering::kPosition, n),
                               .node = node,
-                              .record = PricesOf(node).first + n,
+                              .record = kFirstPrice + n,
                               .mirror = kMirrors + n});
   }
   return rows;
 }
 
-// Arrivals for other forms can tell too that everything is there.
 constexpr Window WindowOf(const char* name, int title, int node) {
-  return {
-      {.name = name, .title = title, .opens_after = kOpensByItself, .hears_all = true}, node, RowsOf(node)};
+  return {{.name = name, .title = title, .opens_with = kAllFresh}, node, RowsOf(node)};
 }
 
 constexpr Window kWindows[] = {WindowOf("FrmAssSet", 12, kZeth), WindowOf("FrmAssSet2", 13, kZeth2)};
@@ -51,13 +49,13 @@ class FrmAssSet : public DataForm {
   explicit FrmAssSet(const Window& window);
 
  private:
-  void AfterArrival() override;
+  // While the set is not in use, the form stays locked.
+  bool IsReady() const override { return set_in_use_.IsOpen() && DataForm::IsReady(); }
   void Loaded() override { SetOpen(!all_at_price_1_); }
 
   // Opens the rows, unless the form is locked, or closes them.
   void SetOpen(bool open);
 
-  int node_;
   Gate set_in_use_;
   bool all_at_price_1_ = false;
   FieldRows& prices_;
@@ -77,8 +75,7 @@ QLayout* LayOutPosition(ValueRow& price) {
 
 FrmAssSet::FrmAssSet(const Window& window)
     : DataForm(window.setup),
-      node_(window.node),
-      set_in_use_{.record = GateRecord(window.node), .while_loading = Gate::WhileLoading::kFollowed},
+      set_in_use_{.record = GateRecord(window.node), .counted = Gate::Counted::kNone, .followed = true},
       prices_(NewRows(HeldRows(), window.rows)) {
   auto* grid = new QGridLayout(Body());
   for (int n = 0; n < kPositions; ++n) {
@@ -86,20 +83,13 @@ FrmAssSet::FrmAssSet(const Window& window)
   }
   AddPositionHeadings(*grid, *Body(), 1, Qt::AlignLeft);
   grid->setRowStretch(kPositionRows + 1, 1);
-  Watch(prices_);
-  Watch(kMainBoard, kSellingOptions, [this](double value) {
+  Watch(prices_, Counts::kYes);
+  Hear(kMainBoard, kSellingOptions, Counts::kNo, [this](double value) {
     all_at_price_1_ = (LowBits(value) & kAllAtPrice1) != 0;
-    SetOpen(!all_at_price_1_ && set_in_use_.Open());
+    SetOpen(!all_at_price_1_ && set_in_use_.IsOpen());
   });
-  Watch(set_in_use_, [this] { SetOpen(set_in_use_.Open()); });
+  Follow(set_in_use_, [this] { SetOpen(set_in_use_.IsOpen()); });
   SetOpen(false);
-}
-
-// While the set is not in use, the form stays locked.
-void FrmAssSet::AfterArrival() {
-  if (Loading && set_in_use_.Open() && AllFresh(PricesOf(node_))) {
-    Open();
-  }
 }
 
 void FrmAssSet::SetOpen(bool open) {

@@ -14,15 +14,15 @@ namespace dosmara {
 
 namespace {
 
-constexpr FormSetup kSetup = {.name = "FrmConf", .title = 24, .opens_after = 2 * kPositions};
+constexpr FormSetup kSetup = {.name = "FrmConf", .title = 24, .opens_with = 2 * kPositions + 1};
 
-// The other bits of the byte are options of the payment system. Its mirror is left to the windows of those.
+// The other bits of the byte are options of the payment system. Only the windows of those write its mirror.
 constexpr BitRecord kOptions = {.node = kMainBoard, .record = kCreditOptions};
 constexpr int kGroupsManaged = 4;
 
 // Button 0 switches on and button 1 off; the words of a switch stand the other way round in the language
 // file.
-constexpr int kManagementLines[] = {110, 109};
+constexpr int kManagementLines[] = {kOffOn.on, kOffOn.off};
 
 // What tells the frames of the two units apart.
 struct Unit {
@@ -54,7 +54,7 @@ FrmConf::FrmConf() : DataForm(kSetup), options_(kOptions), all_(NewFrame("Frame1
   for (int unit = 0; unit < kUnits; ++unit) {
     MakePane(unit, *inside);
   }
-  Watch(kOptions.node, kOptions.record, [this](double value) { ShowManagement(value); });
+  Hear(kOptions.node, kOptions.record, Counts::kYes, [this](double value) { ShowManagement(value); });
   all_->setEnabled(false);
 }
 
@@ -111,7 +111,7 @@ void FrmConf::MakePane(int unit, QVBoxLayout& layout) {
   pane.reset->setObjectName(ControlArray{"Command3"}[unit]);
   line->addWidget(pane.reset, 0, Qt::AlignBottom);
   connect(pane.reset, &QPushButton::clicked, this, [this, unit] { Reset(unit); });
-  Watch(GroupsOf(setup), [groups = pane.groups](int n, double value) { groups->Show(n, value); });
+  Watch(*pane.groups, Counts::kYes);
 }
 
 void FrmConf::InitMessaggi() {
@@ -147,7 +147,7 @@ void FrmConf::ShowManagement(double value) {
   options_.Take(value);
   const bool on = options_.Has(kGroupsManaged);
   management_[on ? 0 : 1]->setChecked(true);
-  // A form that opens gives the focus to the choice that is made.
+  // Tab and the first focus go to the button that is chosen, not to the other one.
   management_[on ? 0 : 1]->setFocusPolicy(Qt::StrongFocus);
   management_[on ? 1 : 0]->setFocusPolicy(Qt::ClickFocus);
   mark_->Came(on ? 1 : 0);

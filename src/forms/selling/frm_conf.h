@@ -31,7 +31,7 @@ class FrmConf : public DataForm {
   void Loaded() override { SetFramesEnabled(true); }
   void MakeManagement(QVBoxLayout& layout);
   void MakePane(int unit, QVBoxLayout& layout);
-  // Shows whether the groups are looked at: nothing of them can be changed while they are not.
+  // Shows whether the machine looks at the groups. While it does not, nothing of them can be changed.
   void ShowManagement(double value);
   void ChooseManagement(bool on);
   // Asks, and makes each position of a unit a group of its own.

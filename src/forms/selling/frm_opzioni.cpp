@@ -45,23 +45,21 @@ FrmOpzioni::FrmOpzioni()
 }
 
 QGroupBox* FrmOpzioni::NewSystem() {
-  QGroupBox* frame = NewFrame({}, 274);
+  QGroupBox* frame = NewFrame({}, kMainBoardLine);
   auto* layout = new QVBoxLayout(frame);
   auto* choices = new QGridLayout;
   layout->addLayout(choices);
   for (int n = 0; n < choices_.size(); ++n) {
     choices_.PlaceIn(*choices, n, n, 0);
-    choices_.SetEnabled(n, false);
   }
   auto* switches = new QGridLayout;
   layout->addSpacing(kGap);
   layout->addLayout(switches);
   main_.MakeSwitches(Body(), {"Label1"}, {"SwitchX1"});
-  main_.SetWords(kOffLine, kOnLine);
+  main_.SetWords(kWords);
   main_.caption(kCup).setObjectName("Label1(20)");
   main_.caption(kCup).setText(kCupCaption);
   main_.control(kCup).setAccessibleName(kCupCaption);
-  main_.SetEnabled(false);
   AddHeading(*switches, "Label2", "Label3");
   PlaceSwitches(main_, *switches, 1);
   NumberBoxes& numbers = NewNumberBoxes({"Label6", kFirstNumberCaption}, {"Text1"}, kNumbers);
@@ -70,11 +68,11 @@ QGroupBox* FrmOpzioni::NewSystem() {
   layout->addLayout(boxes);
   numbers.PlaceIn(*boxes);
   layout->addStretch();
-  Watch(choices_);
+  Watch(choices_, Counts::kYes);
   Watch(main_, Counts::kNo);
   Watch(numbers, Counts::kYes);
-  Watch(kMainBoard, 84, [this](double) { OpenPoint(); });
-  Watch(status_, [this] {
+  Hear(kMainBoard, kPaymentOptions, Counts::kYes, [this](double) { OpenPoint(); });
+  Follow(status_, [this] {
     choices_.SetWords(kLanguage, (status_.presence & kEightLanguages) != 0 ? kEightWords : kFourWords);
   });
   return frame;
@@ -92,25 +90,22 @@ void FrmOpzioni::FillHotDrinks(QGroupBox* frame) {
   }
   BitRows& switches = NewBits(kHotDrinksBytes, kHotDrinksSwitches);
   switches.MakeSwitches(Body(), {"Label1"}, {"SwitchX1"});
-  switches.SetWords(kOffLine, kOnLine);
+  switches.SetWords(kWords);
   auto* grid = new QGridLayout;
   layout->addSpacing(kGap);
   layout->addLayout(grid);
-  AddHeading(*grid, "Label12", "Label13");
+  const auto heading = AddHeading(*grid, "Label12", "Label13");
   PlaceSwitches(switches, *grid, 1);
   layout->addStretch();
-  Watch(switches);
-  Watch(kHotDrinks, 47, [&switches](double value) {
-    const bool decaffeinated = (LowBits(value) & kFourthCanister) == 0;
-    switches.caption(kDecaffeinated).setEnabled(decaffeinated);
-    switches.control(kDecaffeinated).setEnabled(decaffeinated);
+  switches.SetEnabled(true);  // their frame opens and closes them
+  Watch(switches, Counts::kYes);
+  Hear(kHotDrinks, kHotDrinksBytes[0].record, Counts::kYes, [&switches](double value) {
+    switches.SetEnabled(kDecaffeinated, (LowBits(value) & kFourthCanister) == 0);
   });
   if (ModelCode < kFirstModelWithPowderFirst) {
-    for (QWidget* hidden : {static_cast<QWidget*>(&switches.caption(kPowderFirst)),
-                            static_cast<QWidget*>(&switches.control(kPowderFirst)),
-                            static_cast<QWidget*>(&switches.mark(kPowderFirst)),
-                            Body()->findChild<QWidget*>("Label12"), Body()->findChild<QWidget*>("Label13")}) {
-      hidden->hide();
+    switches.Hide(kPowderFirst);
+    for (FieldLabel* word : heading) {
+      word->hide();
     }
   }
 }
@@ -120,12 +115,14 @@ void FrmOpzioni::FillZeth(QGroupBox* frame, std::size_t unit) {
   ChoiceRows& kind = NewChoices({&zeth.kind, 1});
   BitRows& switches = NewBits({&zeth.byte, 1}, zeth.switches);
   switches.MakeSwitches(Body(), zeth.captions, {"SwitchX1"});
-  switches.SetWords(kOffLine, kOnLine);
+  switches.SetWords(kWords);
+  kind.SetEnabled(true);  // their frame opens and closes them
+  switches.SetEnabled(true);
   auto* grid = new QGridLayout(frame);
   kind.PlaceIn(*grid, 0, 0, 0);
   PlaceSwitches(switches, *grid, 1);
-  Watch(kind);
-  Watch(switches);
+  Watch(kind, Counts::kYes);
+  Watch(switches, Counts::kYes);
 }
 
 QGroupBox* FrmOpzioni::NewVersions() {
@@ -136,18 +133,16 @@ QGroupBox* FrmOpzioni::NewVersions() {
     caption->setObjectName(ControlArray{"Label7s"}[n]);
     caption->setText(kVersions[n].caption);
     grid->addWidget(caption, n, 0);
-    auto* value = new FieldLabel(frame, true);
-    value->setObjectName(ControlArray{"Label7"}[n]);
+    FieldLabel* value = NewReading(ControlArray{"Label7"}[n], frame);
     grid->addWidget(value, n, 1);
-    Watch(
-        kVersions[n].node, kVersions[n].record,
-        [value](double tenths) { value->setText(TenthsText(tenths)); }, Counts::kNo);
+    Hear(kVersions[n].node, kVersions[n].record, Counts::kNo,
+         [value](double tenths) { value->setText(TenthsText(tenths)); });
   }
   return frame;
 }
 
-void FrmOpzioni::AddHeading(QGridLayout& grid, const char* off, const char* on) {
-  FieldLabel* const words[] = {NewLabel(off, kOffLine), NewLabel(on, kOnLine)};
+std::array<FieldLabel*, 2> FrmOpzioni::AddHeading(QGridLayout& grid, const char* off, const char* on) {
+  const std::array<FieldLabel*, 2> words = {NewLabel(off, kWords.off), NewLabel(on, kWords.on)};
   for (FieldLabel* word : words) {
     word->SetQuiet(true);
   }
@@ -156,9 +151,11 @@ void FrmOpzioni::AddHeading(QGridLayout& grid, const char* off, const char* on) 
   heading->addStretch();
   heading->addWidget(words[1]);
   grid.addLayout(heading, 0, 1);
+  return words;
 }
 
-// The main board's options last: one of them is held by a board that may be closed, and opens all the same.
+// The options of the main board open last and open all, also the one whose bit lies in the first Zeth unit
+// and that FollowBoard may just have closed with it.
 void FrmOpzioni::Loaded() {
   BoardsForm::Loaded();
   main_.SetEnabled(true);
@@ -175,7 +172,7 @@ void FrmOpzioni::FollowBoard(int node, bool open) {
 }
 
 void FrmOpzioni::OpenPoint() {
-  const bool free = choices_.control(kPayment).Position() < kFirstWithItsOwnPoint;
+  const bool free = choices_.Position(kPayment) < kFirstWithItsOwnPoint;
   choices_.SetEnabled(kPoint, free && !Loading);
 }
 

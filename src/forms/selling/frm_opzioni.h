@@ -2,6 +2,8 @@
 // Options: the switches of the machine on all its boards, what it is called, and what its boards run.
 #pragma once
 
+#include <array>
+
 #include "fields/boards_form.h"
 
 namespace dosmara {
@@ -19,8 +21,8 @@ class FrmOpzioni : public BoardsForm {
   void FillHotDrinks(QGroupBox* frame);
   void FillZeth(QGroupBox* frame, std::size_t unit);
   QGroupBox* NewVersions();
-  // The words of the switches above the switches of a grid.
-  void AddHeading(QGridLayout& grid, const char* off, const char* on);
+  // Puts the words for off and on above the switches of a grid. Returns the two labels.
+  std::array<FieldLabel*, 2> AddHeading(QGridLayout& grid, const char* off, const char* on);
 
   void OpenPoint();
 

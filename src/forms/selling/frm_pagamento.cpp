@@ -10,15 +10,6 @@ namespace dosmara {
 
 using namespace pagamento;
 
-namespace {
-
-void SetRowOpen(ValueRow& row, bool open) {
-  row.SetOpen(open);
-  row.SetLabelsEnabled(open);
-}
-
-}  // namespace
-
 FrmPagamento::FrmPagamento()
     : DataForm(kSetup),
       coins_(NewRows(Style({"Label1"}, {"Label10"}, {"txtMon"}, {"HScroll10"}), kCoins, &money_)),
@@ -32,28 +23,30 @@ FrmPagamento::FrmPagamento()
           kTimeout)),
       modes_(NewChoices(kModes)),
       switches_(NewBits(kBytes, kSwitches)),
-      executive_frame_(NewFrame("Frame4", 94)),
+      executive_frame_(NewFrame("Frame4", kExecutiveLine)),
       coins_frame_(NewFrame("Frame1", 86)),
       mdb_frame_(NewFrame("Frame2", 89)),
       tokens_frame_(NewFrame("Frame5", 100)) {
   switches_.MakeSwitches(Body());
-  switches_.SetWords(109, 110);
+  switches_.SetWords(kOffOn);
   for (QGroupBox* frame : {executive_frame_, coins_frame_, mdb_frame_}) {
     frame->setEnabled(false);
   }
   for (FieldRows* rows : {&tokens_, &change_, &credits_, &overpay_}) {
-    rows->SetOpen(true);  // with their frame
+    rows->SetOpen(true);  // their frame opens and closes them
   }
+  switches_.SetEnabled(true);
+  modes_.SetEnabled(true);
   LayOut();
   HideWhatTheModelLacks();
   Watch(money_, Counts::kYes);
   for (FieldRows* rows : {&coins_, &tokens_, &change_, &credits_, &overpay_}) {
     Watch(*rows, Counts::kNo);
   }
-  Watch(timeout_);
-  Watch(switches_);
-  Watch(modes_);
-  Watch(kMainBoard, kPaymentOptions, [this](double value) {
+  Watch(timeout_, Counts::kYes);
+  Watch(switches_, Counts::kYes);
+  Watch(modes_, Counts::kYes);
+  Hear(kMainBoard, kPaymentOptions, Counts::kYes, [this](double value) {
     payment_options_ = LowBits(value);
     if (!Loading) {
       FollowPaymentSystem();
@@ -73,7 +66,7 @@ void FrmPagamento::InitMessaggi() {
 void FrmPagamento::LayOut() {
   auto* executive = new QVBoxLayout(executive_frame_);
   auto* mode = new QHBoxLayout;
-  modes_.caption(0).hide();  // the frame says it
+  modes_.caption(0).hide();  // the title of the frame says the same
   mode->addWidget(&modes_.control(0));
   mode->addWidget(&modes_.mark(0));
   mode->addStretch();
@@ -145,19 +138,15 @@ QGroupBox* FrmPagamento::NewChannels(std::size_t which) {
 void FrmPagamento::HideWhatTheModelLacks() {
   ValueRow& credit = credits_[kSecondCredit];
   if (ModelCode < kFirstModelWithSecondCredit) {
-    SetRowOpen(credit, false);
+    credits_.SetEnabled(kSecondCredit, false);
     for (QWidget* part :
          std::initializer_list<QWidget*>{&credit.caption(), &credit.value(), &credit.bar(), &credit.echo()}) {
       part->hide();
     }
   }
   if (ModelCode < kFirstModelWithChangeOptions) {
-    for (const int n : {kImmediateChange, kIgnoreExactChange}) {
-      for (QWidget* part : std::initializer_list<QWidget*>{&switches_.caption(n), &switches_.control(n),
-                                                           &switches_.mark(n)}) {
-        part->hide();
-      }
-    }
+    switches_.Hide(kImmediateChange);
+    switches_.Hide(kIgnoreExactChange);
   }
 }
 
@@ -170,12 +159,11 @@ void FrmPagamento::FollowPaymentSystem() {
   const bool timing = executive && (payment_options_ & kAnyMode) != 0;
   mdb_frame_->setEnabled(mdb);
   executive_frame_->setEnabled(executive);
-  SetRowOpen(timeout_[0], timing);
-  switches_.caption(kImmediateChange).setEnabled(timing);
-  switches_.control(kImmediateChange).setEnabled(timing);
+  timeout_.SetEnabled(timing);
+  switches_.SetEnabled(kImmediateChange, timing);
   coins_frame_->setEnabled(coins);
   for (int n = 0; n < kCoinChannels; ++n) {
-    SetRowOpen(coins_[n], all_coins || (coins && n == kTokenChannel));
+    coins_.SetEnabled(n, all_coins || (coins && n == kTokenChannel));
   }
 }
 

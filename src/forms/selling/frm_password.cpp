@@ -25,7 +25,7 @@ FrmPassword::FrmPassword() : DataForm(kSetup) {
   NumberBoxes& codes = NewNumberBoxes({"Label1"}, {"Text1"}, kCodes);
   auto* grid = new QGridLayout(Body());
   codes.PlaceIn(*grid);
-  Watch(codes);
+  Watch(codes, Counts::kNo);
 }
 
 }  // namespace dosmara

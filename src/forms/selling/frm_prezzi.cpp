@@ -13,12 +13,9 @@ namespace {
 // The mirror of the selling options is only ever written.
 constexpr Records kMirror[] = {{kMainBoard, kSellingOptionsMirror}};
 
-// Arrivals for other forms can tell too that all prices are there.
-constexpr FormSetup kSetup = {.name = "FrmPrezzi",
-                              .title = 9,
-                              .opens_after = kOpensByItself,
-                              .hears_all = true,
-                              .also_released = kMirror};
+// IsReady says what is fresh enough.
+constexpr FormSetup kSetup = {
+    .name = "FrmPrezzi", .title = 9, .opens_with = kAllFresh, .also_released = kMirror};
 
 // The prices lie in two runs, of which only the first one has mirrors.
 constexpr Records kFirstPrices = {kMainBoard, 12, 30};
@@ -68,10 +65,10 @@ FrmPrezzi::FrmPrezzi()
   prices_.PlaceInColumns(*grid, 4);
   layout->addLayout(grid);
   layout->addStretch();
-  Watch(money_);
-  Watch(all_at_price_1_);
-  Watch(prices_);
-  SetOpen(false);
+  Watch(money_, Counts::kNo);
+  Watch(all_at_price_1_, Counts::kNo);
+  Watch(prices_, Counts::kYes);
+  prices_.SetOpen(false);
 }
 
 BitRows& FrmPrezzi::NewSwitches() {
@@ -80,16 +77,17 @@ BitRows& FrmPrezzi::NewSwitches() {
   return switches;
 }
 
-void FrmPrezzi::AfterArrival() {
-  if (FirstMissing(kFirstPrices) + FirstMissing(kFurtherPrices) > kOpensAbove) {
-    Open();
-    SetOpen(true);
-  }
+bool FrmPrezzi::IsReady() const {
+  return FirstMissing(kFirstPrices) + FirstMissing(kFurtherPrices) > kOpensAbove;
 }
 
-void FrmPrezzi::SetOpen(bool open) {
-  prices_.SetOpen(open);
-  all_at_price_1_.SetEnabled(open);
+// This runs on after the form has opened. A held price that may be missing is so opened by the next arrival
+// of any record, before its own echo has come.
+void FrmPrezzi::AfterArrival() {
+  if (IsReady()) {
+    prices_.SetOpen(true);
+    all_at_price_1_.SetEnabled(true);
+  }
 }
 
 }  // namespace dosmara

@@ -13,9 +13,9 @@ class FrmPrezzi : public DataForm {
   FrmPrezzi();
 
  private:
+  bool IsReady() const override;
   void AfterArrival() override;
   BitRows& NewSwitches();
-  void SetOpen(bool open);
 
   // In the order in which Tab goes through them: the switch stands at the top.
   Money money_;

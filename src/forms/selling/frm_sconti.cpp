@@ -18,11 +18,8 @@ constexpr int kRowCount = kDiscounts.count + kWithoutCup.count;
 // each time that it was open.
 constexpr Records kStaysSubscribed[] = {kWithoutCup};
 
-constexpr FormSetup kSetup = {.name = "FrmSconti",
-                              .title = 10,
-                              .opens_after = kOpensByItself,
-                              .hears_all = true,
-                              .kept = kStaysSubscribed};
+constexpr FormSetup kSetup = {
+    .name = "FrmSconti", .title = 10, .opens_with = kAllFresh, .kept = kStaysSubscribed};
 
 constexpr std::array<FieldRow, kRowCount> DiscountRows() {
   std::array<FieldRow, kRowCount> rows{};
@@ -42,15 +39,8 @@ FrmSconti::FrmSconti() : DataForm(kSetup), discounts_(NewRows(HeldRows(), kRows,
   auto* grid = new QGridLayout(Body());
   discounts_.PlaceInColumns(*grid, 3);
   grid->setRowStretch(kRowCount, 1);
-  Watch(money_);
-  Watch(discounts_);
-}
-
-void FrmSconti::AfterArrival() {
-  if (AllFresh(kDiscounts) && AllFresh(kWithoutCup) && AllFresh({kMainBoard, kMoneyDecimals})) {
-    Open();
-    discounts_.SetOpen(true);
-  }
+  Watch(money_, Counts::kYes);
+  Watch(discounts_, Counts::kYes);
 }
 
 }  // namespace dosmara

@@ -12,7 +12,7 @@ class FrmSconti : public DataForm {
   FrmSconti();
 
  private:
-  void AfterArrival() override;
+  void Loaded() override { discounts_.SetOpen(true); }
 
   Money money_;
   FieldRows& discounts_;

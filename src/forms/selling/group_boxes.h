@@ -10,24 +10,26 @@
 #include "controls/echo_mark.h"
 #include "controls/entry_box.h"
 #include "fields/control_array.h"
+#include "fields/field_group.h"
 #include "fields/records.h"
 
 namespace dosmara {
 
 // The boxes of one unit. A group is 0 to 99; the machine may hold others, which are shown as "?".
-class GroupBoxes : public QObject {
+class GroupBoxes : public QObject, public FieldGroup {
  public:
-  // `records` are those of the groups. The boxes become children of `parent`, and so do these.
+  // `records` hold the groups, one for each position. The boxes and this object become children of `parent`.
   GroupBoxes(QWidget* parent, const Records& records, const ControlArray& boxes);
 
-  // Lays them as the positions lie, each with its number, called by `number` of its index, in front.
+  // Lays the boxes as the positions lie in the unit, each behind a label with the number of the position.
+  // `number_name` gives the objectName of the n-th of these labels.
   void PlaceIn(QGridLayout& grid, const std::function<QString(int n)>& number_name);
-  void SetEnabled(bool enabled);
-  // What a screen reader calls the boxes, ahead of their numbers.
+  void SetEnabled(bool enabled) override;
+  // Gives each box a name for screen readers: `name` and the number of its position.
   void SetAccessibleNames(const QString& name);
 
-  // Shows an arrived value.
-  void Show(int n, double value);
+  std::vector<Records> ShownRecords() const override { return {records_}; }
+  void Show(int n, double value) override;
   // Writes a group.
   void Write(int n, int group);
 

@@ -17,24 +17,24 @@ inline constexpr Records kMirrors[] = {{kMainBoard, kSellingOptionsMirror, 2},
                                        {kHotDrinks, 511}};
 
 inline constexpr FormSetup kSetup = {
-    .name = "FrmOpzioni", .title = 23, .opens_after = 19, .also_released = kMirrors};
+    .name = "FrmOpzioni", .title = 23, .opens_with = 20, .also_released = kMirrors};
 
 // The frame of the hot drinks unit and those of the two Zeth units.
-inline constexpr BoardFrame kBoards[] = {{.line = 244, .node = kHotDrinks},
+inline constexpr BoardFrame kBoards[] = {{.line = kHotDrinksLine, .node = kHotDrinks},
                                          {.name = "Frame1", .line = 226, .node = kZeth},
-                                         {.name = "Frame2", .line = 254, .node = kZeth2}};
-inline constexpr Gate kGate = {.while_loading = Gate::WhileLoading::kCountsChanges};
+                                         {.name = "Frame2", .line = kZeth2Line, .node = kZeth2}};
+inline constexpr Gate kGate = {.counted = Gate::Counted::kChange};
 
-// The machine knows eight languages or four. Until it has told, its language is one of the eight.
-inline constexpr Gate kStatus = {.record = kMachineStatus,
-                                 .while_loading = Gate::WhileLoading::kFollowedAndCounted};
+// The machine knows eight languages or four, and tells which. Until then eight can be chosen.
+inline constexpr Gate kStatus = {
+    .record = kMachineStatus, .counted = Gate::Counted::kChange, .followed = true};
 inline constexpr int kEightLanguages = 8;
 inline constexpr const char* kEightWords = "1, 2, 3, 4, 5, 6, 7, 8";
 inline constexpr const char* kFourWords = "1, 2, 3, 4";
 
 // The payment system is one bit or none; with several, the highest counts.
 constexpr int PaymentPosition(int value, int /*count*/) {
-  return (value & 4) != 0 ? 3 : (value & 2) != 0 ? 2 : value & 1;
+  return (value & kMdb) != 0 ? 3 : (value & kExecutive) != 0 ? 2 : value & kG13;
 }
 constexpr int PaymentBits(int position) { return position == 0 ? 0 : 1 << (position - 1); }
 constexpr int PointPosition(int value, int /*count*/) { return value & 3; }
@@ -47,7 +47,7 @@ inline constexpr ChoiceRow kChoices[] = {{.caption_name = "Label9",
                                           .control_name = "SlswitchX5",
                                           .line = 199,
                                           .words = "Gettone, G13, Executive, MDB",
-                                          .written = {kMainBoard, 84, 286},
+                                          .written = {kMainBoard, kPaymentOptions, kPaymentOptionsMirror},
                                           .mask = 7,
                                           .position = PaymentPosition,
                                           .bits = PaymentBits},
@@ -68,19 +68,19 @@ inline constexpr ChoiceRow kChoices[] = {{.caption_name = "Label9",
 // With these payment systems the decimal point comes from the system.
 inline constexpr int kFirstWithItsOwnPoint = 2;
 
-inline constexpr int kOffLine = 222;
-inline constexpr int kOnLine = 221;
+// The words of the switches.
+inline constexpr OffOnLines kWords = {.off = 222, .on = 221};
 
 // The switch SwitchX1(n), of which most have their captions in lines that follow each other.
 constexpr BitRow Switch(int n, int byte, int mask, int line = 0) {
   return {.line = line != 0 ? line : 180 + n, .byte = byte, .mask = mask, .index = n};
 }
 
-// The switches of the main board. One is held by the first Zeth unit; one has a caption that no language
-// changes.
+// The switches of the main board. The bit of one of them lies in a byte of the first Zeth unit; the caption
+// of another is the same in every language.
 inline constexpr BitRecord kMainBytes[] = {{kMainBoard, kSellingOptions, kSellingOptionsMirror},
-                                           {kMainBoard, 84, 286},
-                                           {kMainBoard, 361, 362},
+                                           {kMainBoard, kPaymentOptions, kPaymentOptionsMirror},
+                                           {kMainBoard, kCreditOptions, kCreditOptionsMirror},
                                            {kZeth, 59, 274}};
 enum { kCreditTimeout = 2, kCup = 6 };
 inline constexpr BitRow kMainSwitches[] = {Switch(14, 0, 2),
@@ -145,7 +145,7 @@ inline constexpr NumberBox kNumbers[] = {
     {.line = 224, .record = 333, .characters = 5, .largest = 65535},
 };
 
-// The bars reach down to 1, an entry does not.
+// The bar goes down to 1, an entry only down to 2.
 constexpr FieldRow PotRow(int record, int mirror) {
   FieldRow row = WholeRow({.node = kHotDrinks,
                            .record = record,
@@ -158,10 +158,10 @@ constexpr FieldRow PotRow(int record, int mirror) {
   return row;
 }
 
-// An entry below what the bar can hold is the least that it can.
+// An entry below the span of the bar is taken as the lowest value of the bar.
 constexpr int kLeastThreshold = 50;
-inline std::optional<int> ParseThreshold(QStringView text, int min, int max, int decimals) {
-  const std::optional<int> entry = ParseTenths(text, min, max, decimals);
+inline std::optional<int> ParseThreshold(QStringView text, int min, int max) {
+  const std::optional<int> entry = ParseTenthsUpTo(text, min, max);
   return entry ? std::optional(std::max(*entry, min)) : std::nullopt;
 }
 
@@ -182,7 +182,7 @@ inline constexpr FieldRow kSettings[] = {PotRow(28, 506),
 inline constexpr const char* kSettingCaptions[] = {"Bricco 1", "Bricco 2÷25", "Soglia macinino"};
 inline constexpr const char* kCupCaption = "SI CUP";
 
-// What the boards run, in tenths.
+// The software version of each board, in tenths.
 struct Version {
   int node;
   int record;

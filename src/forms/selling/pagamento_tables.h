@@ -10,6 +10,7 @@
 namespace dosmara::pagamento {
 
 inline constexpr int kCoinsAccepted = 85;
+inline constexpr int kCoinsAcceptedMirror = 287;
 
 // The mirrors of coins and switches are only ever written; the accepted coins are released twice.
 inline constexpr Records kReleasedBesides[] = {
@@ -17,7 +18,7 @@ inline constexpr Records kReleasedBesides[] = {
     {kMainBoard, 362},    {kMainBoard, 366}, {kMainBoard, kCoinsAccepted}};
 
 inline constexpr FormSetup kSetup = {
-    .name = "FrmPagamento", .title = 7, .opens_after = 6, .also_released = kReleasedBesides};
+    .name = "FrmPagamento", .title = 7, .opens_with = 7, .also_released = kReleasedBesides};
 
 inline constexpr int kFirstModelWithChangeOptions = 24;
 inline constexpr int kFirstModelWithSecondCredit = 25;
@@ -66,10 +67,10 @@ inline constexpr FieldRow kTimeout[] = {{.line = 105,
                                          .max = 250,
                                          .large_change = 100,
                                          .text = TenthsText,
-                                         .parse = ParseTenthsFrom,
+                                         .parse = ParseTenths,
                                          .low = 20,
                                          .limit = 250,
-                                         .length = 12}};  // more than is read
+                                         .length = 12}};  // four characters of it are read
 
 // Modes of an Executive system, which exclude each other; of two the first one holds.
 inline constexpr int kModeBits[] = {0, 64, 128};
@@ -78,7 +79,7 @@ inline int ModePosition(int value, int /*count*/) {
 }
 inline constexpr int kAnyMode = 192;
 inline constexpr ChoiceRow kModes[] = {{.control_name = "SliderX5",
-                                        .line = 94,
+                                        .line = kExecutiveLine,
                                         .written = {kMainBoard, kPaymentOptions, kPaymentOptionsMirror},
                                         .mask = kAnyMode,
                                         .position = ModePosition,
@@ -86,7 +87,7 @@ inline constexpr ChoiceRow kModes[] = {{.control_name = "SliderX5",
 
 inline constexpr BitRecord kBytes[] = {{kMainBoard, kSellingOptions, kSellingOptionsMirror},
                                        {kMainBoard, kCreditOptions, kCreditOptionsMirror},
-                                       {kMainBoard, kCoinsAccepted, 287},
+                                       {kMainBoard, kCoinsAccepted, kCoinsAcceptedMirror},
                                        {kMainBoard, 355, 356}};
 
 constexpr BitRow Switch(int line, int byte, int mask, ControlArray caption, ControlArray control) {
@@ -123,7 +124,7 @@ inline constexpr Channels kChannels[] = {{"Frame3", 90, "Label5", "SliderX1", 92
                                          {"Frame6", 106, "Label12", "SliderX7", 107, 7}};
 inline constexpr char kChannelNumbers[] = "1,2,3,4,5,6,7,8,9,10,11,12,13,14,15,16";
 
-// A closed box stays where it is, with its value.
+// The style of all rows here: a closed row keeps its box in sight, in grey.
 constexpr RowStyle Style(ControlArray caption, ControlArray value, ControlArray box, ControlArray bar) {
   return {.caption = caption, .value = value, .box = box, .bar = bar, .closed_box_stays = true};
 }

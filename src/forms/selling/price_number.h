@@ -9,9 +9,9 @@ namespace dosmara {
 // Only the first thirty prices can be pointed at. They are numbered from 1, and held from 0.
 inline constexpr int kPointedPrices = 30;
 
-inline QString PriceNumberText(double value, int /*decimals*/) { return WholeText(value + 1); }
+inline QString PriceNumberText(double value) { return WholeText(value + 1); }
 
-inline std::optional<int> ParsePriceNumber(QStringView text, int min, int max, int /*decimals*/) {
+inline std::optional<int> ParsePriceNumber(QStringView text, int min, int max) {
   const std::optional<int> number = ParseRounded(text, min + 1, max + 1);
   return number ? std::optional(*number - 1) : std::nullopt;
 }
