@@ -132,12 +132,8 @@ TEST_F(Cancella, HandsTheFocusBackToThePressedButton) {
 TEST_F(Cancella, LeavesTheFocusWhereTheOperatorHasTakenItMeanwhile) {
   QLineEdit elsewhere(form().window());
   Press(kResettable, BoxAnswer::kYes);
-  else {
-    where.show();
-  }
-  else {
-    where.setFocus();
-  }
+  elsewhere.show();
+  elsewhere.setFocus();
   ASSERT_TRUE(elsewhere.hasFocus());
   Pass(20);
   EXPECT_TRUE(Enabled(kResettable));
