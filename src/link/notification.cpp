@@ -13,8 +13,6 @@ std::vector<LoadedForm*> LoadedForms;
 
 namespace {
 
-constexpr std::size_t kFirstTold = 2;
-
 // Memory for the list of an arrival, kept from one to the next.
 std::vector<LoadedForm*> spare_list;
 
@@ -45,7 +43,7 @@ void NotifyForms(std::int32_t index, const Bytes& reply) {
   // goes on where the last of such forms has moved it.
   const std::uint8_t node = NodeIndex;
   std::uint8_t next_node = node;
-  for (std::size_t i = kFirstTold; i < forms.size(); ++i) {
+  for (std::size_t i = 0; i < forms.size(); ++i) {
     if (!IsStillLoaded(forms[i], i)) {
       continue;
     }

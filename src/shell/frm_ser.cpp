@@ -39,7 +39,8 @@ int OpenErrorNumber(QSerialPort::SerialPortError error, bool permitted) {
 }
 
 FrmSer::FrmSer(Settings& settings, StatusBar& status_bar)
-    : Form("FrmSer"), settings_(settings), status_bar_(status_bar) {
+    : settings_(settings), status_bar_(status_bar) {
+  setObjectName("FrmSer");
   setFixedSize(0, 0);
   serial_.setBaudRate(QSerialPort::Baud19200);
   serial_.setReadBufferSize(kInputBufferBytes);

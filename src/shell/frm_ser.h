@@ -4,10 +4,10 @@
 
 #include <QSerialPort>
 #include <QTimer>
+#include <QWidget>
 #include <array>
 
 #include "link/host.h"
-#include "shell/form.h"
 #include "shell/settings.h"
 #include "shell/status_bar.h"
 
@@ -20,9 +20,10 @@ int OpenErrorNumber(QSerialPort::SerialPortError error, bool permitted);
 // Whether a scan tick that was due at `due` and is over at `now` would be followed too soon by one on time.
 bool IsLateTick(std::chrono::microseconds due, std::chrono::microseconds now);
 
-// What the link engine needs, over a real device. A device that vanishes while it is in use is closed at the
+// What the link engine needs, over a real device. It is no Form: no menu opens it, nothing closes it but the
+// end of the program, and no arrival is offered to it. A device that vanishes while it is in use is closed at the
 // first error and opened again by its name as soon as it is back; nothing runs meanwhile but a slow timer.
-class FrmSer : public Form, public LinkHost {
+class FrmSer : public QWidget, public LinkHost {
   Q_OBJECT
 
  public:
@@ -32,9 +33,9 @@ class FrmSer : public Form, public LinkHost {
 
   // Makes the panels of the status bar and starts the link: port, boards, index files, Timer1. Throws
   // ProgramEnds after the operator has been told why, or has closed the program.
-  void Load() override;
+  void Load();
   // Stops the timers and closes the port for good.
-  void Unload() override;
+  void Unload();
 
   int OpenPort(int port) override;
   void ClosePort() override;

@@ -77,7 +77,6 @@ MDIForm1::MDIForm1(const Settings& settings, std::span<const FormEntry> forms)
       menu_(
           *bar_, [this](const MenuRow& row) { Click(row); }, [this](QMenu& m) { FillWindowList(m); }) {
   setObjectName("MDIForm1");
-  LoadedForms.push_back(this);
   frm_ser_ = new FrmSer(settings_, *status_bar_);
   frm_ser_->setParent(this);
   setMenuBar(bar_);
@@ -105,7 +104,6 @@ MDIForm1::MDIForm1(const Settings& settings, std::span<const FormEntry> forms)
 MDIForm1::~MDIForm1() {
   // The area still activates windows while it goes down.
   area_->disconnect(this);
-  std::erase(LoadedForms, static_cast<LoadedForm*>(this));
 }
 
 void MDIForm1::Load() {

@@ -5,7 +5,6 @@
 #include <QMainWindow>
 #include <span>
 
-#include "link/notification.h"
 #include "shell/form.h"
 #include "shell/frm_ser.h"
 #include "shell/main_menu.h"
@@ -15,7 +14,7 @@
 
 namespace dosmara {
 
-class MDIForm1 : public QMainWindow, public LoadedForm {
+class MDIForm1 : public QMainWindow {
   Q_OBJECT
 
  public:
@@ -30,8 +29,6 @@ class MDIForm1 : public QMainWindow, public LoadedForm {
 
   // Shows or hides the menu entries that only some models have, by ModelCode.
   void ApplyHidingRules();
-
-  void SLabelChange(std::int32_t /*index*/, double /*value*/) override {}
 
  protected:
   void closeEvent(QCloseEvent* event) override;

@@ -42,7 +42,7 @@ FormFixture::FormFixture() : window_(std::make_unique<QMainWindow>()), area_(new
     CaptionTable[line] = '#' + QString::number(line);
   }
   QLocale::setDefault(QLocale::c());
-  LoadedForms = {&bystanders_[0], &bystanders_[1]};
+  LoadedForms.clear();
   window_->setCentralWidget(area_);
   window_->resize(1366, 700);
   window_->show();
@@ -88,9 +88,9 @@ void FormFixture::Arrive(int node, int record, double value) {
   target.Flags |= kArrived;
   // As the link offers it, but for one thing: what a form throws ends the test.
   const std::vector<LoadedForm*> forms = LoadedForms;
-  for (std::size_t i = std::size(bystanders_); i < forms.size(); ++i) {
+  for (LoadedForm* form : forms) {
     NodeIndex = static_cast<std::uint8_t>(node);
-    forms[i]->SLabelChange(record, ReplyValue(reply));
+    form->SLabelChange(record, ReplyValue(reply));
   }
 }
 

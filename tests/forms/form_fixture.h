@@ -104,11 +104,6 @@ class FormFixture : public testing::Test {
   bool Running(const std::string& timer) { return Find<QTimer>(timer).isActive(); }
 
  private:
-  // The main window and the link's form, which arrivals pass over.
-  struct Bystander : LoadedForm {
-    void SLabelChange(std::int32_t, double) override { ADD_FAILURE() << "an arrival for a bystander"; }
-  };
-  Bystander bystanders_[2];
   std::unique_ptr<QMainWindow> window_;
   QMdiArea* area_;
   Form* form_ = nullptr;

@@ -66,8 +66,6 @@ class LinkFixture : public ::testing::Test {
 
   VirtualHost host_;
   SimulatedBoard board_;
-  ListeningForm main_window_;
-  ListeningForm frm_ser_;
   ListeningForm form_;
 };
 
