@@ -5,7 +5,7 @@
 #include <QMainWindow>
 #include <span>
 
-#include "shell/form.h"
+#include "shell/child_windows.h"
 #include "shell/frm_ser.h"
 #include "shell/main_menu.h"
 #include "shell/mdi_background.h"
@@ -21,7 +21,6 @@ class MDIForm1 : public QMainWindow {
   // `settings` tells where the program lies. `forms` are the forms that the menus can open; it must outlive
   // the window. An entry whose form is not among them stays disabled.
   MDIForm1(const Settings& settings, std::span<const FormEntry> forms);
-  ~MDIForm1() override;
 
   // The whole start, up to the running link. Called once, outside of the event loop. Throws ProgramEnds
   // after the operator has been told why, or has closed the window meanwhile.
@@ -36,16 +35,14 @@ class MDIForm1 : public QMainWindow {
  private:
   void Click(const MenuRow& row);
   void EnableMenu(bool running);
-  void ShowForm(const char* name);
   void ChangeLanguage(int index);
   void ChangePort(int port);
-  void FillWindowList(QMenu& menu);
   void StopLink();
   void Exit();
 
   Settings settings_;
-  std::span<const FormEntry> forms_;
   MdiBackground* area_;
+  ChildWindows windows_;
   StatusBar* status_bar_;
   FrmSer* frm_ser_;
   MenuBar* bar_;
