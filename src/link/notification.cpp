@@ -13,7 +13,7 @@ std::vector<LoadedForm*> LoadedForms;
 
 namespace {
 
-// Memory for the list of an arrival, kept from one to the next.
+// The memory of the list that an arrival goes through, kept for the next one.
 std::vector<LoadedForm*> spare_list;
 
 // `place` is where the form stood when the arrival began, and where it normally still stands.
@@ -50,7 +50,7 @@ void NotifyForms(std::int32_t index, const Bytes& reply) {
     NodeIndex = node;
     try {
       forms[i]->SLabelChange(index, value);
-    } catch (...) {  // a form in trouble is its own affair
+    } catch (...) {  // the other forms are told all the same
     }
     if (NodeIndex != node) {
       next_node = NodeIndex;
