@@ -145,10 +145,12 @@ TEST_F(MainWindowStart, FitsTheScreenWithItsFrame) {
   EXPECT_LE(window_->normalGeometry().height(), screen.height() - 40);
 }
 
-TEST_F(MainWindowStart, LoadsTheMainWindowFirstAndFrmSerSecond) {
-  ASSERT_EQ(LoadedForms.size(), 2u);
-  EXPECT_EQ(UpperName(*LoadedForms[0]), "MDIFORM1");
-  EXPECT_EQ(UpperName(*LoadedForms[1]), "FRMSER");
+TEST_F(MainWindowStart, CountsNeitherItselfNorFrmSerAmongTheLoadedForms) {
+  StartOnAMachine();
+  EXPECT_TRUE(LoadedForms.empty());
+  Click("smnuDosi");
+  ASSERT_EQ(LoadedForms.size(), 1u);
+  EXPECT_EQ(LoadedForms[0], FindForm("FrmDosi"));
 }
 
 TEST_F(MainWindowStart, EnablesFormsAndPortsWhenTheLinkRuns) {
@@ -271,7 +273,9 @@ TEST_F(MainWindowForms, CloseBeforeTheCountersAreCleared) {
   EXPECT_EQ(FindForm("FrmDosi"), nullptr);
   EXPECT_EQ(FindForm("FrmTempi"), nullptr);
   EXPECT_EQ(ActiveForm(), "FrmCancella");
-  EXPECT_EQ(LoadedForms.size(), 3u);
+  EXPECT_EQ(LoadedForms.size(), 1u);
+  EXPECT_TRUE(window_->isVisible());
+  EXPECT_TRUE(window_->findChild<QTimer*>("Timer1")->isActive()) << "the link goes on";
 }
 
 TEST_F(MainWindowForms, StandInTheListOfWindows) {
