@@ -45,12 +45,12 @@ void MenuBar::HandBackFocus() {
   before_ = nullptr;
 }
 
-bool MenuBar::Idle() const {
+bool MenuBar::IsIdle() const {
   return activeAction() == nullptr && QApplication::activePopupWidget() == nullptr;
 }
 
 void MenuBar::HandBackWhenIdle() {
-  if (Idle()) {
+  if (IsIdle()) {
     HandBackFocus();
   }
 }
