@@ -68,10 +68,6 @@ class EmptyForm : public LoadedForm {
 
 // Every form of the program, open and filled: each record that it wants has arrived.
 void OpenAllForms(QMdiArea& area) {
-  // The first two loaded forms are never told: the main window and the serial form.
-  static EmptyForm first;
-  static EmptyForm second;
-  LoadedForms = {&first, &second};
   std::ranges::fill(NodePresent, true);
   for (const FormEntry& entry : FormList()) {
     Form* form = entry.create();

@@ -54,7 +54,7 @@ void ChartBar::SetCaptions(const QStringList& captions) {
   }
 }
 
-void ChartBar::ShowFollowing() { follow_->setChecked(scroll_.Following()); }
+void ChartBar::ShowFollowing() { follow_->setChecked(scroll_.IsFollowing()); }
 
 void ChartBar::AddKey(Qt::Key key, void (ChartScroll::*act)()) {
   auto* shortcut = new QShortcut(key, parentWidget(), nullptr, nullptr, Qt::WidgetWithChildrenShortcut);

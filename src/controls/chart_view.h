@@ -38,7 +38,7 @@ class ChartScroll {
   explicit ChartScroll(double span);
 
   const ChartView& View() const { return view_; }
-  bool Following() const { return following_; }
+  bool IsFollowing() const { return following_; }
 
   // Tells the time of the newest sample.
   void Extend(double newest);

@@ -11,9 +11,6 @@ namespace dosmara {
 class Instrument : public QWidget {
   Q_OBJECT
 
- public:
-  QSize minimumSizeHint() const override { return sizeHint(); }
-
  protected:
   explicit Instrument(QWidget* parent);
 };

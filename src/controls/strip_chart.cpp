@@ -45,7 +45,7 @@ StripChart::StripChart(QWidget* parent, const StripChartSetup& setup)
   QWidget& canvas = plot_->Canvas();
   setFocusProxy(&canvas);
   const auto* const space = new QShortcut(Qt::Key_Space, &canvas, nullptr, nullptr, Qt::WidgetShortcut);
-  connect(space, &QShortcut::activated, this, [this] { SetFollowing(!Following()); });
+  connect(space, &QShortcut::activated, this, [this] { SetFollowing(!IsFollowing()); });
   auto* layout = new QVBoxLayout(this);
   layout->setContentsMargins({});
   layout->addWidget(bar_);

@@ -60,7 +60,7 @@ class StripChart : public QWidget {
   const StripChartCaptions& Captions() const { return captions_; }
   void SetCaptions(const StripChartCaptions& captions);
 
-  bool Following() const { return scroll_.Following(); }
+  bool IsFollowing() const { return scroll_.IsFollowing(); }
   // Shows the newest samples, as wide a view as was set up, and moves on with each one to come; or lets the
   // view stand where it is.
   void SetFollowing(bool following);

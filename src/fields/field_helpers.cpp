@@ -23,8 +23,6 @@ double InDecimal(double value) { return QString::number(value, 'g', kDecimalDigi
 constexpr int kMonths = 12;
 const QDate kDayZero(1899, 12, 30);
 
-bool IsLeapYear(int year) { return (year % 4 == 0 && year % 100 != 0) || year % 400 == 0; }
-
 }  // namespace
 
 QString FormatDecimals(double value, int decimals) {
@@ -58,13 +56,7 @@ void BindScrollDecimals(QLabel& text, Bar& scroll, double value, int decimals) {
 }
 
 int DayNumber(int day, int month, int year) {
-  constexpr int kDaysBefore[] = {0, 31, 59, 90, 120, 151, 181, 212, 243, 273, 304, 334};
-  int days = (year - 1900) * 365 + 1;
-  for (int leap = 1900; leap < year; leap += 4) {
-    days += IsLeapYear(leap) ? 1 : 0;
-  }
-  days += kDaysBefore[month - 1] + day;
-  return IsLeapYear(year) && month > 2 ? days + 1 : days;
+  return static_cast<int>(kDayZero.daysTo(QDate(year, month, 1))) + day - 1;
 }
 
 QString TwoDigits(int number) { return QStringLiteral("%1").arg(number, 2, 10, QChar('0')); }

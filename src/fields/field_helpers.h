@@ -32,7 +32,8 @@ void BindScrollTenths(QLabel& text, Bar& scroll, double value);
 // Shows a number held in units of 10 to the power minus `decimals`.
 void BindScrollDecimals(QLabel& text, Bar& scroll, double value, int decimals);
 
-// Days up to a date, 1 January 1900 being day 2.
+// Days from 30 December 1899 to a date, 1 January 1900 being day 2. `month` is 1 to 12; a day that it lacks
+// is so many days behind it.
 int DayNumber(int day, int month, int year);
 
 // "07": a number of a date or a time with two digits at least.

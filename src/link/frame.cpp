@@ -21,7 +21,7 @@ Bytes EncodeRequest(const Request& request) {
   Bytes frame;
   frame.reserve(7 + request.value.size());
   if (forward) {
-    // In one byte up to a length of 14, more than any record that is ever written has.
+    // The marker fits one byte for up to 14 bytes of data. No record that is written has as many.
     const int marker = write ? kForwardWrite + (request.control & kFrameLengthMask) : kForwardRead;
     frame.push_back(static_cast<std::uint8_t>(marker));
   } else {

@@ -23,8 +23,8 @@ inline constexpr std::chrono::milliseconds kLinkTimerInterval[kLinkTimerCount] =
 enum class BoxStyle { kCritical, kExclamation, kRetryCancel, kYesNoWarning };
 enum class BoxAnswer { kOk, kRetry, kCancel, kYes, kNo };
 
-// A byte stream, five timers, the lamps, a clock, an event pump, message boxes, and the two pieces of the
-// shell that the search for the port touches.
+// A byte stream, five timers, the lamps, a clock, an event pump, message boxes, and what the search for the
+// port needs of the shell: the ticks of the port menu and the settings file.
 class LinkHost {
  public:
   virtual ~LinkHost() = default;
@@ -50,7 +50,8 @@ class LinkHost {
 
   // Shows image 1 to 6 on status bar panel 2, 3 or 4.
   virtual void ShowLamp(int panel, int image) = 0;
-  // Shows a text on status bar panel 1. It stands there before this returns: no event may be delivered soon.
+  // Shows a text on status bar panel 1. It is painted before this returns, since the caller may go on to
+  // block without any event.
   virtual void ShowStatusText(const std::string& text) = 0;
   // Clears the text of status bar panel 1 if it holds one.
   virtual void ClearStatusText() = 0;

@@ -88,16 +88,16 @@ PortTrouble TestPort() {
   return {kErrorDeviceUnavailable, words};
 }
 
-// Ends the wait for a reply, whether it came or not. Were Timer2 left running, it would send the same request
-// a second time right after the next one, and two replies would put all reads after it out of step.
+// Ends the wait for a reply, whether it came or not. If Timer2 ran on, it would repeat a request while the
+// next one is out, and each reply after it would be taken for the reply to the request behind.
 void GiveUpExchange() {
   Host().DisableTimer(LinkTimer::Timer2);
   LinkIdle = true;
   RetryCount = 0;
 }
 
-// Reads entry k of the node's identification as one byte. Empty: a node other than 0 is absent. A silent
-// main board is the operator's to decide.
+// Reads entry k of the node's identification as one byte. Returns nothing for a silent node other than 0.
+// When the main board is silent, the operator is asked: it is tried again, or the program ends.
 std::optional<std::uint8_t> SendIdentRead(int node, int k) {
   const auto& entry = IdentTable[node][k];
   ExchAddrLo = entry[offsetof(ParamRec, AddrLo)];
@@ -131,7 +131,8 @@ std::optional<std::uint8_t> SendIdentRead(int node, int k) {
   }
 }
 
-// Ends the program if the main board is not one that this program fits. The last failing test has the word.
+// Ends the program if the main board is not one that this program fits. Of several reasons the last one is
+// told.
 void RefuseForeignMainBoard(const BoardIdentity& board) {
   std::string text;
   if (board.board_code != kBoardCode) {
@@ -221,7 +222,8 @@ BoardIdentity BoardIdentify(int node) {
     StopProgram("BoardIdentify: no such node");
   }
   BoardIdentity board;
-  // One row for each read in its order; a silent node ends them.
+  // The reads in their order; the first one without an answer is the last. Each adds its byte, times
+  // `factor`, to its result.
   struct Read {
     int entry;
     int* result;

@@ -33,7 +33,7 @@ void LinkOpenPort(int port);
 
 // Reads the identification records of `node` and sets NodePresent; for node 0 also ModelCode. Returns at
 // the first silence of a node other than 0. A main board that stays silent or does not fit ends the program:
-// tells the operator and throws ProgramEnds. A node that is none stops the program.
+// tells the operator and throws ProgramEnds. A number that is no node stops the program.
 BoardIdentity BoardIdentify(int node);
 
 // Loads the index files in `folder`: the small file of every node, then the full file of each node that

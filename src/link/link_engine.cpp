@@ -54,10 +54,12 @@ std::uint8_t exch_node;
 // What keeps bytes that cannot be the reply from being taken for it. The check of a reply is an 8-bit sum,
 // and two zero bytes pass it, so a stuck or flooded line would fill the table with zeros. For the same reason
 // a read reply with a surplus is bad even where its last byte fits: zeros gathered into one chunk are no
-// reply. What remains beyond these guards: noise that begins in the middle of an exchange, or comes in small
-// pieces more than kQuietTime apart, and by chance carries a right sum (1 in 256, two equal bytes always for
-// one byte of data), and a reply that is late or comes twice and meets the next request, since replies carry
-// no number.
+// reply.
+//
+// Two things still pass. Noise that begins in the middle of an exchange, or comes in small pieces more than
+// kQuietTime apart, may carry a right sum by chance: one in 256 does, and for a record of one byte any two
+// equal bytes do. And a reply that is late or comes twice may meet the next request, since replies carry no
+// number.
 std::optional<microseconds> last_stray;  // time of the last byte that came while no exchange ran
 bool reply_untrusted;                    // the reply to the request that is out counts as bad
 microseconds resend_leaves_until;        // end of a request that is being repeated; until then what arrives
@@ -96,7 +98,8 @@ bool TakesItsTurn(ParamRec& record) {
   return true;
 }
 
-// Fills the exchange from the record. From here on a write that fails is not repeated by the scanner.
+// Fills the exchange from the record. A write is pending no longer, so the scanner does not repeat it if it
+// fails.
 void BeginExchange(ParamRec& record) {
   ExchBank = record.Bank;
   ExchControl = record.Control;

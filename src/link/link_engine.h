@@ -10,7 +10,9 @@
 // Bytes that cannot be the reply, because nothing was asked or because the line is not quiet, are never
 // taken for it: they are dropped, or make the reply count as bad.
 //
-// Everything here runs on the one user-interface thread and returns without waiting.
+// Everything here runs on the one user-interface thread. Nothing waits for a reply: one event begins an
+// exchange and another ends it. What may take its time are the host, which closes and opens the device after
+// a time-out, and the forms that are told of an arrival.
 #pragma once
 
 #include <cstdint>

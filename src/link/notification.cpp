@@ -13,9 +13,7 @@ std::vector<LoadedForm*> LoadedForms;
 
 namespace {
 
-constexpr std::size_t kFirstTold = 2;
-
-// Memory for the list of an arrival, kept from one to the next.
+// The memory of the list that an arrival goes through, kept for the next one.
 std::vector<LoadedForm*> spare_list;
 
 // `place` is where the form stood when the arrival began, and where it normally still stands.
@@ -45,14 +43,14 @@ void NotifyForms(std::int32_t index, const Bytes& reply) {
   // goes on where the last of such forms has moved it.
   const std::uint8_t node = NodeIndex;
   std::uint8_t next_node = node;
-  for (std::size_t i = kFirstTold; i < forms.size(); ++i) {
+  for (std::size_t i = 0; i < forms.size(); ++i) {
     if (!IsStillLoaded(forms[i], i)) {
       continue;
     }
     NodeIndex = node;
     try {
       forms[i]->SLabelChange(index, value);
-    } catch (...) {  // a form in trouble is its own affair
+    } catch (...) {  // the other forms are told all the same
     }
     if (NodeIndex != node) {
       next_node = NodeIndex;

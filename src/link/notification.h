@@ -10,7 +10,7 @@
 
 namespace dosmara {
 
-// A loaded form as the link engine sees it. The first two loaded, the main window and FrmSer, are skipped.
+// A loaded form as the link engine sees it: a child form of the main window.
 class LoadedForm {
  public:
   virtual ~LoadedForm() = default;
@@ -20,14 +20,15 @@ class LoadedForm {
   virtual void SLabelChange(std::int32_t index, double value) = 0;
 };
 
-// The loaded forms in the order of their loading. Forms add and remove themselves.
+// The loaded forms in the order of their loading. Forms add and remove themselves. The main window and FrmSer
+// are none of them: no arrival concerns them.
 extern std::vector<LoadedForm*> LoadedForms;
 
 // The value of a reply, its bytes least significant first, over its whole length of up to 16 bytes.
 double ReplyValue(const Bytes& reply);
 
-// Offers an arrival to every loaded form from the third on, in order. An exception of one form does not
-// keep the others from being told. A form may unload itself or another form meanwhile.
+// Offers an arrival to every loaded form, in order. An exception of one form does not keep the others from
+// being told. A form may unload itself or another form meanwhile.
 void NotifyForms(std::int32_t index, const Bytes& reply);
 
 }  // namespace dosmara

@@ -7,6 +7,7 @@
 #include <QMdiSubWindow>
 #include <QVBoxLayout>
 
+#include "controls/scaled_font.h"
 #include "shell/picture.h"
 
 namespace dosmara {
@@ -50,9 +51,7 @@ FrmInfo::FrmInfo() : Form("FrmInfo") {
   auto* layout = new QVBoxLayout(frame);
   NewLabel(*layout, "Picture")->setPixmap(Picture(":/art/info.svg", kPictureSize, devicePixelRatioF()));
   QLabel* title = NewLabel(*layout, "Label1(0)");
-  QFont font = title->font();
-  font.setPointSizeF(font.pointSizeF() * kTitleScale);
-  title->setFont(font);
+  title->setFont(ScaledFont(title->font(), kTitleScale));
   title->setText(QCoreApplication::applicationName());
   NewLabel(*layout, "Label1(1)")
       ->setText(RevisionText(QVersionNumber::fromString(QCoreApplication::applicationVersion())));

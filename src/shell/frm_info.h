@@ -8,7 +8,7 @@
 
 namespace dosmara {
 
-// "Rev. 1.0.5". The blank is the room for the sign of the major number.
+// "Rev. 1.0.5", with a blank before the major number and none before the others.
 QString RevisionText(const QVersionNumber& version);
 
 // Where a form of size `form` lies by a window of size `reference`: right of and below the place that would

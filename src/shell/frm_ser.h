@@ -2,39 +2,34 @@
 // The hidden form that owns the serial port and the five timers of the link engine.
 #pragma once
 
-#include <QSerialPort>
 #include <QTimer>
+#include <QWidget>
 #include <array>
 
 #include "link/host.h"
-#include "shell/form.h"
+#include "shell/serial_device.h"
 #include "shell/settings.h"
 #include "shell/status_bar.h"
 
 namespace dosmara {
 
-// Number for the message box of an open that failed. A device in use and one that the user may not open give
-// the same error; `permitted`, whether the file's permissions let the user in, tells them apart.
-int OpenErrorNumber(QSerialPort::SerialPortError error, bool permitted);
-
 // Whether a scan tick that was due at `due` and is over at `now` would be followed too soon by one on time.
 bool IsLateTick(std::chrono::microseconds due, std::chrono::microseconds now);
 
-// What the link engine needs, over a real device. A device that vanishes while it is in use is closed at the
-// first error and opened again by its name as soon as it is back; nothing runs meanwhile but a slow timer.
-class FrmSer : public Form, public LinkHost {
+// What the link engine needs, over a real device. It is no Form: no menu opens it, nothing closes it but the
+// end of the program, and no arrival is offered to it.
+class FrmSer : public QWidget, public LinkHost {
   Q_OBJECT
 
  public:
   // `settings` and `status_bar` must outlive the form.
   FrmSer(Settings& settings, StatusBar& status_bar);
-  ~FrmSer() override;
 
   // Makes the panels of the status bar and starts the link: port, boards, index files, Timer1. Throws
   // ProgramEnds after the operator has been told why, or has closed the program.
-  void Load() override;
+  void Load();
   // Stops the timers and closes the port for good.
-  void Unload() override;
+  void Unload();
 
   int OpenPort(int port) override;
   void ClosePort() override;
@@ -60,27 +55,18 @@ class FrmSer : public Form, public LinkHost {
   void PortTicksChanged();
 
  private:
+  QTimer& TimerOf(LinkTimer timer) { return timers_[static_cast<std::size_t>(timer)]; }
   void Fire(LinkTimer timer);
   void Tick();
   void StartTick();
-  int OpenDevice();
-  void CloseDevice();
-  void OnError(QSerialPort::SerialPortError error);
-  void OnReadyRead();
-  void LoseDevice();
-  void TryAgain();
+  void SendLostRequestAgain();
 
   Settings& settings_;
   StatusBar& status_bar_;
-  QSerialPort serial_;
+  SerialDevice device_;
   std::array<QTimer, kLinkTimerCount> timers_;
   std::chrono::microseconds tick_due_{0};  // when Timer1 fires next
-  QTimer try_again_;                       // runs while a device that is wanted is not there
-  int port_ = 0;                           // port in use
-  QString device_;                         // its name; empty while the system has no such device
-  bool lost_ = false;                      // the open device has failed and waits to be closed
   bool ticking_ = false;                   // inside the event of Timer1
-  bool waiting_ = false;                   // inside WaitBlocking: input only collects
   bool unloaded_ = false;                  // the program is ending
 };
 

@@ -108,7 +108,8 @@ void ChooseLanguage(const QString& folder, LanguageMenu& menu, int index) {
       LoadLanguage(folder, FileOf(menu[previous]));
     }
   } catch (const RunTimeError&) {
-    // Neither file has left a trace in the table, or the previous one has filled all of it that exists.
+    // A file that cannot be read has changed nothing. A previous file with too many lines has filled the
+    // table before it was refused.
     fits = false;
   }
   Tick(menu, fits ? index : previous);

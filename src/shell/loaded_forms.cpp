@@ -14,11 +14,10 @@ bool UnloadForm(Form& form) {
 }
 
 // Returns whether a form was unloaded.
-bool UnloadFirstDataForm() {
+bool UnloadFirstForm() {
   for (LoadedForm* loaded : LoadedForms) {
-    const QString name = UpperName(*loaded);
     auto* form = dynamic_cast<Form*>(loaded);
-    if (form != nullptr && name != "MDIFORM1" && name != "FRMSER" && UnloadForm(*form)) {
+    if (form != nullptr && UnloadForm(*form)) {
       return true;
     }
   }
@@ -27,22 +26,18 @@ bool UnloadFirstDataForm() {
 
 }  // namespace
 
-QString UpperName(const LoadedForm& form) {
-  const auto* object = dynamic_cast<const QObject*>(&form);
-  return object != nullptr ? object->objectName().toUpper() : QString();
-}
-
 Form* FindForm(const QString& name) {
   for (LoadedForm* loaded : LoadedForms) {
-    if (UpperName(*loaded) == name.toUpper()) {
-      return dynamic_cast<Form*>(loaded);
+    auto* form = dynamic_cast<Form*>(loaded);
+    if (form != nullptr && form->objectName().compare(name, Qt::CaseInsensitive) == 0) {
+      return form;
     }
   }
   return nullptr;
 }
 
 void UnloadDataForms() {
-  while (UnloadFirstDataForm()) {
+  while (UnloadFirstForm()) {
   }
 }
 

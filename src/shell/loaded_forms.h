@@ -8,14 +8,11 @@
 
 namespace dosmara {
 
-// Name of a loaded form in upper case: "MDIFORM1", "FRMSER", "FRMDOSI".
-QString UpperName(const LoadedForm& form);
-
 // The loaded child form called `name`, without regard to case; null when it is not loaded.
 Form* FindForm(const QString& name);
 
-// Unloads all forms but the main window and FrmSer. Starts again after each unload, since an unload changes
-// the list, and ends when a full walk has unloaded nothing.
+// Unloads all loaded forms; one that refuses to close stays. Starts again after each unload, since an unload
+// changes the list, and ends when a full walk has unloaded nothing.
 void UnloadDataForms();
 
 }  // namespace dosmara

@@ -5,8 +5,7 @@
 #include <QMainWindow>
 #include <span>
 
-#include "link/notification.h"
-#include "shell/form.h"
+#include "shell/child_windows.h"
 #include "shell/frm_ser.h"
 #include "shell/main_menu.h"
 #include "shell/mdi_background.h"
@@ -15,14 +14,13 @@
 
 namespace dosmara {
 
-class MDIForm1 : public QMainWindow, public LoadedForm {
+class MDIForm1 : public QMainWindow {
   Q_OBJECT
 
  public:
   // `settings` tells where the program lies. `forms` are the forms that the menus can open; it must outlive
   // the window. An entry whose form is not among them stays disabled.
   MDIForm1(const Settings& settings, std::span<const FormEntry> forms);
-  ~MDIForm1() override;
 
   // The whole start, up to the running link. Called once, outside of the event loop. Throws ProgramEnds
   // after the operator has been told why, or has closed the window meanwhile.
@@ -31,24 +29,20 @@ class MDIForm1 : public QMainWindow, public LoadedForm {
   // Shows or hides the menu entries that only some models have, by ModelCode.
   void ApplyHidingRules();
 
-  void SLabelChange(std::int32_t /*index*/, double /*value*/) override {}
-
  protected:
   void closeEvent(QCloseEvent* event) override;
 
  private:
   void Click(const MenuRow& row);
   void EnableMenu(bool running);
-  void ShowForm(const char* name);
   void ChangeLanguage(int index);
   void ChangePort(int port);
-  void FillWindowList(QMenu& menu);
   void StopLink();
   void Exit();
 
   Settings settings_;
-  std::span<const FormEntry> forms_;
   MdiBackground* area_;
+  ChildWindows windows_;
   StatusBar* status_bar_;
   FrmSer* frm_ser_;
   MenuBar* bar_;

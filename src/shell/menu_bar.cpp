@@ -14,7 +14,7 @@ MenuBar::MenuBar(QWidget* parent) : QMenuBar(parent) {
     more->setText(QChar(0x00BB));
   }
   connect(qApp, &QApplication::focusChanged, this, [this](QWidget* old, QWidget* now) {
-    // A menu that opens another one has had the focus only in between.
+    // While menus are open the focus may come back from one of them: that is not where it came from at first.
     if (now == this && old != nullptr && qobject_cast<QMenu*>(old) == nullptr) {
       before_ = old;
     }
@@ -45,12 +45,12 @@ void MenuBar::HandBackFocus() {
   before_ = nullptr;
 }
 
-bool MenuBar::Idle() const {
+bool MenuBar::IsIdle() const {
   return activeAction() == nullptr && QApplication::activePopupWidget() == nullptr;
 }
 
 void MenuBar::HandBackWhenIdle() {
-  if (Idle()) {
+  if (IsIdle()) {
     HandBackFocus();
   }
 }

@@ -31,7 +31,7 @@ class MenuBar : public QMenuBar {
   void focusOutEvent(QFocusEvent* event) override;
 
  private:
-  bool Idle() const;
+  bool IsIdle() const;
   void HandBackWhenIdle();
   void TakeFocus();
   void GiveUp();

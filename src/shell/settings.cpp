@@ -54,10 +54,11 @@ void Save(Settings& settings, const QString& language) {
   MsgBox(OwnName(settings) + "\nThe settings cannot be saved", "Error", BoxStyle::kExclamation);
 }
 
-// Writes a new port before the languages are listed: no entry could name the language yet.
+// Writes a new port before the languages are listed: no entry is ticked yet, so the line of the language
+// stays as the file has it.
 void SavePortAlone(Settings& settings) { Save(settings, OwnLanguage(settings)); }
 
-// The own file: its port has to have a menu entry.
+// What the own file says. Throws RunTimeError also for a port that has no menu entry.
 StoredSettings ReadOwnSettings(const Settings& settings) {
   const StoredSettings own = ParseSettings(ReadOwnLines(settings));
   if (own.port < kFirstPort) {

@@ -3,6 +3,7 @@
 
 #include <QDir>
 #include <QFile>
+#include <QRegularExpression>
 #include <QStringDecoder>
 
 #include "store/failure.h"
@@ -28,20 +29,18 @@ QString FromWindows1252(const QByteArray& bytes) {
   return text;
 }
 
+// The filter of a folder's files that lets nothing but `name` pass, in any case.
+QString FilterOf(QString name) { return name.replace(QRegularExpression("([*?[])"), "[\\1]"); }
+
 }  // namespace
 
 QString FindFile(const QString& folder, const QString& name) {
   const QDir dir(folder);
-  const QStringList names = dir.entryList(QDir::Files, QDir::Name);
-  if (names.contains(name)) {
-    return dir.filePath(name);
+  const QStringList found = dir.entryList({FilterOf(name)}, QDir::Files, QDir::Name);
+  if (found.isEmpty()) {
+    return {};
   }
-  for (const QString& candidate : names) {
-    if (candidate.compare(name, Qt::CaseInsensitive) == 0) {
-      return dir.filePath(candidate);
-    }
-  }
-  return {};
+  return dir.filePath(found.contains(name) ? name : found.first());
 }
 
 QString DecodeText(const QByteArray& bytes) {

@@ -9,7 +9,7 @@
 
 namespace dosmara {
 
-// Largest file that is read. 650 captions take some 40 KiB; anything far beyond that is not ours.
+// Largest file that is read. 650 captions take some 40 KiB; a file far beyond that is not for this program.
 inline constexpr qint64 kLargestTextFile = 1024 * 1024;
 // A longer line is cut here: nothing on the screen has room for it, and laying it out would take seconds.
 inline constexpr qsizetype kLongestLine = 500;

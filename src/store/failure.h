@@ -23,7 +23,8 @@ inline constexpr int kErrorInvalidPort = 8002;
 inline constexpr int kErrorPortBusy = 8005;
 
 // Stops the program at once because of a programming error: says `reason` on stderr and exits with
-// kStopExitCode. A guard for the developers of forms; no operator can bring it about.
+// kStopExitCode. What comes from an operator, a file or the line must be checked before it is passed to an
+// operation that may stop the program.
 [[noreturn]] void StopProgram(std::string_view reason);
 
 // Called by StopProgram with its reason before anything else. One that throws keeps the program alive, which

@@ -32,8 +32,8 @@ bool SameLetters(std::string_view a, std::string_view b) {
   return std::ranges::equal(a, b, {}, lower, lower);
 }
 
-// The path of the file `name`; one that differs only in case does too, for the files come from systems
-// where case means nothing. Empty if there is none.
+// The path of the file `name`, or of one whose name differs only in case: the files come from systems that
+// make no difference. Empty if there is none.
 std::filesystem::path FindFile(const std::filesystem::path& folder, const std::string& name) {
   std::filesystem::path found;
   std::error_code error;
@@ -51,8 +51,8 @@ std::filesystem::path FindFile(const std::filesystem::path& folder, const std::s
   return found;
 }
 
-// The whole records of a file, its tail ignored. A file of more than `most_records` is read no further than
-// its first surplus one.
+// The whole records of a file; what is left behind the last one is ignored. At most one record more than
+// `most_records` is read, by which the caller knows that there are too many.
 std::vector<std::uint8_t> ReadRecords(const std::filesystem::path& folder, const std::string& name,
                                       std::size_t record_bytes, std::size_t most_records) {
   const std::filesystem::path path = FindFile(folder, name);

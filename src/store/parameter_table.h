@@ -26,7 +26,7 @@
 //   ParamIsFresh      explicit                 -                       -
 //
 // Any of them also stops the program at an index that is below 0 or above kLastRecord, and at a node that
-// is none. On an absent node the two that need a present one do nothing, whatever the index.
+// does not exist. On an absent node the two that need a present one do nothing, whatever the index.
 #pragma once
 
 #include <cstddef>
@@ -89,11 +89,11 @@ extern bool NodePresent[kNodeCount];
 // Number of records read from each node's index file.
 extern std::int16_t NodeRecordCount[kNodeCount];
 
-// The value that a form is about to write, on its way to ParamPut. Nothing reads it later.
+// The value that a form is about to write. The form itself passes it to ParamPut; nothing reads it later.
 extern double ParamScratch;
 
-// How often one of the three operations below has been called. While it stands still, what is fresh has
-// changed by arrivals alone.
+// How often ParamSubscribe, ParamUnsubscribe and ParamPut have been called. While it stands still, a record
+// can only have become fresh by an arrival.
 extern std::uint32_t ParamRequests;
 
 // Adds one subscriber to the record of NodeIndex and makes it due. Called by forms as they open.

@@ -159,7 +159,11 @@ TEST_P(EachEntryBox, BothEnterKeysAreEnter) {
 }
 
 TEST_P(EachEntryBox, SaysWhyAnEntryIsRefusedUntilOneIsAccepted) {
+  QPalette dark = window_.palette();
+  dark.setColor(QPalette::Text, Qt::white);
+  window_.setPalette(dark);
   const QColor plain = Ground();
+  EXPECT_EQ(Ink(), Qt::white);
   box_->Refuse("too much");
   EXPECT_EQ(Ground(), QColor(255, 0, 0));
   EXPECT_EQ(Ink(), Qt::black);
@@ -167,6 +171,7 @@ TEST_P(EachEntryBox, SaysWhyAnEntryIsRefusedUntilOneIsAccepted) {
   EXPECT_EQ(box_->accessibleDescription(), "too much");
   box_->Accept();
   EXPECT_EQ(Ground(), plain);
+  EXPECT_EQ(Ink(), Qt::white);
   EXPECT_EQ(box_->toolTip(), "");
   EXPECT_EQ(box_->accessibleDescription(), "");
 }
@@ -205,6 +210,7 @@ TEST_F(BoxOverShownValue, AnotherWindowInFrontIsLeaving) {
   TypeOver("7");
   BringAnotherWindowToTheFront();
   EXPECT_EQ(box_->text(), "42");
+  EXPECT_EQ(box_->selectedText(), "");
 }
 
 TEST_F(BoxOverShownValue, WhatArrivesWhileItIsTypedInIsThereWhenItIsLeft) {

@@ -2,9 +2,11 @@
 // Displays, thermometer and led bar: what they show for a value, and where.
 #include <gtest/gtest.h>
 
+#include <QHBoxLayout>
 #include <cmath>
 #include <limits>
 
+#include "controls/led.h"
 #include "controls/led_bar.h"
 #include "controls/seven_segment.h"
 #include "controls/thermometer.h"
@@ -301,6 +303,24 @@ TEST(LedBar, ItsPositionIsAPropertyAndTold) {
   bar.SetPosition(21);
   bar.SetPosition(-1);
   EXPECT_EQ(bar.Position(), 20);
+}
+
+TEST(Instruments, KeepTheirSizeInALargerWindow) {
+  QWidget window;
+  auto* layout = new QHBoxLayout(&window);
+  for (QWidget* instrument :
+       {static_cast<QWidget*>(new Thermometer(&window)),
+        static_cast<QWidget*>(new SevenSegment(&window, 3, 0)), static_cast<QWidget*>(new LedBar(&window)),
+        static_cast<QWidget*>(new Led(&window))}) {
+    layout->addWidget(instrument);
+  }
+  for (const QSize size : {QSize(2000, 1000), QSize(1, 1)}) {
+    window.resize(size);
+    layout->activate();
+    for (int n = 0; n < layout->count(); ++n) {
+      EXPECT_EQ(layout->itemAt(n)->widget()->size(), layout->itemAt(n)->widget()->sizeHint()) << n;
+    }
+  }
 }
 
 TEST(Instruments, GrowWithTheirFont) {

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // How an operator stops a strip chart, looks back and returns.
+#include "controls/chart_plot.h"
 #include "strip_chart_fixture.h"
 
 namespace dosmara {
@@ -13,7 +14,7 @@ TEST_F(StripChartTest, FollowsTheNewestSample) {
   ExpectView(0.5, 60.5);
   AddMany(100);
   ExpectView(400.5, 460.5);
-  EXPECT_TRUE(chart_.Following());
+  EXPECT_TRUE(chart_.IsFollowing());
 }
 
 // What the operator does to look at something else than the newest samples.
@@ -35,7 +36,7 @@ TEST_F(StripChartTest, LookingElsewhereStopsFollowing) {
       chart_.SetFollowing(true);
       chart_.setFocus();
       by_key ? Press(glance.key) : Click(glance.button);
-      EXPECT_FALSE(chart_.Following()) << glance.button;
+      EXPECT_FALSE(chart_.IsFollowing()) << glance.button;
       EXPECT_FALSE(chart_.findChild<QAbstractButton*>("Follow")->isChecked());
       ExpectView(glance.from, glance.to);
     }
@@ -66,13 +67,13 @@ TEST_F(StripChartTest, LaterComesBackToTheNewestSampleAndNoFurther) {
   Click("Later");
   Click("Later");
   ExpectView(400.5, 460.5);
-  EXPECT_FALSE(chart_.Following()) << "nobody has asked for it";
+  EXPECT_FALSE(chart_.IsFollowing()) << "nobody has asked for it";
 }
 
 TEST_F(StripChartTest, LaterChangesNothingWhileItFollows) {
   AddMany(116);
   Press(Qt::Key_Right);
-  EXPECT_TRUE(chart_.Following());
+  EXPECT_TRUE(chart_.IsFollowing());
   ExpectView(400.5, 460.5);
 }
 
@@ -88,16 +89,16 @@ TEST_F(StripChartTest, SpaceAndItsBoxStopItAndSetItGoing) {
   AddMany(116);
   chart_.setFocus();
   Press(Qt::Key_Space);
-  EXPECT_FALSE(chart_.Following());
+  EXPECT_FALSE(chart_.IsFollowing());
   AddMany(10);
   ExpectView(400.5, 460.5);
   Press(Qt::Key_Space);
-  EXPECT_TRUE(chart_.Following());
+  EXPECT_TRUE(chart_.IsFollowing());
   ExpectView(440.5, 500.5);
   Click("Follow");
-  EXPECT_FALSE(chart_.Following());
+  EXPECT_FALSE(chart_.IsFollowing());
   Click("Follow");
-  EXPECT_TRUE(chart_.Following());
+  EXPECT_TRUE(chart_.IsFollowing());
 }
 
 TEST_F(StripChartTest, SpacePressesTheButtonThatHasTheFocus) {
@@ -113,7 +114,7 @@ TEST_F(StripChartTest, EndReturnsToTheNewestMinute) {
   AddMany(116);
   Press(Qt::Key_Home);
   Press(Qt::Key_End);
-  EXPECT_TRUE(chart_.Following());
+  EXPECT_TRUE(chart_.IsFollowing());
   EXPECT_TRUE(chart_.findChild<QAbstractButton*>("Follow")->isChecked());
   ExpectView(400.5, 460.5);
   Press(Qt::Key_Plus);
@@ -124,7 +125,7 @@ TEST_F(StripChartTest, EndReturnsToTheNewestMinute) {
 TEST_F(StripChartTest, ZoomGoesOnFollowing) {
   AddMany(116);
   Press(Qt::Key_Minus);
-  EXPECT_TRUE(chart_.Following());
+  EXPECT_TRUE(chart_.IsFollowing());
   ExpectView(461 - 120, 461);
   AddMany(1);
   ExpectView(465 - 120, 465);
@@ -147,14 +148,14 @@ TEST_F(StripChartTest, ZoomKeepsTheMiddleOfAViewThatDoesNotFollow) {
   ExpectView(385.5, 415.5);
   Press(Qt::Key_Minus);
   ExpectView(370.5, 430.5);
-  EXPECT_FALSE(chart_.Following());
+  EXPECT_FALSE(chart_.IsFollowing());
 }
 
 TEST_F(StripChartTest, TheMouseDrawsTheStrip) {
   AddMany(116);
   const double second = Pixel(421) - Pixel(420);
   Drag(static_cast<int>(20 * second));
-  EXPECT_FALSE(chart_.Following());
+  EXPECT_FALSE(chart_.IsFollowing());
   EXPECT_NEAR(chart_.View().from, 380.5, 1 / second);
   EXPECT_NEAR(chart_.View().Span(), 60, 1e-6);
   EXPECT_EQ(plot().yAxis->range(), QCPRange(-10, 120));
@@ -164,10 +165,22 @@ TEST_F(StripChartTest, TheMouseDrawsTheStrip) {
   ExpectView(400.5, 460.5);
 }
 
+TEST_F(StripChartTest, WhatMovesTheViewOtherwiseIsNotTakenForTheMouse) {
+  int dragged = 0;
+  QObject::connect(chart_.findChild<ChartPlot*>(), &ChartPlot::Dragged, &chart_, [&] { ++dragged; });
+  AddMany(116);
+  for (const Qt::Key key : {Qt::Key_Left, Qt::Key_Plus, Qt::Key_Home, Qt::Key_End}) {
+    Press(key);
+  }
+  EXPECT_EQ(dragged, 0);
+  Drag(30);
+  EXPECT_GT(dragged, 0);
+}
+
 TEST_F(StripChartTest, DrawingBeyondTheNewestSampleGoesOnFollowing) {
   AddMany(116);
   Drag(-200);
-  EXPECT_TRUE(chart_.Following());
+  EXPECT_TRUE(chart_.IsFollowing());
   ExpectView(400.5, 460.5);
 }
 
@@ -185,7 +198,7 @@ TEST_F(StripChartTest, TheWheelZoomsAroundThePointer) {
 TEST_F(StripChartTest, TheWheelGoesOnFollowing) {
   AddMany(116);
   Turn(-1, {200, 200});
-  EXPECT_TRUE(chart_.Following());
+  EXPECT_TRUE(chart_.IsFollowing());
   ExpectView(460.625 - 75, 460.625);
 }
 

@@ -2,17 +2,51 @@
 // What holds for each form of the list.
 #include <QAbstractButton>
 #include <QApplication>
+#include <QMetaProperty>
+#include <QRegularExpression>
 #include <QSet>
+#include <QTabBar>
+#include <QTabWidget>
 #include <algorithm>
+#include <set>
 
+#include "controls/progress_line.h"
+#include "data/caption_file.h"
 #include "forms/form_fixture.h"
 #include "forms/form_list.h"
 #include "shell/caption_table.h"
+#include "shell/menu_table.h"
 #include "store/parameter_table.h"
 #include "tour/left_subscribed.h"
 
 namespace dosmara {
 namespace {
+
+// The lines of the language that the texts of an object and its children tell of.
+std::set<int> LinesIn(const QObject& object) {
+  static const QRegularExpression kLine("#(\\d+)");
+  std::set<int> lines;
+  const auto add = [&lines](const QString& text) {
+    for (const QRegularExpressionMatch& match : kLine.globalMatch(text)) {
+      lines.insert(match.captured(1).toInt());
+    }
+  };
+  for (int i = 0; i < object.metaObject()->propertyCount(); ++i) {
+    if (const QMetaProperty property = object.metaObject()->property(i);
+        property.typeId() == QMetaType::QString) {
+      add(property.read(&object).toString());
+    }
+  }
+  if (const auto* tabs = qobject_cast<const QTabBar*>(&object)) {
+    for (int tab = 0; tab < tabs->count(); ++tab) {
+      add(tabs->tabText(tab));
+    }
+  }
+  for (const QObject* child : object.children()) {
+    lines.merge(LinesIn(*child));
+  }
+  return lines;
+}
 
 class EveryForm : public FormFixture, public testing::WithParamInterface<FormEntry> {
  protected:
@@ -21,6 +55,39 @@ class EveryForm : public FormFixture, public testing::WithParamInterface<FormEnt
     for (const Subscription& subscription : Subscribed()) {
       Arrive(subscription.node, subscription.record, 4);
     }
+  }
+  // What Tab leads to, the first one first.
+  std::vector<QWidget*> ReachedByTab() {
+    std::vector<QWidget*> reached;
+    for (QWidget* next = form().nextInFocusChain(); next != &form(); next = next->nextInFocusChain()) {
+      const bool takes_focus = (next->focusPolicy() & Qt::TabFocus) != 0 && next->isEnabled();
+      if (takes_focus && next->isVisible() && form().isAncestorOf(next) && !qobject_cast<QTabBar*>(next) &&
+          !qobject_cast<QTabWidget*>(next)) {
+        reached.push_back(next);
+      }
+    }
+    return reached;
+  }
+  // Sends what SendEverything does, until a control of the form has the focus. Tabs have it while all else is
+  // closed.
+  void SendUntilTheFocusIsTaken() {
+    for (const Subscription& subscription : Subscribed()) {
+      const QWidget* focus = QApplication::focusWidget();
+      if (form().isAncestorOf(focus) && qobject_cast<const QTabBar*>(focus) == nullptr) {
+        return;
+      }
+      Arrive(subscription.node, subscription.record, 4);
+    }
+  }
+  // Whether `other` is read before `widget`: it stands left in the same line, or above and not further right.
+  bool IsReadBefore(const QWidget* other, const QWidget* widget) {
+    const auto place = [this](const QWidget* each) {
+      return QRect(each->mapTo(&form(), QPoint()), each->size());
+    };
+    const bool above = place(other).bottom() < place(widget).top();
+    const bool in_line = !above && place(other).top() <= place(widget).bottom();
+    return in_line ? place(other).right() < place(widget).left()
+                   : above && place(other).left() <= place(widget).left();
   }
   static std::string FocusName() {
     const QWidget* focus = QApplication::focusWidget();
@@ -63,10 +130,29 @@ TEST_P(EveryForm, TakesTheNewLanguageWhenItIsActivated) {
   }
 }
 
+// The captions of the fixture tell their lines.
+TEST_P(EveryForm, HasWordsInEveryLanguageForTheLinesThatItShows) {
+  Open(GetParam().name);
+  for (const Language& language : ReadCaptions(CAPTIONS)) {
+    for (const int line : LinesIn(form())) {
+      ASSERT_LE(line, static_cast<int>(language.lines.size()));
+      const std::string& words = language.lines[static_cast<std::size_t>(line - 1)];
+      EXPECT_FALSE(words.empty() || words.starts_with(";--")) << language.name << " line " << line;
+    }
+  }
+}
+
+TEST_P(EveryForm, IsOpenedByOneEntryOfTheMenu) {
+  const auto opens = [](const MenuRow& row) {
+    return row.form != nullptr && std::string(row.form) == GetParam().name;
+  };
+  EXPECT_EQ(std::ranges::count_if(MenuTable(), opens), 1);
+}
+
 TEST_P(EveryForm, LeavesNoRecordSubscribedButAsPrescribed) {
   Open(GetParam().name);
-  const bool reads = form().objectName() != "FrmInfo" && form().objectName() != "FrmCancella";
-  EXPECT_EQ(Subscribed().empty(), !reads);
+  const auto* line = form().findChild<ProgressLine*>();
+  EXPECT_EQ(Subscribed().empty(), line == nullptr || line->Share() == 1) << "it reads what it counts";
   Close();
   std::vector<Subscription> left;
   for (const LeftSubscribed& each : kLeftSubscribed) {
@@ -75,7 +161,7 @@ TEST_P(EveryForm, LeavesNoRecordSubscribedButAsPrescribed) {
     }
   }
   EXPECT_EQ(Subscribed(), left);
-  EXPECT_EQ(LoadedForms.size(), 2u);
+  EXPECT_TRUE(LoadedForms.empty());
 }
 
 // What a form releases without having subscribed it, and how often.
@@ -142,39 +228,28 @@ TEST_P(EveryForm, LeavesTheFocusInAnotherFormWhereItIs) {
   EXPECT_EQ(BoxText("Text1(1)"), "1");
 }
 
-// The first control that can be changed, in the order of reading, and another one of the same form.
-struct FirstFocus {
-  const char* form;
-  const char* first;
-  const char* another;
-};
-constexpr FirstFocus kFirstFocus[] = {
-    {"FrmAssSel", "Text1(0)", "HScroll1(30)"},  {"FrmAssSet", "Text1(0)", "HScroll1(9)"},
-    {"FrmAssSet2", "Text1(0)", "HScroll1(9)"},  {"FrmAzione", "Text1(0)", "HScroll1(4)"},
-    {"FrmConf", "Option1(0)", "Text6(9)"},      {"FrmDosi", "Label11(0)", "txtVal(6)"},
-    {"FrmGrafico", "Follow", "iStripChartX1"},  {"FrmOpzioni", "SlswitchX5", "HScroll1(1)"},
-    {"FrmOrologio", "Text1(0)", "HScroll1(7)"}, {"FrmPagamento", "iSwitchSliderX2", "HScroll6(1)"},
-    {"FrmPassword", "Text1(0)", "Text1(2)"},    {"FrmPrezzi", "Switch1", "HScroll1(7)"},
-    {"FrmSconti", "Text1(0)", "HScroll1(7)"},   {"FrmTemperatura", "Text1", "HScroll2(3)"},
-    {"FrmTempi", "txtTempi(0)", "HScroll1(3)"}, {"FrmTestZeth", "Label1(0)", "Command1"},
-    {"FrmTestZeth2", "Label1(0)", "Command1"},
-};
-
 TEST_P(EveryForm, OpensOnTheFirstControlThatCanBeChangedAndLeavesTheOperatorsChoiceAlone) {
-  const auto* focus = std::ranges::find(kFirstFocus, std::string(GetParam().name), &FirstFocus::form);
   Open(GetParam().name);
-  SendEverything();
-  if (focus == std::end(kFirstFocus)) {
+  SendUntilTheFocusIsTaken();
+  std::vector<QWidget*> reached = ReachedByTab();
+  if (reached.empty()) {
     EXPECT_TRUE(form().findChildren<QLineEdit*>().isEmpty() && form().findChildren<Bar*>().isEmpty());
     return;
   }
-  EXPECT_TRUE(Find(focus->first).hasFocus()) << FocusName();
-  Focus(focus->another);
+  EXPECT_TRUE(reached.front()->hasFocus()) << FocusName();
+  for (const QWidget* other : reached) {
+    EXPECT_FALSE(IsReadBefore(other, reached.front())) << other->objectName().toStdString();
+  }
   SendEverything();
-  EXPECT_TRUE(Find(focus->another).hasFocus()) << FocusName();
+  EXPECT_TRUE(reached.front()->hasFocus()) << FocusName();
+  reached = ReachedByTab();
+  QWidget& another = *reached.back();
+  another.setFocus(Qt::TabFocusReason);
+  SendEverything();
+  EXPECT_TRUE(another.hasFocus()) << FocusName();
   form().InitMessaggi();
   form().TakeFocus();
-  EXPECT_TRUE(Find(focus->another).hasFocus()) << FocusName();
+  EXPECT_TRUE(another.hasFocus()) << FocusName();
 }
 
 TEST_P(EveryForm, GivesEachNamedControlANameOfItsOwn) {

@@ -137,6 +137,22 @@ TEST(DayNumber, KnowsTheLeapDays) {
   EXPECT_EQ(DayNumber(1, 3, 2100), 73110);
 }
 
+// An own count, day by day. A month goes on for as many days as a byte of the machine can name.
+TEST(DayNumber, IsRightForEveryDayFrom1900To2155AndForDaysThatAMonthLacks) {
+  int first = 2;  // of the month
+  for (int year = 1900; year <= 2155; ++year) {
+    const bool leap = year % 4 == 0 && year != 1900 && year != 2100;
+    const int lengths[] = {31, leap ? 29 : 28, 31, 30, 31, 30, 31, 31, 30, 31, 30, 31};
+    for (int month = 1; month <= 12; ++month) {
+      for (int day = 0; day <= 255; ++day) {
+        ASSERT_EQ(DayNumber(day, month, year), first + day - 1) << day << '/' << month << '/' << year;
+      }
+      first += lengths[month - 1];
+    }
+  }
+  EXPECT_EQ(first, 93504) << "1 January 2156";
+}
+
 TEST(DateText, HasTwoDigitsForDayAndMonthAndFourForTheYear) {
   EXPECT_EQ(DateText(1, 2, 2024), "01/02/2024");
   EXPECT_EQ(DateText(29, 2, 2024), "29/02/2024");

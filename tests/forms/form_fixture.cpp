@@ -27,9 +27,9 @@ void FormFixture::Arrive(int node, int record, double value) {
   target.Flags |= kArrived;
   // As the link offers it, but for one thing: what a form throws ends the test.
   const std::vector<LoadedForm*> forms = LoadedForms;
-  for (std::size_t i = kBystanders; i < forms.size(); ++i) {
+  for (LoadedForm* form : forms) {
     NodeIndex = static_cast<std::uint8_t>(node);
-    forms[i]->SLabelChange(record, ReplyValue(reply));
+    form->SLabelChange(record, ReplyValue(reply));
   }
 }
 

@@ -94,7 +94,7 @@ TEST_F(FrmGraficoTest, ItsChartHasThreeColoursAMinuteAndAFixedScale) {
   EXPECT_EQ(setup.high, 120);
   EXPECT_EQ(setup.value_ticks, 14);
   EXPECT_EQ(setup.minor_ticks, 4);
-  EXPECT_TRUE(Chart().Following());
+  EXPECT_TRUE(Chart().IsFollowing());
 }
 
 TEST_F(FrmGraficoTest, DrawsTheTemperaturesOfThreeBoards) {
@@ -227,7 +227,7 @@ TEST_F(FrmGraficoTest, TenMinutesWithOneBoardAbsent) {
     EXPECT_EQ(boiler[0][n].y(), 20 + n / 2);
     EXPECT_EQ(tank2[0][n].y(), (3000 - 10 * n) / 256.0);
   }
-  EXPECT_TRUE(Chart().Following());
+  EXPECT_TRUE(Chart().IsFollowing());
   EXPECT_NEAR(Chart().View().to, 596.5, 0.01);
   EXPECT_NEAR(Chart().View().Span(), 60.048, 1e-6);
   EXPECT_EQ(Spoken(), "#257 94, #259 5.9");

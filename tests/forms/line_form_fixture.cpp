@@ -54,8 +54,8 @@ template <class Action>
 auto LineFormFixture::Run(const Action& action) {
   const std::vector<LoadedForm*> forms = LoadedForms;
   std::deque<Usher> ushers;
-  for (std::size_t i = kBystanders; i < forms.size(); ++i) {
-    LoadedForms[i] = &ushers.emplace_back(forms[i], arrived_);
+  for (LoadedForm*& form : LoadedForms) {
+    form = &ushers.emplace_back(form, arrived_);
   }
   const auto result = action();
   LoadedForms = forms;

@@ -34,7 +34,7 @@ WindowFixture::WindowFixture() : window_(std::make_unique<QMainWindow>()), area_
     CaptionTable[line] = '#' + QString::number(line);
   }
   QLocale::setDefault(QLocale::c());
-  LoadedForms = {&bystanders_[0], &bystanders_[1]};
+  LoadedForms.clear();
   window_->setCentralWidget(area_);
   window_->resize(1366, 700);
   window_->show();

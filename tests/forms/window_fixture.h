@@ -106,15 +106,7 @@ class WindowFixture : public testing::Test {
   void Fire(const std::string& timer);
   bool Running(const std::string& timer) { return Find<QTimer>(timer).isActive(); }
 
-  // How many forms of LoadedForms, at its front, are not those that the test opens.
-  static constexpr std::size_t kBystanders = 2;
-
  private:
-  // The main window and the link's form, which arrivals pass over.
-  struct Bystander : LoadedForm {
-    void SLabelChange(std::int32_t, double) override { ADD_FAILURE() << "an arrival for a bystander"; }
-  };
-  Bystander bystanders_[kBystanders];
   std::unique_ptr<QMainWindow> window_;
   QMdiArea* area_;
   Form* form_ = nullptr;

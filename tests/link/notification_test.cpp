@@ -27,7 +27,7 @@ class ActingForm : public ListeningForm {
 
 class Notification : public LinkFixture {
  protected:
-  Notification() { LoadedForms = {&main_window_, &frm_ser_, &a_, &b_, &c_}; }
+  Notification() { LoadedForms = {&a_, &b_, &c_}; }
 
   ActingForm a_;
   ActingForm b_;
@@ -48,21 +48,26 @@ TEST_F(Notification, ValueHasUpToSixteenBytes) {
   EXPECT_DOUBLE_EQ(ReplyValue(reply), 1.329227995784916e36);  // 2^120
 }
 
-TEST_F(Notification, SkipsTheFirstTwoLoaded) {
+TEST_F(Notification, TellsEveryLoadedForm) {
   NotifyForms(311, {2});
-  EXPECT_TRUE(main_window_.arrivals.empty());
-  EXPECT_TRUE(frm_ser_.arrivals.empty());
   EXPECT_EQ(a_.arrivals, (Arrived{{0, 311, 2}}));
   EXPECT_EQ(b_.arrivals, (Arrived{{0, 311, 2}}));
   EXPECT_EQ(c_.arrivals, (Arrived{{0, 311, 2}}));
 }
 
-TEST_F(Notification, WithFewerFormsThanTwoNobodyIsTold) {
+TEST_F(Notification, TellsAFormThatIsAlone) {
   LoadedForms = {&a_};
   NotifyForms(311, {2});
+  EXPECT_EQ(a_.arrivals, (Arrived{{0, 311, 2}}));
+  EXPECT_TRUE(b_.arrivals.empty());
+}
+
+TEST_F(Notification, TellsNobodyWhereNoFormIsLoaded) {
   LoadedForms.clear();
+  NodeIndex = 2;
   NotifyForms(311, {2});
   EXPECT_TRUE(a_.arrivals.empty());
+  EXPECT_EQ(NodeIndex, 2);
 }
 
 TEST_F(Notification, TellsTheFormsInTheOrderOfTheirLoading) {
@@ -130,7 +135,7 @@ TEST_F(Notification, AFormThatIsOpenedInThePlaceOfAnotherSeesOnlyLaterArrivals) 
 }
 
 TEST_F(Notification, AFormThatUnloadsAllOthersIsTheLastToBeTold) {
-  a_.act = [&] { LoadedForms = {&main_window_, &frm_ser_, &a_}; };
+  a_.act = [&] { LoadedForms = {&a_}; };
   NotifyForms(5, {7});
   EXPECT_TRUE(b_.arrivals.empty());
   EXPECT_TRUE(c_.arrivals.empty());

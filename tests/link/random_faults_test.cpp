@@ -57,7 +57,7 @@ class RandomFaults : public LinkFixture, public ::testing::WithParamInterface<Li
     host_.at_wire_pace = GetParam().at_wire_pace;
     line_.least_latency = GetParam().least_latency;
     line_.further_microseconds = GetParam().further_microseconds;
-    LoadedForms = {&main_window_, &frm_ser_, &judge_};
+    LoadedForms = {&judge_};
     for (int node = 0; node < kNodeCount; ++node) {
       Records(node, kRecordsPerNode);
       for (int index = 1; index < kRecordsPerNode; ++index) {

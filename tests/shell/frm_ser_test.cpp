@@ -11,6 +11,7 @@
 #include <thread>
 
 #include "link/link_engine.h"
+#include "shell/loaded_forms.h"
 #include "shell/serial_names.h"
 #include "store/failure.h"
 #include "store/parameter_table.h"
@@ -38,8 +39,6 @@ class FrmSerTest : public testing::Test {
     ExchControl = 0;
     ExchLength = 15;
   }
-
-  void TearDown() override { LoadedForms.clear(); }
 
   std::filesystem::path Link() const { return (folder_.path() + "/com2").toStdString(); }
   bool WaitForInput(std::size_t count) {
@@ -427,6 +426,13 @@ TEST_F(FrmSerShell, ReadsAndWritesThePortOfTheOwnSettings) {
 TEST_F(FrmSerShell, IsNeverSeen) {
   EXPECT_EQ(ser_.size(), QSize(0, 0));
   EXPECT_EQ(ser_.objectName(), "FrmSer");
+}
+
+TEST_F(FrmSerShell, HearsOfNoArrivalAndIsNotUnloadedWithTheForms) {
+  EXPECT_TRUE(LoadedForms.empty());
+  ser_.EnableTimer(LinkTimer::Timer1);
+  UnloadDataForms();
+  EXPECT_TRUE(Timer(1)->isActive());
 }
 
 }  // namespace

@@ -8,10 +8,10 @@
 namespace dosmara {
 namespace {
 
-// Stands in for the main window, which is loaded but no child form.
-class MainForm : public QObject, public LoadedForm {
+// Loaded as a form is, but no child window.
+class Listener : public QObject, public LoadedForm {
  public:
-  MainForm() { setObjectName("MDIForm1"); }
+  Listener() { setObjectName("FrmDosi"); }
   void SLabelChange(std::int32_t /*index*/, double /*value*/) override {}
 };
 
@@ -35,44 +35,34 @@ class StubbornForm : public Form {
 
 class LoadedFormsTest : public testing::Test {
  protected:
-  void SetUp() override { LoadedForms = {&main_}; }
   void TearDown() override { LoadedForms.clear(); }
 
-  QStringList Names() {
-    QStringList names;
-    for (const LoadedForm* form : LoadedForms) {
-      names.append(UpperName(*form));
-    }
-    return names;
-  }
-
-  MainForm main_;
   int unloads_ = 0;
 };
 
-TEST_F(LoadedFormsTest, UnloadsAllButTheMainWindowAndFrmSer) {
-  new CountingForm("FrmSer", unloads_);
+TEST_F(LoadedFormsTest, UnloadsAllForms) {
   new CountingForm("FrmDosi", unloads_);
   new CountingForm("FrmTempi", unloads_);
+  new CountingForm("FrmAzione", unloads_);
   UnloadDataForms();
-  EXPECT_EQ(Names(), QStringList({"MDIFORM1", "FRMSER"}));
-  EXPECT_EQ(unloads_, 2);
-  delete FindForm("FrmSer");
+  EXPECT_TRUE(LoadedForms.empty());
+  EXPECT_EQ(unloads_, 3);
 }
 
-TEST_F(LoadedFormsTest, KnowsFrmSerWhereverItStands) {
-  new CountingForm("FrmDosi", unloads_);
-  new CountingForm("FRMSER", unloads_);
+TEST_F(LoadedFormsTest, AsksNoFormForItsNameOrItsPlace) {
+  new CountingForm("MDIForm1", unloads_);
+  new CountingForm("FrmSer", unloads_);
   UnloadDataForms();
-  EXPECT_EQ(Names(), QStringList({"MDIFORM1", "FRMSER"}));
-  delete FindForm("FrmSer");
+  EXPECT_TRUE(LoadedForms.empty());
+  EXPECT_EQ(unloads_, 2);
 }
 
 TEST_F(LoadedFormsTest, EndsThoughAFormRefusesToClose) {
   StubbornForm stubborn;
   new CountingForm("FrmDosi", unloads_);
   UnloadDataForms();
-  EXPECT_EQ(Names(), QStringList({"MDIFORM1", "FRMGRAFICO"}));
+  EXPECT_EQ(LoadedForms, std::vector<LoadedForm*>{&stubborn});
+  EXPECT_EQ(unloads_, 1);
 }
 
 TEST_F(LoadedFormsTest, FindsAFormByItsNameAlone) {
@@ -80,6 +70,14 @@ TEST_F(LoadedFormsTest, FindsAFormByItsNameAlone) {
   EXPECT_EQ(FindForm("frmdosi"), &form);
   EXPECT_EQ(FindForm("FrmTempi"), nullptr);
   EXPECT_EQ(FindForm("MDIForm1"), nullptr);
+}
+
+TEST_F(LoadedFormsTest, PassesOverWhatIsNoChildWindow) {
+  Listener listener;
+  LoadedForms = {&listener};
+  EXPECT_EQ(FindForm("FrmDosi"), nullptr);
+  UnloadDataForms();
+  EXPECT_EQ(LoadedForms, std::vector<LoadedForm*>{&listener});
 }
 
 }  // namespace

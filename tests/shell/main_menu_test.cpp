@@ -3,6 +3,7 @@
 
 #include <gtest/gtest.h>
 
+#include <QDir>
 #include <QMenu>
 #include <algorithm>
 #include <set>
@@ -13,6 +14,7 @@
 namespace dosmara {
 namespace {
 
+// The established entries; the tree may hold others between them.
 struct Entry {
   const char* name;
   int level;
@@ -105,14 +107,30 @@ class MainMenuTest : public testing::Test {
                  [](QMenu& windows) { windows.addAction("filled"); }};
 };
 
-TEST_F(MainMenuTest, HasTheWholeTreeInItsOrder) {
+TEST(MenuTable, HoldsTheEstablishedEntriesInTheirOrder) {
+  std::vector<MenuRow> rows(MenuTable().begin(), MenuTable().end());
+  std::erase_if(rows, [](const MenuRow& row) {
+    return std::ranges::none_of(kTree, [&](const Entry& e) { return std::string(e.name) == row.name; });
+  });
+  ASSERT_EQ(rows.size(), std::size(kTree));
+  for (std::size_t i = 0; i < rows.size(); ++i) {
+    EXPECT_STREQ(rows[i].name, kTree[i].name);
+    EXPECT_EQ(rows[i].level, kTree[i].level) << kTree[i].name;
+    EXPECT_STREQ(rows[i].caption, kTree[i].caption) << kTree[i].name;
+    EXPECT_EQ(rows[i].line, kTree[i].line) << kTree[i].name;
+    EXPECT_STREQ(rows[i].form == nullptr ? "" : rows[i].form, kTree[i].form) << kTree[i].name;
+  }
+}
+
+TEST_F(MainMenuTest, HasTheWholeTableAsATree) {
   std::vector<std::pair<QAction*, int>> entries;
   Collect(bar_, 1, entries);
-  ASSERT_EQ(entries.size(), std::size(kTree));
+  const std::span<const MenuRow> rows = MenuTable();
+  ASSERT_EQ(entries.size(), rows.size());
   for (std::size_t i = 0; i < entries.size(); ++i) {
-    EXPECT_EQ(entries[i].first->objectName(), kTree[i].name);
-    EXPECT_EQ(entries[i].second, kTree[i].level) << kTree[i].name;
-    EXPECT_EQ(Shown(*entries[i].first), kTree[i].caption) << kTree[i].name;
+    EXPECT_EQ(entries[i].first->objectName(), rows[i].name);
+    EXPECT_EQ(entries[i].second, rows[i].level) << rows[i].name;
+    EXPECT_EQ(Shown(*entries[i].first), rows[i].caption) << rows[i].name;
   }
 }
 
@@ -121,9 +139,9 @@ TEST_F(MainMenuTest, TakesEachCaptionFromItsLine) {
     CaptionTable[line] = QString("line %1").arg(line);
   }
   menu_.InitMessaggi();
-  for (const Entry& entry : kTree) {
-    const QString expected = entry.line == 0 ? QString(entry.caption) : QString("line %1").arg(entry.line);
-    EXPECT_EQ(Shown(*Action(entry.name)), expected) << entry.name;
+  for (const MenuRow& row : MenuTable()) {
+    const QString expected = row.line == 0 ? QString(row.caption) : QString("line %1").arg(row.line);
+    EXPECT_EQ(Shown(*Action(row.name)), expected) << row.name;
   }
 }
 
@@ -134,17 +152,20 @@ TEST_F(MainMenuTest, KeepsItsOwnCaptionWhereTheLanguageHasAnEmptyLine) {
   EXPECT_EQ(Shown(*Action("mnuLingue")), "Lingue");
 }
 
-TEST_F(MainMenuTest, GivesEachEntryAMnemonicOfItsOwnInEitherLanguage) {
-  for (const char* language : {"Italiano.lng", "English.lng"}) {
+TEST_F(MainMenuTest, GivesEachEntryAMnemonicOfItsOwnInEveryLanguage) {
+  const QStringList languages = QDir(DOSMARA_PROGRAM_DATA).entryList({"*.lng"});
+  ASSERT_TRUE(languages.contains("Italiano.lng") && languages.contains("English.lng"));
+  for (const QString& language : languages) {
+    SCOPED_TRACE(language.toStdString());
     LoadLanguage(DOSMARA_PROGRAM_DATA, language);
     menu_.InitMessaggi();
     std::set<std::pair<QObject*, QKeySequence>> taken;
-    for (const Entry& entry : kTree) {
-      const QAction& action = *Action(entry.name);
+    for (const MenuRow& row : MenuTable()) {
+      const QAction& action = *Action(row.name);
       const QKeySequence mnemonic = QKeySequence::mnemonic(action.text());
-      EXPECT_EQ(mnemonic.isEmpty(), Shown(action).isEmpty()) << entry.name;
+      EXPECT_EQ(mnemonic.isEmpty(), Shown(action).isEmpty()) << row.name;
       if (!mnemonic.isEmpty()) {
-        EXPECT_TRUE(taken.emplace(action.associatedObjects().constFirst(), mnemonic).second) << entry.name;
+        EXPECT_TRUE(taken.emplace(action.associatedObjects().constFirst(), mnemonic).second) << row.name;
       }
     }
   }
@@ -157,14 +178,14 @@ TEST_F(MainMenuTest, ShowsAnAmpersandOfTheLanguageFile) {
 }
 
 TEST_F(MainMenuTest, NamesTheFormOfEachClick) {
-  for (const Entry& entry : kTree) {
+  for (const MenuRow& row : MenuTable()) {
     clicks_.clear();
-    if (*entry.form != '\0') {
-      Action(entry.name)->trigger();
-      ASSERT_EQ(clicks_.size(), 1u) << entry.name;
-      EXPECT_STREQ(clicks_[0].form, entry.form) << entry.name;
-      const bool clears = QString(entry.name) == "ssmnuCancella";
-      EXPECT_EQ(clicks_[0].act, clears ? MenuAct::kUnloadAndShowForm : MenuAct::kShowForm) << entry.name;
+    if (row.form != nullptr) {
+      Action(row.name)->trigger();
+      ASSERT_EQ(clicks_.size(), 1u) << row.name;
+      EXPECT_STREQ(clicks_[0].form, row.form) << row.name;
+      const bool clears = QString(row.name) == "ssmnuCancella";
+      EXPECT_EQ(clicks_[0].act, clears ? MenuAct::kUnloadAndShowForm : MenuAct::kShowForm) << row.name;
     }
   }
 }

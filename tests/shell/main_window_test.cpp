@@ -18,6 +18,7 @@
 #include "store/failure.h"
 #include "store/parameter_table.h"
 #include "support/box_recorder.h"
+#include "support/language_action.h"
 #include "support/program_folder.h"
 #include "support/wait_until.h"
 #include "tour/machine_process.h"
@@ -103,6 +104,8 @@ class MainWindowTest : public testing::Test {
     ASSERT_TRUE(Action(name)->isEnabled()) << name;
     Action(name)->trigger();
   }
+  QAction& Language(const char* name) { return LanguageAction(*window_, name); }
+  QStringList LanguageFiles() const { return QDir(folder_.path()).entryList({"*.lng"}); }
   QMdiArea* Area() { return window_->findChild<QMdiArea*>("MDIBackground1"); }
   QString ActiveForm() {
     QMdiSubWindow* frame = Area()->activeSubWindow();
@@ -130,9 +133,11 @@ TEST_F(MainWindowStart, ConnectsAndNamesItself) {
   EXPECT_EQ(QDir::currentPath(), QDir(folder_.path()).canonicalPath());
   EXPECT_EQ(Action("smnuExit")->iconText(), "Esci");
   EXPECT_TRUE(Action("mnuCox(1)")->isChecked());
-  EXPECT_TRUE(Action("smnuLingue(1)")->isChecked());
-  EXPECT_EQ(Action("smnuLingue(1)")->iconText(), "Italiano");
-  EXPECT_FALSE(Action("smnuLingue(2)")->isVisible());
+  EXPECT_TRUE(Language("Italiano").isChecked());
+  for (int n = 0; n < 10; ++n) {
+    const bool shown = Action(qPrintable(QString("smnuLingue(%1)").arg(n)))->isVisible();
+    EXPECT_EQ(shown, n < LanguageFiles().size()) << n;
+  }
   EXPECT_TRUE(NodePresent[0]);
   EXPECT_GT(NodeRecordCount[0], 300);
 }
@@ -145,10 +150,12 @@ TEST_F(MainWindowStart, FitsTheScreenWithItsFrame) {
   EXPECT_LE(window_->normalGeometry().height(), screen.height() - 40);
 }
 
-TEST_F(MainWindowStart, LoadsTheMainWindowFirstAndFrmSerSecond) {
-  ASSERT_EQ(LoadedForms.size(), 2u);
-  EXPECT_EQ(UpperName(*LoadedForms[0]), "MDIFORM1");
-  EXPECT_EQ(UpperName(*LoadedForms[1]), "FRMSER");
+TEST_F(MainWindowStart, CountsNeitherItselfNorFrmSerAmongTheLoadedForms) {
+  StartOnAMachine();
+  EXPECT_TRUE(LoadedForms.empty());
+  Click("smnuDosi");
+  ASSERT_EQ(LoadedForms.size(), 1u);
+  EXPECT_EQ(LoadedForms[0], FindForm("FrmDosi"));
 }
 
 TEST_F(MainWindowStart, EnablesFormsAndPortsWhenTheLinkRuns) {
@@ -192,8 +199,9 @@ TEST_F(MainWindowStart, EndsWhenTheLanguageCannotBeLoaded) {
 }
 
 TEST_F(MainWindowStart, EndsWithoutAnyLanguageFile) {
-  QFile::remove(folder_.path() + "/Italiano.lng");
-  QFile::remove(folder_.path() + "/English.lng");
+  for (const QString& name : LanguageFiles()) {
+    QFile::remove(folder_.path() + "/" + name);
+  }
   EXPECT_THROW(window_->Load(), ProgramEnds);
   const Box expected = {"Reinstall program\nFile missing!", "Error", BoxStyle::kCritical};
   EXPECT_EQ(screen_.boxes, std::vector<Box>{expected});
@@ -271,7 +279,9 @@ TEST_F(MainWindowForms, CloseBeforeTheCountersAreCleared) {
   EXPECT_EQ(FindForm("FrmDosi"), nullptr);
   EXPECT_EQ(FindForm("FrmTempi"), nullptr);
   EXPECT_EQ(ActiveForm(), "FrmCancella");
-  EXPECT_EQ(LoadedForms.size(), 3u);
+  EXPECT_EQ(LoadedForms.size(), 1u);
+  EXPECT_TRUE(window_->isVisible());
+  EXPECT_TRUE(window_->findChild<QTimer*>("Timer1")->isActive()) << "the link goes on";
 }
 
 TEST_F(MainWindowForms, StandInTheListOfWindows) {
@@ -329,7 +339,7 @@ TEST_F(MainWindowForms, FollowTheirWordsWhenTheLanguageChanges) {
   QWidget& form = *FindForm("FrmDosi");
   const QSize before = form.size();
   words_size = {500, 300};
-  Click("smnuLingue(0)");
+  Language("English").trigger();
   EXPECT_NE(before, QSize(500, 300));
   EXPECT_EQ(form.size(), QSize(500, 300));
 }
@@ -340,7 +350,7 @@ TEST_F(MainWindowForms, FollowTheirWordsWhenTheyComeBackFromTheFullArea) {
   QMdiSubWindow* frame = Area()->activeSubWindow();
   frame->showMaximized();
   words_size = {500, 300};
-  Click("smnuLingue(0)");
+  Language("English").trigger();
   EXPECT_TRUE(frame->isMaximized());
   frame->showNormal();
   EXPECT_TRUE(WaitUntil([&] { return frame->widget()->size() == QSize(500, 300); }));
@@ -352,10 +362,10 @@ TEST_F(MainWindowLanguage, ChangesMenusAndOpenFormsAtOnce) {
   Click("smnuTempi");
   const qsizetype dosi = history["FrmDosi"].count("captions");
   const qsizetype tempi = history["FrmTempi"].count("captions");
-  Click("smnuLingue(0)");
+  Language("English").trigger();
   EXPECT_EQ(Action("smnuExit")->iconText(), "Exit");
-  EXPECT_TRUE(Action("smnuLingue(0)")->isChecked());
-  EXPECT_FALSE(Action("smnuLingue(1)")->isChecked());
+  EXPECT_TRUE(Language("English").isChecked());
+  EXPECT_FALSE(Language("Italiano").isChecked());
   EXPECT_GT(history["FrmDosi"].count("captions"), dosi);
   EXPECT_GT(history["FrmTempi"].count("captions"), tempi);
   EXPECT_EQ(folder_.Read("dosmara.ini"), "Com=1\nLingua=English\n");
@@ -365,19 +375,19 @@ TEST_F(MainWindowLanguage, ReachesTheFormThatIsActiveAlready) {
   StartOnAMachine();
   Click("smnuDosi");
   const qsizetype dosi = history["FrmDosi"].count("captions");
-  Click("smnuLingue(0)");
+  Language("English").trigger();
   EXPECT_GT(history["FrmDosi"].count("captions"), dosi);
 }
 
 TEST_F(MainWindowLanguage, StaysWhenTheFileDoesNotFit) {
   StartOnAMachine();
   folder_.Write("English.lng", "File\nExit\n");
-  Click("smnuLingue(0)");
+  Language("English").trigger();
   const Box expected = {"Check file message !!!", "Wrong file", BoxStyle::kExclamation};
   EXPECT_EQ(screen_.boxes, std::vector<Box>{expected});
   EXPECT_EQ(Action("smnuExit")->iconText(), "Esci");
-  EXPECT_TRUE(Action("smnuLingue(1)")->isChecked());
-  EXPECT_FALSE(Action("smnuLingue(0)")->isChecked());
+  EXPECT_TRUE(Language("Italiano").isChecked());
+  EXPECT_FALSE(Language("English").isChecked());
   EXPECT_EQ(folder_.Read("dosmara.ini"), "Com=1\nLingua=Italiano\n");
 }
 

@@ -78,6 +78,16 @@ TEST(FindFile, PrefersTheExactName) {
   EXPECT_EQ(FindFile(folder.path(), "dosmara.ini"), folder.path() + "/dosmara.ini");
 }
 
+TEST(FindFile, TakesTheSignsOfAFilterForWhatTheyAre) {
+  ProgramFolder folder;
+  folder.Write("dosmara1.ini", "x");
+  for (const char* name : {"dosmara[1].ini", "dosmara*.ini", "dosmara?.ini", "dosmara[!2].ini"}) {
+    EXPECT_EQ(FindFile(folder.path(), name), "") << name;
+  }
+  folder.Write("DOSMARA[1].INI", "y");
+  EXPECT_EQ(FindFile(folder.path(), "dosmara[1].ini"), folder.path() + "/DOSMARA[1].INI");
+}
+
 TEST(FindFile, PassesOverAFolderOfThatName) {
   ProgramFolder folder;
   QDir(folder.path()).mkdir("English.lng");

@@ -32,7 +32,7 @@ LinkFixture::LinkFixture() {
   LinkAttach(host_);
   host_.OpenPort(1);
   host_.opened.clear();
-  LoadedForms = {&main_window_, &frm_ser_, &form_};
+  LoadedForms = {&form_};
 }
 
 LinkFixture::~LinkFixture() { LoadedForms.clear(); }

@@ -69,8 +69,6 @@ class LinkFixture : public ::testing::Test {
 
   VirtualHost host_;
   SimulatedBoard board_;
-  ListeningForm main_window_;
-  ListeningForm frm_ser_;
   ListeningForm form_;
 };
 

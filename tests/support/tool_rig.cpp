@@ -14,6 +14,8 @@ ToolRig::ToolRig() {
   for (const QFileInfo& file : QDir(DOSMARA_PROGRAM_DATA).entryInfoList(QDir::Files)) {
     QFile::copy(file.filePath(), folder_.path() + "/" + file.fileName());
   }
+  // The words on the screen are those that the tests expect, however many languages there are.
+  folder_.Write("dosmara.ini", "Com=1\nLingua=English\n");
   for (int port = kFirstPort; port <= kLastPort; ++port) {
     QFile::link(folder_.path() + "/unplugged", PortLink(port));
   }

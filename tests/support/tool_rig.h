@@ -12,8 +12,8 @@
 
 namespace dosmara {
 
-// A program folder of its own with all index and language files. Its four ports lead nowhere until a machine
-// is started on them, whatever serial ports the system has.
+// A program folder of its own with all index and language files, and settings that choose English. Its four
+// ports lead nowhere until a machine is started on them, whatever serial ports the system has.
 class ToolRig {
  public:
   ToolRig();

@@ -111,7 +111,6 @@ TEST_F(Connects, TriesASilentMainBoardAgainOnRetry) {
 }
 
 TEST_F(Connects, FindsTheMachineOnAnotherPortThanTheSettingsSay) {
-  rig_.folder().Write("dosmara.ini", "Com=1\nLingua=English\n");
   machine_ = &rig_.StartMachine(3);
   EXPECT_TRUE(ToolStarts());
   EXPECT_EQ(PortNumber, 3);

@@ -3,6 +3,7 @@
 #include <QAbstractButton>
 #include <QLabel>
 
+#include "support/language_action.h"
 #include "system/system_test.h"
 
 namespace dosmara {
@@ -132,10 +133,9 @@ TEST_F(Doses, ABoardThatIsTakenAwayGreysTheFormUntilItIsBack) {
 }
 
 TEST_F(Doses, AnotherLanguageReachesTheOpenForm) {
-  rig_.folder().Write("dosmara.ini", "Com=1\nLingua=English\n");
   ConnectWithDoses();
   EXPECT_EQ(doses_->windowTitle(), "Doses");
-  Click("smnuLingue(1)");
+  LanguageAction(window(), "Italiano").trigger();
   EXPECT_EQ(doses_->windowTitle(), "Dosi");
   EXPECT_EQ(Shown(0), "55");
   EXPECT_EQ(rig_.folder().Read("dosmara.ini"), "Com=1\nLingua=Italiano\n");

@@ -30,6 +30,14 @@ TEST_F(CaptionFileCheck, KeepsABlankAtTheEndOfACaption) {
   EXPECT_EQ(Read(kHeader + "1|Abil.sens.zeth |Sensor\n")[0].lines[0], "Abil.sens.zeth ");
 }
 
+TEST_F(CaptionFileCheck, GivesALanguageTheWordsOfTheFirstWhereItsCellIsEmpty) {
+  const auto languages =
+      Read("line|Italiano|English|Deutsch\n1|Esci||Beenden\n2|;-- Tempi|;-- Times|\n3-4|A {code}||\n");
+  ASSERT_EQ(languages.size(), 3u);
+  EXPECT_EQ(languages[1].lines, (std::vector<std::string>{"Esci", ";-- Times", "A 000", "A 001"}));
+  EXPECT_EQ(languages[2].lines, (std::vector<std::string>{"Beenden", ";-- Tempi", "A 000", "A 001"}));
+}
+
 TEST_F(CaptionFileCheck, CountsTheCodesOfARangeFromZeroInThreeDigits) {
   const auto lines = Read(kHeader + "1-101|Allarme {code}|Alarm {code}\n")[1].lines;
   ASSERT_EQ(lines.size(), 101u);
@@ -59,11 +67,16 @@ const Mistake kMistakes[] = {
     {"ADoubledLine", kHeader + "7|a|b\n8|a|b\n7|a|b\n", "4: line 7 stands in line 2 already"},
     {"OverlappingRanges", kHeader + "1-5|a|b\n4-8|a|b\n", "3: line 4 stands in line 2 already"},
     {"AMissingFirstLanguage", kHeader + "7||b\n", "2: Italiano is missing"},
-    {"AMissingSecondLanguage", kHeader + "7|a|\n", "2: English is missing"},
-    {"TooFewCells", kHeader + "7|a\n", "2: has 2 cells"},
+    {"ACellTooFew", kHeader + "6|a|b\n7|a\n", "3: 2 cells, 3 wanted: English"},
+    {"TwoCellsTooFew", "line|Italiano|English|Deutsch\n7|a\n", "2: 2 cells, 4 wanted: English, Deutsch"},
+    {"ACellTooFewForAFurtherLanguage", "line|Italiano|English|Deutsch\n7|a|b\n",
+     "2: 3 cells, 4 wanted: Deutsch"},
+    {"ACellTooMany", kHeader + "7|a|b|c\n", "2: 4 cells, 3 wanted"},
     {"ALineBeyondTheTable", kHeader + "651|a|b\n", "2: line '651' is no number from 1 to 650"},
     {"LineNought", kHeader + "0|a|b\n", "2: line '0' is no number from 1 to 650"},
     {"AnOverlongCaption", kHeader + "7|a|" + Accents(61) + "\n", "2: English has more than 60 characters"},
+    {"AnOverlongCaptionOfTheFirstLanguage", kHeader + "7|" + Accents(61) + "|\n",
+     "2: Italiano has more than 60 characters"},
     {"AMarkerInTheFirstLanguageOnly", kHeader + "7|;-- Tempi|Times\n",
      "2: is a marker in some languages only"},
     {"AMarkerInTheSecondLanguageOnly", kHeader + "7|Tempi|;-- Times\n",

@@ -61,6 +61,9 @@ TEST_F(ProgramData, SaysFileAndLineOfAMistakeInOneLine) {
   Table("line|English\n1|\n");
   EXPECT_EQ(Run("captions t.tsv out"), 1);
   EXPECT_EQ(ReadWhole(folder_ / "said"), "t.tsv:2: English is missing\n");
+  Table("line|English|Deutsch\n1|Exit\n");
+  EXPECT_EQ(Run("captions t.tsv out"), 1);
+  EXPECT_EQ(ReadWhole(folder_ / "said"), "t.tsv:2: 2 cells, 3 wanted: Deutsch\n");
 }
 
 TEST_F(ProgramData, SaysWhatItTakesWhenTheArgumentsAreWrong) {

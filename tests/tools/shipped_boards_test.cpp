@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // The index files that come with the tool, against the record numbers that its windows count on.
+#include <algorithm>
 #include <set>
 #include <sstream>
 
@@ -60,6 +61,8 @@ std::vector<Record> ReadBoard(int node) {
   }
   return records;
 }
+
+// The tables below hold what the established windows count on. A board may have further records.
 
 // Records that windows read or write, first to last, and their width.
 struct Width {
@@ -150,24 +153,30 @@ void ExpectMirrors(int node, const Mirrors (&mirrors)[N]) {
   }
 }
 
-std::set<int> Polled(int node) {
+// Those of the records in `widths` that are read over and over.
+template <std::size_t N>
+std::set<int> Polled(int node, const Width (&widths)[N]) {
   std::set<int> polled;
   const auto records = ReadBoard(node);
-  for (std::size_t i = 1; i < records.size(); ++i) {
-    if (records[i].period != 0) {
-      polled.insert(static_cast<int>(i));
+  for (const Width& run : widths) {
+    for (int i = run.first; i <= run.last; ++i) {
+      if (records.at(i).period != 0) {
+        polled.insert(i);
+      }
     }
   }
   return polled;
 }
 
 TEST(ShippedBoards, HoldAsManyRecordsAsTheirWindowsNameAndASpare) {
-  EXPECT_EQ(ReadBoard(kMain).size() - 1, 387u);
-  EXPECT_EQ(ReadBoard(kHotDrinks).size() - 1, 597u);
-  EXPECT_EQ(ReadBoard(kZeth).size() - 1, 376u);
-  EXPECT_EQ(ReadBoard(kZeth2).size() - 1, 376u);
+  EXPECT_GE(ReadBoard(kMain).size() - 1, 387u);
+  EXPECT_GE(ReadBoard(kHotDrinks).size() - 1, 597u);
+  EXPECT_GE(ReadBoard(kZeth).size() - 1, 376u);
+  EXPECT_GE(ReadBoard(kZeth2).size() - 1, 376u);
   for (int node = 0; node < 4; ++node) {
-    EXPECT_EQ(ReadBoard(node).back().name, "spare");
+    const auto records = ReadBoard(node);
+    EXPECT_EQ(records.back().name, "spare");
+    EXPECT_EQ(std::ranges::count(records, "spare", &Record::name), 1);
   }
 }
 
@@ -211,10 +220,11 @@ TEST(ShippedBoards, PollOnlyStatusGatesClockAlarmsAndReadBacks) {
   for (int i = 142; i <= 201; ++i) {
     main.insert(i);
   }
-  EXPECT_EQ(Polled(kMain), main);
-  EXPECT_EQ(Polled(kHotDrinks), (std::set<int>{541, 542, 544, 545, 546, 547, 548, 549, 550}));
-  EXPECT_EQ(Polled(kZeth), (std::set<int>{287, 288, 289, 290}));
-  EXPECT_EQ(Polled(kZeth2), (std::set<int>{287, 288, 289, 290}));
+  EXPECT_EQ(Polled(kMain, kMainWidths), main);
+  EXPECT_EQ(Polled(kHotDrinks, kHotDrinksWidths),
+            (std::set<int>{541, 542, 544, 545, 546, 547, 548, 549, 550}));
+  EXPECT_EQ(Polled(kZeth, kZethWidths), (std::set<int>{287, 288, 289, 290}));
+  EXPECT_EQ(Polled(kZeth2, kZethWidths), (std::set<int>{287, 288, 289, 290}));
 }
 
 TEST(ShippedBoards, NeverLetASilentBoardHoldTheLink) {

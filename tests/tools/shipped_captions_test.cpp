@@ -1,8 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // The language files that come with the tool.
 #include <algorithm>
+#include <map>
 #include <sstream>
 
+#include "data/caption_file.h"
 #include "tools/table_test.h"
 
 namespace dosmara {
@@ -20,65 +22,72 @@ Lines ReadLanguage(const std::string& name) {
   return lines;
 }
 
-// First and last of each run of lines that the windows read.
-constexpr int kLinesInUse[][2] = {
+// First and last of each run of lines that the established windows read. What any window shows is held by the
+// test of every form.
+constexpr int kEstablished[][2] = {
     {1, 45},    {47, 56},   {58, 81},   {86, 86},   {88, 113},  {115, 116}, {118, 119}, {121, 123},
     {127, 127}, {129, 140}, {142, 146}, {148, 152}, {154, 155}, {157, 161}, {163, 163}, {165, 171},
     {175, 177}, {180, 199}, {204, 206}, {210, 210}, {213, 214}, {219, 226}, {228, 228}, {230, 236},
     {240, 242}, {244, 254}, {256, 259}, {261, 269}, {274, 280}, {283, 328}, {330, 331}, {334, 335},
     {338, 393}, {395, 399}, {401, 401}, {403, 606}, {614, 625}, {641, 650}};
 
-bool InUse(int line) {
-  return std::any_of(std::begin(kLinesInUse), std::end(kLinesInUse),
-                     [line](const auto& run) { return run[0] <= line && line <= run[1]; });
-}
-
 bool IsMarker(const std::string& line) { return line.starts_with(";--"); }
 
-TEST(ShippedCaptions, BothLanguagesHaveAsManyLines) {
-  EXPECT_EQ(ReadLanguage("Italiano").size(), 651u);
-  EXPECT_EQ(ReadLanguage("English").size(), 651u);
+// The languages that there are, each with the lines of its file.
+std::map<std::string, Lines> Languages() {
+  std::map<std::string, Lines> languages;
+  for (const Language& language : ReadCaptions(CAPTIONS)) {
+    languages[language.name] = ReadLanguage(language.name);
+  }
+  return languages;
+}
+
+TEST(ShippedCaptions, ItalianAndEnglishAreAmongTheLanguages) {
+  EXPECT_TRUE(Languages().contains("Italiano"));
+  EXPECT_TRUE(Languages().contains("English"));
+}
+
+TEST(ShippedCaptions, AllLanguagesHaveAsManyLines) {
+  for (const auto& [name, lines] : Languages()) {
+    EXPECT_EQ(lines.size(), 651u) << name;
+  }
 }
 
 TEST(ShippedCaptions, NoCaptionIsMissing) {
-  for (const char* language : {"Italiano", "English"}) {
-    const Lines lines = ReadLanguage(language);
-    for (int line = 1; line <= 650; ++line) {
-      if (!InUse(line)) {
-        continue;
+  for (const auto& [name, lines] : Languages()) {
+    for (const auto& [first, last] : kEstablished) {
+      for (int line = first; line <= last; ++line) {
+        EXPECT_FALSE(lines.at(line).empty()) << name << " line " << line;
+        EXPECT_FALSE(IsMarker(lines.at(line))) << name << " line " << line;
       }
-      EXPECT_FALSE(lines.at(line).empty()) << language << " line " << line;
-      EXPECT_FALSE(IsMarker(lines.at(line))) << language << " line " << line;
     }
   }
 }
 
-TEST(ShippedCaptions, MarkersStandAtTheSameLinesOfBothLanguages) {
+TEST(ShippedCaptions, MarkersStandAtTheSameLinesOfAllLanguages) {
   const Lines italian = ReadLanguage("Italiano");
-  const Lines english = ReadLanguage("English");
-  int markers = 0;
-  for (std::size_t line = 1; line < italian.size(); ++line) {
-    EXPECT_EQ(IsMarker(italian[line]), IsMarker(english.at(line))) << "line " << line;
-    markers += IsMarker(italian[line]);
+  EXPECT_GT(std::ranges::count_if(italian, IsMarker), 10);
+  for (const auto& [name, lines] : Languages()) {
+    for (std::size_t line = 1; line < italian.size(); ++line) {
+      EXPECT_EQ(IsMarker(italian[line]), IsMarker(lines.at(line))) << name << " line " << line;
+    }
   }
-  EXPECT_GT(markers, 10);
 }
 
-TEST(ShippedCaptions, NothingStandsOnALineThatNoWindowReads) {
-  const Lines lines = ReadLanguage("English");
-  for (int line = 1; line <= 650; ++line) {
-    if (InUse(line) || lines.at(line).empty()) {
-      continue;
+TEST(ShippedCaptions, AWordOfOneLanguageIsOneOfAll) {
+  const Lines italian = ReadLanguage("Italiano");
+  for (const auto& [name, lines] : Languages()) {
+    for (std::size_t line = 1; line < italian.size(); ++line) {
+      EXPECT_EQ(italian[line].empty(), lines.at(line).empty()) << name << " line " << line;
     }
-    EXPECT_TRUE(IsMarker(lines[line])) << "line " << line;
   }
 }
 
 TEST(ShippedCaptions, CaptionsAreShortEnoughForTheirPlace) {
-  for (const char* language : {"Italiano", "English"}) {
-    for (const std::string& line : ReadLanguage(language)) {
+  for (const auto& [name, lines] : Languages()) {
+    for (const std::string& line : lines) {
       EXPECT_LE(std::count_if(line.begin(), line.end(), [](char c) { return (c & 0xC0) != 0x80; }), 40)
-          << line;
+          << name << ": " << line;
     }
   }
 }

@@ -55,28 +55,31 @@ class CaptionReader {
 
   void ReadRow(const TableRow& row) {
     const std::vector<int> numbers = ParseRange(file_, row.line, "line", row.cells[0], 1, kMostCaptionLines);
-    CheckCells(row);
+    const std::vector<std::string> captions = CaptionsOf(row);
     for (std::size_t i = 0; i < numbers.size(); ++i) {
       if (!Claim(row.line, numbers[i], numbers.size() == 1)) {
         continue;
       }
       for (std::size_t k = 0; k < languages_.size(); ++k) {
-        Put(languages_[k], numbers[i], ExpandCode(row.cells[k + 1], static_cast<int>(i)));
+        Put(languages_[k], numbers[i], ExpandCode(captions[k], static_cast<int>(i)));
       }
     }
   }
 
-  void CheckCells(const TableRow& row) const {
-    if (row.cells.size() != languages_.size() + 1) {
-      throw TableError(file_, row.line, "has " + std::to_string(row.cells.size()) + " cells");
+  // The row's caption in each language. An empty cell takes the caption of the first language.
+  std::vector<std::string> CaptionsOf(const TableRow& row) const {
+    CheckCount(row);
+    std::vector<std::string> captions(row.cells.begin() + 1, row.cells.end());
+    const std::string first = captions[0];
+    if (first.empty()) {
+      throw TableError(file_, row.line, languages_[0].name + " is missing");
     }
-    const bool marker = row.cells[1].starts_with(kMarker);
-    for (std::size_t k = 0; k < languages_.size(); ++k) {
-      const std::string& caption = row.cells[k + 1];
+    for (std::size_t k = 0; k < captions.size(); ++k) {
+      std::string& caption = captions[k];
       if (caption.empty()) {
-        throw TableError(file_, row.line, languages_[k].name + " is missing");
+        caption = first;
       }
-      if (caption.starts_with(kMarker) != marker) {
+      if (caption.starts_with(kMarker) != first.starts_with(kMarker)) {
         throw TableError(file_, row.line, "is a marker in some languages only");
       }
       if (CharacterCount(caption) > kLongestCaption) {
@@ -85,6 +88,21 @@ class CaptionReader {
             languages_[k].name + " has more than " + std::to_string(kLongestCaption) + " characters");
       }
     }
+    return captions;
+  }
+
+  // Every language has a cell in every row. A row with too few cells is refused by the languages that it
+  // lacks.
+  void CheckCount(const TableRow& row) const {
+    const std::size_t wanted = languages_.size() + 1;
+    if (row.cells.size() == wanted) {
+      return;
+    }
+    std::string message = std::to_string(row.cells.size()) + " cells, " + std::to_string(wanted) + " wanted";
+    for (std::size_t k = row.cells.size(); k < wanted; ++k) {
+      message += (k == row.cells.size() ? ": " : ", ") + languages_[k - 1].name;
+    }
+    throw TableError(file_, row.line, message);
   }
 
   // Notes that the row in `row_line` has words for caption line `number`, and tells whether they are used: a

@@ -7,7 +7,8 @@
 //   46       ;-- Tempi       ;-- Times     a section marker, at the same line of every language
 //   403-606  Allarme {code}  Alarm {code}  {code} counts the range from 000; a row of one line overrides it
 //
-// A line that no row has is empty in every language.
+// A further language is a further column. Every row has a cell for it; where the cell is empty, the language
+// has the words of the first one. A line that no row has is empty in every language.
 #pragma once
 
 #include <filesystem>

@@ -6,7 +6,6 @@
 #include <algorithm>
 #include <vector>
 
-#include "controls/progress_line.h"
 #include "shell/caption_table.h"
 #include "shell/msg_box.h"
 #include "tour/steps.h"
@@ -15,8 +14,6 @@
 namespace dosmara {
 
 namespace {
-
-constexpr int kReadMs = 20000;
 
 // Counters that lie behind each other in a board and on labels of a form, and what they have counted.
 struct Page {
@@ -30,7 +27,6 @@ struct Page {
 
 // A window of counters.
 struct Window {
-  const char* entry;
   const char* form;
   const char* picture;
   std::vector<Page> pages;
@@ -39,12 +35,6 @@ struct Window {
 // Money has two decimals here, as the machine does.
 QString Shown(double value, bool money) {
   return QString::number(money ? value / 100 : value, 'f', money ? 2 : 0);
-}
-
-void AwaitRead(Tour& tour, QWidget& form) {
-  const auto* line = form.findChild<ProgressLine*>();
-  tour.Expect(line != nullptr, "no line of progress");
-  tour.Await([&] { return line->Share() == 1; }, "it is not read to its end", kReadMs);
 }
 
 void ExpectShown(Tour& tour, QWidget& form, const Page& page) {
@@ -66,7 +56,7 @@ void VisitCounters(Tour& tour, const Window& window) {
         tour.machine().Set(page.node, page.first_record + n, page.counted[n]);
       }
     }
-    form = &tour.Open(window.entry, window.form);
+    form = &tour.Open(window.form);
     AwaitRead(tour, *form);
     for (const Page& page : window.pages) {
       ExpectShown(tour, *form, page);
@@ -125,8 +115,7 @@ void PressAndAgree(Tour& tour, QAbstractButton& button) {
 }  // namespace
 
 void VisitTotals(Tour& tour) {
-  VisitCounters(tour, {"ssmnuTotali",
-                       "FrmTotali",
+  VisitCounters(tour, {"FrmTotali",
                        "totals",
                        {{"Label4", 0, kMainBoard, 127, {4871250}, true},
                         {"Label4", 1, kMainBoard, 123, {61402}},
@@ -140,24 +129,21 @@ void VisitTotals(Tour& tour) {
 void VisitCoinCounters(Tour& tour) {
   VisitCounters(
       tour,
-      {"ssmnuMonete",
-       "FrmMonete",
+      {"FrmMonete",
        "coins",
        {{"Label2", 0, kMainBoard, 107, {212, 618, 1493, 977, 840, 305, 0, 0, 0, 0, 0, 0, 0, 0, 0, 3}}}});
 }
 
 void VisitJugCounters(Tour& tour) {
-  VisitCounters(
-      tour, {"ssmnuBricco", "FrmBricco", "jugs", {{"Label2", 0, kHotDrinks, 104, {31, 12, 0, 7, 18, 0, 0, 4,
-                                                                                  9,  0,  0, 2, 0,  0, 5, 0,
-                                                                                  0,  1,  0, 0, 0,  6}}}});
+  VisitCounters(tour,
+                {"FrmBricco", "jugs", {{"Label2", 0, kHotDrinks, 104, {31, 12, 0, 7, 18, 0, 0, 4, 9, 0, 0, 2,
+                                                                       0,  0,  5, 0, 0,  1, 0, 0, 0, 6}}}});
 }
 
 void VisitMdbAudit(Tour& tour) {
-  VisitCounters(tour, {"ssmnuMDBaudit",
-                       "FrmMDBaudit",
-                       "mdb_audit",
-                       {{"Label2", 0, kMainBoard, 339, {96500, 21340, 3800, 17250, 4120, 60}}}});
+  VisitCounters(
+      tour,
+      {"FrmMDBaudit", "mdb_audit", {{"Label2", 0, kMainBoard, 339, {96500, 21340, 3800, 17250, 4120, 60}}}});
 }
 
 void VisitAlarms(Tour& tour) {
@@ -167,7 +153,7 @@ void VisitAlarms(Tour& tour) {
                 "the machine raises no alarm");
     const QStringList raised = NewestAlarm(tour);
     tour.Expect(raised.last() == Caption(kAlarmTexts + kRaised), "the machine has logged another alarm");
-    form = &tour.Open("smnuAllarmi", "FrmAllarmi");
+    form = &tour.Open("FrmAllarmi");
     AwaitRead(tour, *form);
     const auto& list = tour.Control<QTreeWidget>(*form, "ListView1");
     tour.Await([&] { return FirstLine(list) == raised; }, "the alarm is not listed");
@@ -180,7 +166,7 @@ void VisitAlarms(Tour& tour) {
 
 void VisitClearing(Tour& tour) {
   QWidget* form = nullptr;
-  tour.Step("FrmCancella opens", [&] { form = &tour.Open("ssmnuCancella", "FrmCancella"); });
+  tour.Step("FrmCancella opens", [&] { form = &tour.Open("FrmCancella"); });
   if (form == nullptr) {
     return;
   }

@@ -72,24 +72,6 @@ bool LampsShow(Tour& tour, QWidget& form, int first_lamp, int record) {
   return true;
 }
 
-// What the graph reads, which the windows that close beside it read too.
-constexpr Records kRecordsOfGraph[] = {{kMainBoard, 312, 2}, {kMainBoard, 357}, {kHotDrinks, 542},
-                                       {kZeth, 52},          {kZeth, 287},      {kZeth2, 52},
-                                       {kZeth2, 287}};
-
-// Closes a form. The graph, which is still open, goes on being told what it shows.
-void CloseBesideGraph(Tour& tour, QWidget& form) {
-  tour.Step(form.objectName() + " closes and leaves the graph its records", [&] {
-    tour.Close(form);
-    for (const Records& run : kRecordsOfGraph) {
-      for (int record = run.first; record < run.first + run.count; ++record) {
-        tour.Expect(ParamTable[run.node][record].Subscribers > 0,
-                    QStringLiteral("record %1 of node %2 is not read any more").arg(record).arg(run.node));
-      }
-    }
-  });
-}
-
 // Whether the lamps of all valves, motors and mixers are as the machine runs them.
 bool AllLampsShow(Tour& tour, QWidget& form) {
   return LampsShow(tour, form, 0, 547) && LampsShow(tour, form, 8, 548) && LampsShow(tour, form, 16, 549);
@@ -101,9 +83,9 @@ void PressKey(Tour& tour, QWidget& form, int key) {
   button.click();
 }
 
-void VisitUnit(Tour& tour, const char* entry, const char* name, int node, const char* picture) {
+void VisitUnit(Tour& tour, const char* name, int node, const char* picture) {
   QWidget* form = nullptr;
-  tour.Step(QString(name) + " opens", [&] { form = &tour.Open(entry, name); });
+  tour.Step(QString(name) + " opens", [&] { form = &tour.Open(name); });
   if (form == nullptr) {
     return;
   }
@@ -130,39 +112,36 @@ void VisitUnit(Tour& tour, const char* entry, const char* name, int node, const 
                "the motors do not run", kTestMs);
     tour.Await([&] { return button.isEnabled(); }, "the form does not open again", kProductMs);
   });
-  CloseBesideGraph(tour, *form);
+  CloseForm(tour, *form);
 }
 
 }  // namespace
 
-QWidget* StartGraph(Tour& tour) {
-  QWidget* form = nullptr;
-  tour.Step("FrmGrafico opens and is put aside", [&] {
-    form = &tour.Open("smnuGrafico", "FrmGrafico");
-    form->parentWidget()->showMinimized();
-  });
-  return form;
+void PutGraphAside(Tour& tour) {
+  tour.Step("FrmGrafico opens and is put aside",
+            [&] { tour.Open("FrmGrafico").parentWidget()->showMinimized(); });
 }
 
-void EndGraph(Tour& tour, QWidget* form) {
-  if (form == nullptr) {
-    return;
-  }
+void ReturnToGraph(Tour& tour) {
+  QWidget* form = nullptr;
   tour.Step("the graph has gone on behind the other windows", [&] {
-    tour.Open("smnuGrafico", "FrmGrafico");
-    auto& chart = tour.Control<StripChart>(*form, "iStripChartX1");
+    form = &tour.Open("FrmGrafico");
+    const auto& chart = tour.Control<StripChart>(*form, "iStripChartX1");
     for (int channel = 0; channel < 3; ++channel) {
-      tour.Expect(chart.Lines(channel).size() == 1, QStringLiteral("channel %1 has no line").arg(channel));
+      tour.Await([&] { return chart.Lines(channel).size() == 1; },
+                 QStringLiteral("channel %1 has no line").arg(channel), kTestMs);
     }
     tour.Picture("graph");
   });
-  CloseForm(tour, *form);
+  if (form != nullptr) {
+    CloseForm(tour, *form);
+  }
 }
 
 void VisitOutputs(Tour& tour) {
   QWidget* form = nullptr;
   tour.Step("FrmInOut opens, and the boards take the test", [&] {
-    form = &tour.Open("ssmnuTest", "FrmInOut");
+    form = &tour.Open("FrmInOut");
     PressTest(tour, *form, kTestRuns);
   });
   if (form == nullptr) {
@@ -182,13 +161,13 @@ void VisitOutputs(Tour& tour) {
       tour.Await([&] { return !Runs(tour, output); }, QString(output.control) + " still runs", kTestMs);
     }
   });
-  CloseBesideGraph(tour, *form);
+  CloseForm(tour, *form);
 }
 
 void VisitSchema(Tour& tour) {
   QWidget* form = nullptr;
   tour.Step("FrmSchema opens and shows a drink on its way", [&] {
-    form = &tour.Open("ssmnuSchema", "FrmSchema");
+    form = &tour.Open("FrmSchema");
     tour.Expect(tour.machine().Command("vend 1 paid").has_value(), "the machine sells nothing");
     tour.Await([&] { return Runs(tour, kPump) && AllLampsShow(tour, *form); },
                "the lamps do not follow the machine", kDrinkMs);
@@ -200,17 +179,16 @@ void VisitSchema(Tour& tour) {
                kDrinkMs);
   });
   if (form != nullptr) {
-    CloseBesideGraph(tour, *form);
+    CloseForm(tour, *form);
   }
 }
 
-void VisitUnits(Tour& tour) {
-  VisitUnit(tour, "ssmnuZeth", "FrmTestZeth", kZeth, "unit_test");
-  VisitUnit(tour, "ssmnuZeth2", "FrmTestZeth2", kZeth2, "unit_test_2");
-}
+void VisitFirstUnit(Tour& tour) { VisitUnit(tour, "FrmTestZeth", kZeth, "unit_test"); }
+
+void VisitSecondUnit(Tour& tour) { VisitUnit(tour, "FrmTestZeth2", kZeth2, "unit_test_2"); }
 
 void VisitClock(Tour& tour) {
-  QWidget* form = OpenAndUnlock(tour, "mnuOrologio", "FrmOrologio", "Text1(0)");
+  QWidget* form = OpenAndUnlock(tour, "FrmOrologio", "Text1(0)");
   if (form == nullptr) {
     return;
   }
@@ -224,7 +202,7 @@ void VisitClock(Tour& tour) {
     tour.Await([&] { return clock.Time().startsWith("13:"); }, "the clock does not follow", kTestMs);
     tour.Picture("clock");
   });
-  CloseBesideGraph(tour, *form);
+  CloseForm(tour, *form);
 }
 
 }  // namespace dosmara

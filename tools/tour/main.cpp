@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// dosmara-tour PROGRAM_FOLDER MACHINE PICTURES
+// dosmara-tour PROGRAM_FOLDER MACHINE PICTURES [FORM...]
 //
 // Starts the machine, runs the tool's own windows against it, prints each step and its result, saves
-// pictures. PROGRAM_FOLDER holds the index and language files. Exits with 1 when a step has failed, with 2
-// when it was called wrongly.
+// pictures: of the forms that are named ("FrmDosi"), else of all. PROGRAM_FOLDER holds the index and language
+// files. Exits with 1 when a step has failed, with 2 when it was called wrongly.
 #include <QApplication>
 #include <QDir>
 #include <cstdio>
@@ -11,6 +11,7 @@
 #include "forms/form_list.h"
 #include "shell/application.h"
 #include "store/failure.h"
+#include "tour/itinerary.h"
 #include "tour/machine_process.h"
 #include "tour/steps.h"
 #include "tour/tour.h"
@@ -20,6 +21,28 @@ namespace {
 // The smallest screen that a technician brings.
 constexpr QSize kLaptop(1366, 768);
 
+// The names of all forms.
+QStringList FormNames() {
+  QStringList names;
+  for (const dosmara::FormEntry& entry : dosmara::FormList()) {
+    names.append(entry.name);
+  }
+  return names;
+}
+
+// What is wrong with the arguments; empty: nothing.
+QString Complaint(const QStringList& arguments) {
+  if (arguments.size() < 4) {
+    return "usage: dosmara-tour PROGRAM_FOLDER MACHINE PICTURES [FORM...]";
+  }
+  for (const QString& name : arguments.mid(4)) {
+    if (!FormNames().contains(name)) {
+      return "dosmara-tour: no form is called " + name + "; there are " + FormNames().join(", ");
+    }
+  }
+  return {};
+}
+
 }  // namespace
 
 int main(int argc, char** argv) {
@@ -27,8 +50,8 @@ int main(int argc, char** argv) {
   QApplication app(argc, argv);
   DressApplication();
   const QStringList arguments = QApplication::arguments();
-  if (arguments.size() != 4) {
-    std::fputs("usage: dosmara-tour PROGRAM_FOLDER MACHINE PICTURES\n", stderr);
+  if (const QString complaint = Complaint(arguments); !complaint.isEmpty()) {
+    std::fprintf(stderr, "%s\n", qPrintable(complaint));
     return 2;
   }
   const QString folder = QDir(arguments[1]).absolutePath();
@@ -53,31 +76,7 @@ int main(int argc, char** argv) {
   });
   if (tour.failures() == 0) {
     VisitMainWindow(tour);
-    VisitDoses(tour);
-    VisitTimes(tour);
-    VisitTemperatures(tour);
-    VisitPreventiveActions(tour);
-    VisitMachineCodes(tour);
-    VisitPrices(tour);
-    VisitDiscounts(tour);
-    VisitPayment(tour);
-    VisitAssignment(tour);
-    VisitOptions(tour);
-    VisitConfiguration(tour);
-    VisitSelectionCounters(tour);
-    VisitTotals(tour);
-    VisitCoinCounters(tour);
-    VisitJugCounters(tour);
-    VisitMdbAudit(tour);
-    VisitAlarms(tour);
-    VisitClearing(tour);
-    QWidget* graph = StartGraph(tour);
-    VisitOutputs(tour);
-    VisitSchema(tour);
-    VisitUnits(tour);
-    VisitClock(tour);
-    EndGraph(tour, graph);
-    VisitInformation(tour);
+    VisitForms(tour, FormList(), arguments.mid(4));
   }
   std::printf("%d failed, pictures in %s\n", tour.failures(), qPrintable(pictures));
   return tour.failures() == 0 ? 0 : 1;

@@ -25,24 +25,18 @@ struct Channel {
 constexpr Channel kChannels[] = {{"SliderX1", 9, {"SliderX4", {kMainBoard, 85, 287}, 512}},
                                  {"SliderX7", 3, {"SliderX6", {kMainBoard, 355, 356}, 8}}};
 
-// One of the two windows of a Zeth unit's positions.
-struct Positions {
-  const char* entry;
-  const char* form;
-  const char* picture;
-  Entry change;
-  const char* bar;
-};
-constexpr Positions kPositionWindows[] = {{"ssmnuPrsett",
-                                           "FrmAssSet",
-                                           "prices_of_positions",
-                                           {"Text1(47)", "30", {kZeth, 48, 263}, 29, "Label1(47)", "30"},
-                                           "HScroll1(47)"},
-                                          {"ssmnuPrsett2",
-                                           "FrmAssSet2",
-                                           "prices_of_positions_2",
-                                           {"Text1(8)", "7", {kZeth2, 9, 224}, 6, "Label1(8)", "7"},
-                                           "HScroll1(8)"}};
+// A window of a Zeth unit's positions: one of them gets another price.
+void VisitPositions(Tour& tour, const char* name, const Entry& change, const char* bar, const char* picture) {
+  QWidget* form = OpenAndUnlock(tour, name, change.box);
+  if (form == nullptr) {
+    return;
+  }
+  tour.Step("a position gets another price, its unit holds it", [&] {
+    TypeHeld(tour, *form, change, bar);
+    tour.Picture(picture);
+  });
+  CloseForm(tour, *form);
+}
 
 void StepOverpayTime(Tour& tour, QWidget& form) {
   const int seconds = static_cast<int>(tour.machine().Get(kMainBoard, 365)) + 1;
@@ -54,7 +48,7 @@ void StepOverpayTime(Tour& tour, QWidget& form) {
 
 void VisitPaymentByMdb(Tour& tour) {
   tour.machine().Set(kMainBoard, 84, kWash + kMdb);
-  QWidget* form = OpenAndUnlock(tour, "smnuPagamento", "FrmPagamento", "txtMDB(4)");
+  QWidget* form = OpenAndUnlock(tour, "FrmPagamento", "txtMDB(4)");
   if (form == nullptr) {
     return;
   }
@@ -78,7 +72,7 @@ void VisitPaymentByMdb(Tour& tour) {
 
 void VisitPaymentByExecutive(Tour& tour) {
   tour.machine().Set(kMainBoard, 84, kWash + kExecutive);
-  QWidget* form = OpenAndUnlock(tour, "smnuPagamento", "FrmPagamento", "SliderX5");
+  QWidget* form = OpenAndUnlock(tour, "FrmPagamento", "SliderX5");
   if (form == nullptr) {
     return;
   }
@@ -94,7 +88,7 @@ void VisitPaymentByExecutive(Tour& tour) {
 }  // namespace
 
 void VisitPrices(Tour& tour) {
-  QWidget* form = OpenAndUnlock(tour, "ssmnuImposta", "FrmPrezzi", "Text1(0)");
+  QWidget* form = OpenAndUnlock(tour, "FrmPrezzi", "Text1(0)");
   if (form == nullptr) {
     return;
   }
@@ -114,7 +108,7 @@ void VisitPrices(Tour& tour) {
 }
 
 void VisitDiscounts(Tour& tour) {
-  QWidget* form = OpenAndUnlock(tour, "ssmnuSconti", "FrmSconti", "Text1(0)");
+  QWidget* form = OpenAndUnlock(tour, "FrmSconti", "Text1(0)");
   if (form == nullptr) {
     return;
   }
@@ -132,33 +126,32 @@ void VisitPayment(Tour& tour) {
   VisitPaymentByMdb(tour);
 }
 
-void VisitAssignment(Tour& tour) {
-  QWidget* form = OpenAndUnlock(tour, "ssmnuPrsel", "FrmAssSel", "Text1(0)");
-  if (form != nullptr) {
-    tour.Step("a selection gets another price, the milk its own", [&] {
-      TypeHeld(tour, *form, {"Text1(16)", "25", {kHotDrinks, 17, 495}, 24, "Label1(16)", "25"},
-               "HScroll1(16)");
-      TypeHeld(tour, *form, {"Text2(1)", "0,35", {kMainBoard, 43, 245}, 35, "Label1(31)", "0.35"},
-               "HScroll1(31)");
-      tour.Picture("prices_of_selections");
-    });
-    CloseForm(tour, *form);
+void VisitPricesOfSelections(Tour& tour) {
+  QWidget* form = OpenAndUnlock(tour, "FrmAssSel", "Text1(0)");
+  if (form == nullptr) {
+    return;
   }
-  for (const Positions& window : kPositionWindows) {
-    form = OpenAndUnlock(tour, window.entry, window.form, window.change.box);
-    if (form == nullptr) {
-      continue;
-    }
-    tour.Step("a position gets another price, its unit holds it", [&] {
-      TypeHeld(tour, *form, window.change, window.bar);
-      tour.Picture(window.picture);
-    });
-    CloseForm(tour, *form);
-  }
+  tour.Step("a selection gets another price, the milk its own", [&] {
+    TypeHeld(tour, *form, {"Text1(16)", "25", {kHotDrinks, 17, 495}, 24, "Label1(16)", "25"}, "HScroll1(16)");
+    TypeHeld(tour, *form, {"Text2(1)", "0,35", {kMainBoard, 43, 245}, 35, "Label1(31)", "0.35"},
+             "HScroll1(31)");
+    tour.Picture("prices_of_selections");
+  });
+  CloseForm(tour, *form);
+}
+
+void VisitPricesOfPositions(Tour& tour) {
+  VisitPositions(tour, "FrmAssSet", {"Text1(47)", "30", {kZeth, 48, 263}, 29, "Label1(47)", "30"},
+                 "HScroll1(47)", "prices_of_positions");
+}
+
+void VisitPricesOfSecondPositions(Tour& tour) {
+  VisitPositions(tour, "FrmAssSet2", {"Text1(8)", "7", {kZeth2, 9, 224}, 6, "Label1(8)", "7"}, "HScroll1(8)",
+                 "prices_of_positions_2");
 }
 
 void VisitOptions(Tour& tour) {
-  QWidget* form = OpenAndUnlock(tour, "smnuOpzioni", "FrmOpzioni", "SlswitchX5");
+  QWidget* form = OpenAndUnlock(tour, "FrmOpzioni", "SlswitchX5");
   if (form == nullptr) {
     return;
   }
@@ -179,7 +172,7 @@ void VisitOptions(Tour& tour) {
 }
 
 void VisitConfiguration(Tour& tour) {
-  QWidget* form = OpenAndUnlock(tour, "mnuConf", "FrmConf", "Text6(47)");
+  QWidget* form = OpenAndUnlock(tour, "FrmConf", "Text6(47)");
   if (form == nullptr) {
     return;
   }

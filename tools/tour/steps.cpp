@@ -7,7 +7,9 @@
 #include <QLineEdit>
 #include <QTabWidget>
 #include <algorithm>
+#include <set>
 
+#include "shell/caption_table.h"
 #include "store/parameter_table.h"
 #include "tour/visit.h"
 
@@ -20,6 +22,7 @@ constexpr int kGrinderBlades = 49;
 constexpr int kCoffeeWater = 148;  // record of the first selection
 constexpr int kMilkTime = 280;
 constexpr int kMilkySelection = 3;  // index of a selection with milk in it
+constexpr int kDoses = 5;           // line of the language file
 constexpr int kSelections = 22;
 constexpr int kPositions = 48;
 
@@ -60,10 +63,8 @@ void Dispense(Tour& tour, QWidget& form, const QString& button) {
   tour.Await([&] { return press.isEnabled(); }, "the form does not open again", kDrinkMs);
 }
 
-// Opens a form and waits until `box` takes entries. Returns nullptr when the form does not come.
-// One of the windows of counters.
-struct Counters {
-  const char* entry;
+// One of the windows of vends.
+struct Vends {
   const char* form;
   const char* picture;
   int first_selection;  // record
@@ -71,17 +72,17 @@ struct Counters {
 };
 
 // The machine has counted something everywhere; the window shows the last counter of each board.
-QWidget* OpenCounters(Tour& tour, const Counters& counters) {
+QWidget* OpenVends(Tour& tour, const Vends& vends) {
   QWidget* form = nullptr;
-  tour.Step(QString(counters.form) + " opens and shows what the machine has counted", [&] {
+  tour.Step(QString(vends.form) + " opens and shows what the machine has counted", [&] {
     for (int n = 0; n < kSelections; ++n) {
-      tour.machine().Set(kHotDrinks, counters.first_selection + n, n * n * 37 % 1900);
+      tour.machine().Set(kHotDrinks, vends.first_selection + n, n * n * 37 % 1900);
     }
     for (int n = 0; n < kPositions; ++n) {
-      tour.machine().Set(kZeth, counters.first_position + n, n * 29 % 150);
-      tour.machine().Set(kZeth2, counters.first_position + n, n * 53 % 70);
+      tour.machine().Set(kZeth, vends.first_position + n, n * 29 % 150);
+      tour.machine().Set(kZeth2, vends.first_position + n, n * 53 % 70);
     }
-    form = &tour.Open(counters.entry, counters.form);
+    form = &tour.Open(vends.form);
     tour.Await(
         [&] {
           return tour.Control<QLabel>(*form, "Label3(21)").text() == "1117" &&
@@ -89,9 +90,35 @@ QWidget* OpenCounters(Tour& tour, const Counters& counters) {
                  tour.Control<QLabel>(*form, "Label4(95)").text() == "41";
         },
         "the counters do not show", kUnlockMs);
-    tour.Picture(counters.picture);
+    tour.Picture(vends.picture);
   });
   return form;
+}
+
+void VisitVends(Tour& tour, const Vends& vends) {
+  if (QWidget* form = OpenVends(tour, vends); form != nullptr) {
+    CloseForm(tour, *form);
+  }
+}
+
+// Changes to each other language and back to the first: the title of the form is that of each language.
+void SpeakAllLanguages(Tour& tour, const QWidget& form) {
+  const std::vector<QAction*> languages = Languages(tour);
+  const auto first = std::ranges::find_if(languages, [](QAction* entry) { return entry->isChecked(); });
+  tour.Expect(first != languages.end(), "no language is ticked");
+  const QString first_title = form.windowTitle();
+  std::set<QString> titles = {first_title};
+  for (QAction* language : languages) {
+    if (language != *first) {
+      language->trigger();
+      tour.Expect(form.windowTitle() == Caption(kDoses), "the form keeps its words");
+      titles.insert(form.windowTitle());
+      tour.Picture("doses_" + language->iconText().toLower());
+    }
+  }
+  tour.Expect(titles.size() > 1, "all languages have the same words");
+  (*first)->trigger();
+  tour.Expect(form.windowTitle() == first_title, "the first language does not come back");
 }
 
 }  // namespace
@@ -107,7 +134,7 @@ void VisitMainWindow(Tour& tour) {
 }
 
 void VisitDoses(Tour& tour) {
-  QWidget* form = OpenAndUnlock(tour, "smnuDosi", "FrmDosi", "txtVal(0)");
+  QWidget* form = OpenAndUnlock(tour, "FrmDosi", "txtVal(0)");
   if (form == nullptr) {
     return;
   }
@@ -121,24 +148,12 @@ void VisitDoses(Tour& tour) {
                "the milk time does not show", kUnlockMs);
     Dispense(tour, *form, "cmdProva(0)");
   });
-  tour.Step("the windows change their language, and back", [&] {
-    const auto languages = Languages(tour);
-    tour.Expect(languages.size() > 1, "there is only one language");
-    const auto ticked = std::ranges::find_if(languages, [](QAction* entry) { return entry->isChecked(); });
-    tour.Expect(ticked != languages.end(), "no language is ticked");
-    QAction* other = languages[ticked == languages.begin() ? 1 : 0];
-    const QString title = form->windowTitle();
-    other->trigger();
-    tour.Expect(form->windowTitle() != title, "the form keeps its words");
-    tour.Picture("doses_" + other->iconText().toLower());
-    (*ticked)->trigger();
-    tour.Expect(form->windowTitle() == title, "the first language does not come back");
-  });
+  tour.Step("the windows change their language, and back", [&] { SpeakAllLanguages(tour, *form); });
   CloseForm(tour, *form);
 }
 
 void VisitTimes(Tour& tour) {
-  QWidget* form = OpenAndUnlock(tour, "smnuTempi", "FrmTempi", "txtTempi(0)");
+  QWidget* form = OpenAndUnlock(tour, "FrmTempi", "txtTempi(0)");
   if (form == nullptr) {
     return;
   }
@@ -155,7 +170,7 @@ void VisitTimes(Tour& tour) {
 }
 
 void VisitTemperatures(Tour& tour) {
-  QWidget* form = OpenAndUnlock(tour, "smnuSet", "FrmTemperatura", "Text1");
+  QWidget* form = OpenAndUnlock(tour, "FrmTemperatura", "Text1");
   if (form == nullptr) {
     return;
   }
@@ -169,7 +184,7 @@ void VisitTemperatures(Tour& tour) {
 }
 
 void VisitPreventiveActions(Tour& tour) {
-  QWidget* form = OpenAndUnlock(tour, "smnuAzione", "FrmAzione", "Text1(0)");
+  QWidget* form = OpenAndUnlock(tour, "FrmAzione", "Text1(0)");
   if (form == nullptr) {
     return;
   }
@@ -188,7 +203,7 @@ void VisitPreventiveActions(Tour& tour) {
 void VisitMachineCodes(Tour& tour) {
   QWidget* form = nullptr;
   tour.Step("FrmPassword opens and shows the codes of the machine", [&] {
-    form = &tour.Open("smnuPassword", "FrmPassword");
+    form = &tour.Open("FrmPassword");
     const QString code = QString::number(tour.machine().Get(kMainBoard, kSalesCode));
     tour.Await([&] { return tour.Control<QLineEdit>(*form, "Text1(1)").text() == code; },
                "the code does not show");
@@ -206,27 +221,26 @@ void VisitMachineCodes(Tour& tour) {
   CloseForm(tour, *form);
 }
 
-void VisitSelectionCounters(Tour& tour) {
-  QWidget* paid = OpenCounters(tour, {"ssmnuBattute", "FrmBattute", "paid_vends", 60, 71});
-  if (paid != nullptr) {
-    tour.Step("a sale shows with the next refresh", [&] {
-      tour.Expect(tour.machine().Command("vend 2:68 paid").has_value(), "the machine does not sell");
-      tour.Await([&] { return tour.Control<QLabel>(*paid, "Label4(47)").text() == "14"; },
-                 "the counter does not rise", kRefreshMs);
-    });
-    CloseForm(tour, *paid);
+void VisitPaidVends(Tour& tour) {
+  QWidget* form = OpenVends(tour, {"FrmBattute", "paid_vends", 60, 71});
+  if (form == nullptr) {
+    return;
   }
-  for (const Counters& counters : {Counters{"ssmnuGratis", "FrmGratis", "free_vends", 82, 119},
-                                   Counters{"ssmnuProva", "FrmProva", "test_vends", 126, 167}}) {
-    if (QWidget* form = OpenCounters(tour, counters); form != nullptr) {
-      CloseForm(tour, *form);
-    }
-  }
+  tour.Step("a sale shows with the next refresh", [&] {
+    tour.Expect(tour.machine().Command("vend 2:68 paid").has_value(), "the machine does not sell");
+    tour.Await([&] { return tour.Control<QLabel>(*form, "Label4(47)").text() == "14"; },
+               "the counter does not rise", kRefreshMs);
+  });
+  CloseForm(tour, *form);
 }
+
+void VisitFreeVends(Tour& tour) { VisitVends(tour, {"FrmGratis", "free_vends", 82, 119}); }
+
+void VisitTestVends(Tour& tour) { VisitVends(tour, {"FrmProva", "test_vends", 126, 167}); }
 
 void VisitInformation(Tour& tour) {
   tour.Step("FrmInfo tells the title and the revision", [&] {
-    QWidget& form = tour.Open("mnuVer", "FrmInfo");
+    QWidget& form = tour.Open("FrmInfo");
     tour.Expect(tour.Control<QLabel>(form, "Label1(0)").text() == "Dosmara", "the title is another");
     tour.Expect(tour.Control<QLabel>(form, "Label1(1)").text().startsWith("Rev. "), "there is no revision");
     tour.Picture("information");

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// What the tour visits, one function for each window.
+// What the tour does in each window, one function for each. VisitForms knows which form each is for.
 #pragma once
 
 #include "tour/tour.h"
@@ -34,7 +34,9 @@ void VisitDiscounts(Tour& tour);
 void VisitPayment(Tour& tour);
 
 // The prices of selections and of the positions of both units: one of each changed and held by its board.
-void VisitAssignment(Tour& tour);
+void VisitPricesOfSelections(Tour& tour);
+void VisitPricesOfPositions(Tour& tour);
+void VisitPricesOfSecondPositions(Tour& tour);
 
 // Options: one of each kind changed and held by its board.
 void VisitOptions(Tour& tour);
@@ -43,7 +45,9 @@ void VisitOptions(Tour& tour);
 void VisitConfiguration(Tour& tour);
 
 // Paid, free and test vends: shown as the machine has counted them; a sale shows with the next refresh.
-void VisitSelectionCounters(Tour& tour);
+void VisitPaidVends(Tour& tour);
+void VisitFreeVends(Tour& tour);
+void VisitTestVends(Tour& tour);
 
 // Totals, coins, jugs and the flows of money of MDB: shown as the machine has counted them.
 void VisitTotals(Tour& tour);
@@ -57,10 +61,10 @@ void VisitAlarms(Tour& tour);
 // The reset of the counters: the machine has cleared them, but those for life.
 void VisitClearing(Tour& tour);
 
-// The graph of the temperatures, which is left open behind the windows that are visited in between; null when
-// it does not open. EndGraph looks at what it has drawn meanwhile.
-QWidget* StartGraph(Tour& tour);
-void EndGraph(Tour& tour, QWidget* graph);
+// The graph of the temperatures is left open behind the windows that are visited in between. ReturnToGraph
+// looks at what it has drawn meanwhile, and closes it.
+void PutGraphAside(Tour& tour);
+void ReturnToGraph(Tour& tour);
 
 // Outputs and inputs: the boards take the test, outputs of three boards are driven and read back, the test
 // ends.
@@ -70,7 +74,8 @@ void VisitOutputs(Tour& tour);
 void VisitSchema(Tour& tour);
 
 // The test of both units: a position hands out, the motors go to zero.
-void VisitUnits(Tour& tour);
+void VisitFirstUnit(Tour& tour);
+void VisitSecondUnit(Tour& tour);
 
 // The clock: a time point changed and held, the machine's clock set.
 void VisitClock(Tour& tour);

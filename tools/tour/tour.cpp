@@ -6,10 +6,14 @@
 #include <QElapsedTimer>
 #include <QLineEdit>
 #include <QTest>
+#include <algorithm>
 #include <cstdio>
 #include <stdexcept>
 
+#include "shell/loaded_forms.h"
+#include "shell/menu_table.h"
 #include "shell/msg_box.h"
+#include "store/parameter_table.h"
 
 namespace dosmara {
 
@@ -21,6 +25,18 @@ struct StepFailed : std::runtime_error {
 };
 
 }  // namespace
+
+Subscribers CountSubscribers() {
+  Subscribers counts;
+  for (int node = 0; node < kNodeCount; ++node) {
+    for (int record = 1; record <= NodeRecordCount[node]; ++record) {
+      if (const int subscribers = ParamTable[node][record].Subscribers; subscribers > 0) {
+        counts[{node, record}] = subscribers;
+      }
+    }
+  }
+  return counts;
+}
 
 Tour::Tour(MDIForm1& window, MachineProcess& machine, const QString& pictures)
     : window_(window), machine_(machine), pictures_(pictures) {}
@@ -62,10 +78,17 @@ void Tour::Await(const std::function<bool()>& condition, const QString& reason, 
   Expect(WaitUntil(condition, deadline_ms), reason);
 }
 
-QWidget& Tour::Open(const QString& entry, const QString& form) {
-  auto* action = window_.findChild<QAction*>(entry);
-  Expect(action != nullptr && action->isEnabled(), "the menu entry " + entry + " is not to be clicked");
-  action->trigger();
+QWidget& Tour::Open(const QString& form) {
+  const std::span<const MenuRow> rows = MenuTable();
+  const auto row = std::ranges::find_if(rows, [&form](const MenuRow& each) { return each.form == form; });
+  Expect(row != rows.end(), "no menu entry opens " + form);
+  auto* entry = window_.findChild<QAction*>(row->name);
+  Expect(entry != nullptr && entry->isEnabled(),
+         QStringLiteral("the menu entry %1 is closed").arg(row->name));
+  if (FindForm(form) == nullptr) {
+    before_[form] = CountSubscribers();
+  }
+  entry->trigger();
   auto* opened = window_.findChild<QWidget*>(form);
   Expect(opened != nullptr && opened->isVisible(), form + " did not open");
   return *opened;

@@ -4,12 +4,18 @@
 
 #include <QString>
 #include <functional>
+#include <map>
+#include <utility>
 
 #include "shell/main_window.h"
 #include "tour/machine_process.h"
 #include "tour/wait.h"
 
 namespace dosmara {
+
+// How many subscribers the records have that have any, by node and record.
+using Subscribers = std::map<std::pair<int, int>, int>;
+Subscribers CountSubscribers();
 
 // Drives the tool's own windows as a technician would and prints what came of each step.
 class Tour {
@@ -40,9 +46,11 @@ class Tour {
     return *control;
   }
 
-  // Clicks a menu entry by name and returns the form of that name when it is there.
-  QWidget& Open(const QString& entry, const QString& form);
+  // Clicks the menu entry of a form and returns the form when it is there.
+  QWidget& Open(const QString& form);
   void Close(QWidget& form);
+  // The subscribers of all records as they were before `form` opened.
+  const Subscribers& Before(const QWidget& form) { return before_[form.objectName()]; }
   // Types over what a box holds, and confirms with Enter.
   void Type(QWidget& form, const QString& box, const QString& text);
   // Saves the main window as <name>.png in the folder for the pictures.
@@ -52,6 +60,7 @@ class Tour {
   MDIForm1& window_;
   MachineProcess& machine_;
   QString pictures_;
+  std::map<QString, Subscribers> before_;  // by form
   int failures_ = 0;
 };
 

@@ -8,19 +8,36 @@
 #include <algorithm>
 
 #include "controls/echo_mark.h"
+#include "controls/progress_line.h"
 #include "controls/selector.h"
 #include "controls/two_position_switch.h"
-#include "store/parameter_table.h"
 #include "tour/left_subscribed.h"
 
 namespace dosmara {
 
 namespace {
 
-bool MayStaySubscribed(int node, int record) {
-  return std::ranges::any_of(kLeftSubscribed, [&](const LeftSubscribed& left) {
-    return left.node == node && left.record == record;
-  });
+// Leaves the records out that some form leaves subscribed: how many have done so depends on the way of the
+// tour.
+Subscribers WithoutLeftOnes(Subscribers counts) {
+  for (const LeftSubscribed& left : kLeftSubscribed) {
+    counts.erase({left.node, left.record});
+  }
+  return counts;
+}
+
+int Count(const Subscribers& counts, int node, int record) {
+  const auto count = counts.find({node, record});
+  return count == counts.end() ? 0 : count->second;
+}
+
+// Expects no record to have more subscribers in `counts` than in `most`.
+void ExpectNoMore(Tour& tour, const Subscribers& counts, const Subscribers& most, const QString& otherwise) {
+  for (const auto& [place, count] : WithoutLeftOnes(counts)) {
+    const auto [node, record] = place;
+    tour.Expect(count <= Count(most, node, record),
+                QStringLiteral("record %1 of node %2 %3").arg(record).arg(node).arg(otherwise));
+  }
 }
 
 void ExpectOpen(Tour& tour, const QWidget& control) {
@@ -29,10 +46,10 @@ void ExpectOpen(Tour& tour, const QWidget& control) {
 
 }  // namespace
 
-QWidget* OpenAndUnlock(Tour& tour, const QString& entry, const QString& name, const QString& control) {
+QWidget* OpenAndUnlock(Tour& tour, const QString& name, const QString& control) {
   QWidget* form = nullptr;
   tour.Step(name + " opens and unlocks", [&] {
-    form = &tour.Open(entry, name);
+    form = &tour.Open(name);
     const auto& first = tour.Control<QWidget>(*form, control);
     tour.Await([&] { return first.isVisible() && first.isEnabled(); }, "it stays locked", kUnlockMs);
   });
@@ -104,18 +121,22 @@ void ChoosePosition(Tour& tour, QWidget& form, const Choice& choice) {
               "the selector does not follow");
 }
 
+void AwaitRead(Tour& tour, const QWidget& form) {
+  const auto* line = form.findChild<ProgressLine*>();
+  tour.Await([&] { return line == nullptr || line->Share() == 1; }, "it is not read to its end", kReadMs);
+}
+
 void CloseForm(Tour& tour, QWidget& form) {
   const QString name = form.objectName();
   tour.Step(name + " closes and leaves no record subscribed", [&] {
+    const Subscribers before = tour.Before(form);
     tour.Close(form);
-    for (int node = 0; node < kNodeCount; ++node) {
-      for (int record = 1; record <= NodeRecordCount[node]; ++record) {
-        tour.Expect(ParamTable[node][record].Subscribers == 0 || MayStaySubscribed(node, record),
-                    QStringLiteral("record %1 of node %2 stays subscribed").arg(record).arg(node));
-      }
-    }
+    const Subscribers after = CountSubscribers();
+    ExpectNoMore(tour, after, before, "stays subscribed");
+    ExpectNoMore(tour, before, after, "is not read any more");
     for (const LeftSubscribed& left : kLeftSubscribed) {
-      tour.Expect(name != left.form || ParamTable[left.node][left.record].Subscribers == 1,
+      tour.Expect(name != left.form ||
+                      Count(after, left.node, left.record) == Count(before, left.node, left.record) + 1,
                   QStringLiteral("record %1 does not stay subscribed").arg(left.record));
     }
   });

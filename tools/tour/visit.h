@@ -9,6 +9,8 @@ namespace dosmara {
 
 // How long a window may take to open for changes.
 inline constexpr int kUnlockMs = 20000;
+// How long a window may take to read all its values.
+inline constexpr int kReadMs = 20000;
 
 // A record of the machine with its mirror; a mirror of 0 is none.
 struct Place {
@@ -43,7 +45,7 @@ struct Choice {
 };
 
 // Opens a form and waits until `control` takes changes. Returns nullptr when the form does not come.
-QWidget* OpenAndUnlock(Tour& tour, const QString& entry, const QString& name, const QString& control);
+QWidget* OpenAndUnlock(Tour& tour, const QString& name, const QString& control);
 
 // Each of these changes a value by hand and waits until the machine and its mirror hold it, the form shows it
 // and all its marks tell that what has been changed is taken.
@@ -60,7 +62,11 @@ void AwaitHeld(Tour& tour, const Place& place, int value);
 // Waits until the machine has sent back all that was changed on the form.
 void AwaitTaken(Tour& tour, QWidget& form);
 
-// Closes a form; no record stays subscribed but those of kLeftSubscribed.
+// Waits until a form has read all its values, as the line at its top tells; a form without records has none.
+void AwaitRead(Tour& tour, const QWidget& form);
+
+// Closes a form. It leaves the records subscribed as it found them, but for those of kLeftSubscribed: windows
+// that are open beside it go on reading theirs.
 void CloseForm(Tour& tour, QWidget& form);
 
 }  // namespace dosmara

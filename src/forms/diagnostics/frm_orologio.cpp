@@ -191,7 +191,7 @@ void FrmOrologio::TakeAnswer(int n, double value) {
 }
 
 void FrmOrologio::ShowDataCorrente() {
-  if (DateKnown()) {
+  if (IsDateKnown()) {
     label6_->setText(DateText(*Giorno, *Mese, *Anno));
   }
 }
@@ -202,7 +202,7 @@ void FrmOrologio::AfterArrival() {
     return;
   }
   ShowDataCorrente();
-  if (PrimaData && DateKnown()) {
+  if (PrimaData && IsDateKnown()) {
     date_.Fill(kDay, *Giorno);
     date_.Fill(kMonth, *Mese);
     date_.Fill(kYear, *Anno - kFirstYear);

@@ -35,7 +35,7 @@ class FrmOrologio : public DataForm {
   void TakeTime(int n, double value);
   void TakeDate(int n, double value);
   void TakeAnswer(int n, double value);
-  bool DateKnown() const { return Giorno && Mese && Anno; }
+  bool IsDateKnown() const { return Giorno && Mese && Anno; }
   void ShowDataCorrente();
 
   bool PrimoOrario = true;  // the rows that set the time have not been filled yet
