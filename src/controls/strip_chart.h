@@ -44,7 +44,7 @@ struct StripChartCaptions {
 // wheel; from then on samples leave the view alone, until it is told to follow again.
 class StripChart : public QWidget {
   Q_OBJECT
-  Q_PROPERTY(bool following READ Following WRITE SetFollowing)
+  Q_PROPERTY(bool following READ IsFollowing WRITE SetFollowing)
 
  public:
   // What `setup` points at outlives the chart.
