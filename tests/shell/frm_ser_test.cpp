@@ -369,7 +369,7 @@ TEST_F(FrmSerShell, PumpingWaitsForAnEventWithoutProcessorTime) {
   bool fired = false;
   QObject::connect(&event, &QTimer::timeout, [&] { fired = true; });
   event.start(300);
-  const milliseconds before = ProcessorTime();
+  const auto before = ProcessorTime();
   while (!fired) {
     ser_.PumpEvents();
   }
