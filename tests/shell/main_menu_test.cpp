@@ -7,6 +7,7 @@
 #include <QMenu>
 #include <algorithm>
 #include <set>
+#include <stdexcept>
 
 #include "shell/caption_table.h"
 #include "shell/language.h"
@@ -86,7 +87,13 @@ class MainMenuTest : public testing::Test {
  protected:
   void SetUp() override { std::fill(std::begin(CaptionTable), std::end(CaptionTable), QString()); }
 
-  QAction* Action(const char* name) { return bar_.findChild<QAction*>(name); }
+  QAction* Action(const char* name) {
+    auto* action = bar_.findChild<QAction*>(name);
+    if (action == nullptr) {
+      throw std::runtime_error("no entry " + std::string(name));
+    }
+    return action;
+  }
 
   // The entries below `widget` in the order of the screen.
   void Collect(const QWidget& widget, int level, std::vector<std::pair<QAction*, int>>& entries) {
