@@ -26,8 +26,10 @@ QStringList Digits() {
 QRect UnitKeyRect(QSize size, int index) {
   const double pitch_x = size.width() / (kSide + 2 * kRim);
   const double pitch_y = size.height() / (kSide + 2 * kRim);
-  const double x = (kRim + index % kSide + kInset) * pitch_x;
-  const double y = (kRim + index / kSide + kInset) * pitch_y;
+  const int column = index % kSide;
+  const int row = index / kSide;
+  const double x = (kRim + column + kInset) * pitch_x;
+  const double y = (kRim + row + kInset) * pitch_y;
   return QRectF(x, y, pitch_x * (1 - 2 * kInset), pitch_y * (1 - 2 * kInset)).toRect();
 }
 

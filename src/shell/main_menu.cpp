@@ -23,7 +23,7 @@ void ShowTick(QAction& entry, bool ticked) {
 }  // namespace
 
 MainMenu::MainMenu(MenuBar& bar, std::function<void(const MenuRow&)> click,
-                   std::function<void(QMenu&)> fill_windows)
+                   const std::function<void(QMenu&)>& fill_windows)
     : bar_(bar), click_(std::move(click)) {
   const std::span<const MenuRow> rows = MenuTable();
   std::array<QWidget*, kDeepestLevel + 1> parents = {&bar};  // of the entries one level deeper

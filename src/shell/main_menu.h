@@ -16,7 +16,8 @@ class MainMenu {
  public:
   // Fills `bar`, which has to outlive it. `click` hears of every click on an entry that does something;
   // `fill_windows` fills the list of open windows each time before it shows.
-  MainMenu(MenuBar& bar, std::function<void(const MenuRow&)> click, std::function<void(QMenu&)> fill_windows);
+  MainMenu(MenuBar& bar, std::function<void(const MenuRow&)> click,
+           const std::function<void(QMenu&)>& fill_windows);
 
   // Sets the captions from the language. An empty line leaves an entry its own caption, so that a poor
   // language file cannot hide the way to another.

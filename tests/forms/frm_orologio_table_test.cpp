@@ -1,5 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // The clock window: its time points, its captions, what it reads and how it lies on the screen.
+#include <QApplication>
+
 #include "controls/seven_segment.h"
 #include "forms/row_cases.h"
 #include "shell/caption_table.h"

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // The graph of the temperatures.
+#include <QCoreApplication>
 #include <QTimer>
 #include <QTimerEvent>
 

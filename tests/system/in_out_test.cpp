@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // The input and output test against boards that switch what they are told.
 #include <QAbstractButton>
+#include <QCoreApplication>
+#include <QEvent>
 #include <QGroupBox>
 
 #include "controls/led_switch.h"

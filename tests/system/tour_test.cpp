@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // The tour of the windows: what it visits, what it lets pass, and its command line.
+#include <QCoreApplication>
 #include <QProcess>
 
 #include "forms/form_list.h"

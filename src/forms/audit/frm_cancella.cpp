@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "forms/audit/frm_cancella.h"
 
+#include <QApplication>
+#include <QEvent>
 #include <QMenuBar>
 #include <QPointer>
 #include <QVBoxLayout>
