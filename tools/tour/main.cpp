@@ -56,6 +56,7 @@ int main(int argc, char** argv) {
   }
   const QString folder = QDir(arguments[1]).absolutePath();
   const QString pictures = QDir(arguments[3]).absolutePath();
+  QDir().mkpath(pictures);
   MachineProcess machine(QFileInfo(arguments[2]).absoluteFilePath(),
                          {"--boards", folder, "--link", folder + "/com1"});
   if (!machine.Ready()) {
