@@ -210,7 +210,8 @@ TEST_F(FrmGraficoTest, TenMinutesWithOneBoardAbsent) {
   ArriveAll();
   Arrive(0, 313, 0);
   for (int n = 0; n < 150; ++n) {
-    Arrive(1, 542, 20 + n / 2);
+    const int degrees = 20 + n / 2;
+    Arrive(1, 542, degrees);
     Arrive(3, 287, 3000 - 10 * n);
     Pass();
   }
