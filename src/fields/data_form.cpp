@@ -112,10 +112,7 @@ void DataForm::Follow(Gate& gate, std::function<void()> follow) {
     if (!Loading || gate.stored) {
       gate.presence = seen;
     }
-    if (Loading &&
-        (gate.counted == Gate::Counted::kEach || (differs && gate.counted == Gate::Counted::kChange))) {
-      ++LoadCount;
-    }
+    LoadCount += Loading && gate.Counts(differs) ? 1 : 0;
     if (differs && (!Loading || gate.followed)) {
       follow();
     }
@@ -137,10 +134,8 @@ void DataForm::ShowProgress() {
 
 template <class Group, class... Args>
 Group& DataForm::NewGroup(Args&&... args) {
-  auto group = std::make_unique<Group>(std::forward<Args>(args)...);
-  Group& made = *group;
-  groups_.push_back(std::move(group));
-  return made;
+  groups_.push_back(std::make_unique<Group>(std::forward<Args>(args)...));
+  return static_cast<Group&>(*groups_.back());
 }
 
 FieldRows& DataForm::NewRows(const RowStyle& style, std::span<const FieldRow> fields, Money* money) {

@@ -14,31 +14,13 @@
 #include "fields/choice_rows.h"
 #include "fields/field_rows.h"
 #include "fields/first_focus.h"
+#include "fields/form_setup.h"
 #include "fields/gate.h"
 #include "fields/money.h"
 #include "fields/number_boxes.h"
 #include "fields/record_watch.h"
 
 namespace dosmara {
-
-// In place of the number of an arrival. The form is open from the start; or it opens as soon as all records
-// that count are fresh, whichever form's arrival shows it: another form may have read them before.
-inline constexpr int kNeverLocked = 0;
-inline constexpr int kAllFresh = -1;
-
-// What tells one form from another before its controls.
-struct FormSetup {
-  const char* name = nullptr;     // class and objectName
-  int title = 0;                  // line of the language file; 0: the form sets it itself
-  int opens_with = kNeverLocked;  // the number of the counted arrival that opens the form
-  // AfterArrival runs behind arrivals of other forms' records too, once after each request of any form: until
-  // the next request they cannot change what is fresh. So it does with kAllFresh.
-  bool hears_all = false;
-  // What the close treats unlike the open: released without ever having been subscribed, which does nothing
-  // unless another form has; and left subscribed. The tables of the forms say why.
-  std::span<const Records> also_released = {};
-  std::span<const Records> kept = {};
-};
 
 // A form that shows records. Its constructor makes the controls and says which records it watches; the base
 // subscribes and releases them, and counts arrivals until the form opens.

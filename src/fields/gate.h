@@ -20,6 +20,10 @@ struct Gate {
   bool followed = false;  // a change runs the form's rule at once
 
   bool IsOpen() const { return (presence & kInUse) != 0; }
+  // Whether an arrival counts that differs from the stored value, or does not.
+  bool Counts(bool differs) const {
+    return counted == Counted::kEach || (differs && counted == Counted::kChange);
+  }
 };
 
 }  // namespace dosmara
